@@ -1,0 +1,135 @@
+#pragma once
+
+#include "platform/runtime/ClassRegistry.h"
+#include "platform/runtime/Outlet.h"
+
+#include <concepts>
+#include <memory>
+#include <type_traits>
+
+/// Fills one class's table of names:
+///     ClassBuilder<CategoriesVC>("CategoriesVC", "UIViewController")
+///         .madeByCoder()
+///         .outlet("tableView", &CategoriesVC::tableView)
+///         .action("btnBackWithSender:", &CategoriesVC::btnBackWithSender);
+/// Using it again for a class that exists adds to that class's table.
+template <class T>
+class ClassBuilder {
+public:
+    ClassBuilder(const char* name, const char* superclass)
+        : m_class(ClassRegistry::shared().add(name, superclass, typeid(T))) {}
+
+    /// Interface files can make it, through its constructor from an NSCoder.
+    ClassBuilder& madeByCoder() {
+        m_class.factory = [](const NSCoder& coder) -> std::shared_ptr<NSObject> { return std::make_shared<T>(coder); };
+        return *this;
+    }
+
+    template <class Owner, class Object>
+    ClassBuilder& outlet(const char* name, Outlet<Object> Owner::*member) {
+        m_class.outlets[name] = connector<Object>([member](T& self, auto object) { self.*member = object; });
+        return *this;
+    }
+    /// An outlet whose assignment is observed, or one of a protocol's type such as `delegate`.
+    template <class Owner, class Object>
+    ClassBuilder& outlet(const char* name, void (Owner::*setter)(const std::shared_ptr<Object>&)) {
+        m_class.outlets[name] = connector<Object>([setter](T& self, auto object) { (self.*setter)(object); });
+        return *this;
+    }
+    template <class Owner, class Object>
+    ClassBuilder& outlet(const char* name, void (Owner::*setter)(std::weak_ptr<Object>)) {
+        m_class.outlets[name] = connector<Object>([setter](T& self, auto object) { (self.*setter)(object); });
+        return *this;
+    }
+
+    /// `setter` is a member or a free function taking T& first; its value argument decides the type that files must give.
+    template <class Owner, class Argument>
+    ClassBuilder& property(const char* key, void (Owner::*setter)(Argument)) {
+        return propertyOf<Argument>(key, [setter](T& self, const auto& value) { (self.*setter)(value); });
+    }
+    template <class Owner, class Argument>
+    ClassBuilder& property(const char* key, void (*setter)(Owner&, Argument)) {
+        return propertyOf<Argument>(key, [setter](T& self, const auto& value) { setter(self, value); });
+    }
+    /// A part reached in a dotted key, such as `layer` in "layer.cornerRadius".
+    template <class Owner, class Part>
+    ClassBuilder& object(const char* key, std::shared_ptr<Part> (Owner::*getter)() const) {
+        m_class.objects[key] = [getter](NSObject& self) -> std::shared_ptr<NSObject> {
+            return (dynamic_cast<T&>(self).*getter)();
+        };
+        return *this;
+    }
+
+    template <class Owner>
+    ClassBuilder& action(const char* selector, void (Owner::*method)(NSObject*)) {
+        m_class.actions[selector] = [method](NSObject& self, NSObject* sender) {
+            (dynamic_cast<T&>(self).*method)(sender);
+        };
+        return *this;
+    }
+    template <class Owner>
+    ClassBuilder& action(const char* selector, void (Owner::*method)()) {
+        m_class.actions[selector] = [method](NSObject& self, NSObject*) { (dynamic_cast<T&>(self).*method)(); };
+        return *this;
+    }
+    ClassBuilder& action(const char* selector, void (*function)(T&, NSObject*)) {
+        m_class.actions[selector] = [function](NSObject& self, NSObject* sender) {
+            function(dynamic_cast<T&>(self), sender);
+        };
+        return *this;
+    }
+
+private:
+    template <class Object, class Connect>
+    static ObjectClass::OutletSetter connector(Connect connect) {
+        return [connect](NSObject& self, const std::shared_ptr<NSObject>& object) {
+            const auto typed = std::dynamic_pointer_cast<Object>(object);
+            if (object && !typed) {
+                return Acceptance::wrongType;
+            }
+            connect(dynamic_cast<T&>(self), typed);
+            return Acceptance::accepted;
+        };
+    }
+
+    template <class Argument, class Set>
+    ClassBuilder& propertyOf(const char* key, Set set) {
+        using Plain = std::remove_cvref_t<Argument>;
+        m_class.properties[key] = [set](NSObject& self, const Value& value) {
+            return acceptAs<Plain>(value, [&](const auto& typed) { set(dynamic_cast<T&>(self), typed); });
+        };
+        return *this;
+    }
+
+    template <class Plain, class Use>
+    static Acceptance acceptAs(const Value& value, Use use) {
+        if constexpr (std::is_same_v<Plain, bool> || std::is_same_v<Plain, std::string> ||
+                      std::is_same_v<Plain, CGPoint> || std::is_same_v<Plain, CGSize> ||
+                      std::is_same_v<Plain, CGRect>) {
+            const Plain* typed = std::get_if<Plain>(&value);
+            return typed != nullptr ? (use(*typed), Acceptance::accepted) : Acceptance::wrongType;
+        } else if constexpr (std::is_arithmetic_v<Plain>) {
+            const double* number = std::get_if<double>(&value);
+            return number != nullptr ? (use(static_cast<Plain>(*number)), Acceptance::accepted)
+                                     : Acceptance::wrongType;
+        } else {
+            return acceptObject<typename Plain::element_type>(value, use);
+        }
+    }
+
+    template <class Object, class Use>
+    static Acceptance acceptObject(const Value& value, Use use) {
+        const auto* object = std::get_if<std::shared_ptr<NSObject>>(&value);
+        if (object == nullptr) {
+            return Acceptance::wrongType;
+        }
+        const auto typed = std::dynamic_pointer_cast<Object>(*object);
+        if (*object && !typed) {
+            return Acceptance::wrongType;
+        }
+        use(typed);
+        return Acceptance::accepted;
+    }
+
+    ObjectClass& m_class;
+};

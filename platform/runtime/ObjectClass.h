@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/runtime/NSCoder.h"
+#include "platform/runtime/NSObject.h"
+#include "platform/runtime/Value.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <typeindex>
+#include <vector>
+
+/// Whether an object takes what an interface file gives it by name.
+enum class Acceptance { accepted, wrongType };
+
+/// What one class is called and what can be reached in it by name: its outlets, key-set properties and actions.
+/// Filled once at start by ClassBuilder; owned by the class registry.
+class ObjectClass {
+public:
+    using Factory = std::function<std::shared_ptr<NSObject>(const NSCoder&)>;
+    using OutletSetter = std::function<Acceptance(NSObject&, const std::shared_ptr<NSObject>&)>;
+    using PropertySetter = std::function<Acceptance(NSObject&, const Value&)>;
+    using ObjectGetter = std::function<std::shared_ptr<NSObject>(NSObject&)>;
+    /// The second argument is the sender; null for actions that take none.
+    using Action = std::function<void(NSObject&, NSObject*)>;
+
+    ObjectClass(std::string name, const ObjectClass* superclass, std::type_index type)
+        : name(std::move(name)), superclass(superclass), type(type) {}
+
+    /// Looks through this class and its superclasses; null when there is none of that name.
+    [[nodiscard]] const OutletSetter* outlet(std::string_view key) const;
+    [[nodiscard]] const PropertySetter* property(std::string_view key) const;
+    [[nodiscard]] const ObjectGetter* object(std::string_view key) const;
+    [[nodiscard]] const Action* action(std::string_view selector) const;
+    /// Names of everything of a kind, superclasses included, sorted: for messages about unknown names.
+    [[nodiscard]] std::vector<std::string> outletNames() const;
+    [[nodiscard]] std::vector<std::string> propertyNames() const;
+    [[nodiscard]] std::vector<std::string> actionNames() const;
+
+    std::string name;
+    const ObjectClass* superclass;
+    std::type_index type;
+    Factory factory; // empty for classes that interface files cannot make
+    std::map<std::string, OutletSetter, std::less<>> outlets;
+    std::map<std::string, PropertySetter, std::less<>> properties;
+    std::map<std::string, ObjectGetter, std::less<>> objects;
+    std::map<std::string, Action, std::less<>> actions;
+};

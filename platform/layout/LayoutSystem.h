@@ -1,0 +1,86 @@
+#pragma once
+
+#include "platform/foundation/Geometry.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Layout as a pure function: rectangles and linear constraints in, frames out. It knows no views; whoever owns them
+/// describes them as items, turns margins and safe areas into constants or further items, and calls `solveLayout`.
+/// Lengths are in points, y grows downwards, text runs left to right (leading is left).
+
+enum class LayoutAttribute {
+    left,
+    right,
+    top,
+    bottom,
+    leading,
+    trailing,
+    width,
+    height,
+    centerX,
+    centerY,
+    firstBaseline,
+    lastBaseline,
+    notAnAttribute
+};
+
+enum class LayoutRelation { lessThanOrEqual = -1, equal = 0, greaterThanOrEqual = 1 };
+
+/// A rectangle to be placed. Width and height are never negative.
+struct LayoutItem {
+    std::string name; ///< for reports
+    int parent = -1;  ///< index of the item whose origin `fixedFrame` is relative to; -1 is the system's origin
+    std::optional<CGRect> fixedFrame; ///< a required frame (the root, views placed by autoresizing)
+    std::optional<CGFloat> intrinsicWidth;
+    std::optional<CGFloat> intrinsicHeight;
+    double horizontalHugging = 250; ///< priority of "not wider than the intrinsic width"
+    double verticalHugging = 250;
+    double horizontalCompressionResistance = 750; ///< priority of "not narrower than the intrinsic width"
+    double verticalCompressionResistance = 750;
+    std::optional<CGFloat> firstBaseline; ///< distance from the item's top; absent means the bottom edge
+    std::optional<CGFloat> lastBaseline;
+};
+
+/// first.attribute RELATION multiplier * second.attribute + constant; without a second item just RELATION constant.
+/// Priority 1000 is required. Lower ones are kept as well as possible: a higher priority is never given up for any
+/// number of lower ones, within one priority the sum of the absolute violations is least.
+struct LayoutConstraint {
+    int first = -1;
+    LayoutAttribute firstAttribute = LayoutAttribute::notAnAttribute;
+    LayoutRelation relation = LayoutRelation::equal;
+    int second = -1;
+    LayoutAttribute secondAttribute = LayoutAttribute::notAnAttribute;
+    double multiplier = 1;
+    double constant = 0;
+    double priority = 1000;
+    std::string name; ///< for reports
+};
+
+/// Something that was left out so that the rest could be solved.
+struct LayoutConflict {
+    int constraint = -1;             ///< index of the constraint left out; -1 when it belongs to an item
+    std::string name;                ///< its name
+    std::string reason;              ///< "contradicts other required constraints", "not a finite number", ...
+    std::vector<std::string> others; ///< names of the constraints it contradicts
+};
+
+/// An item whose frame the constraints do not determine; true marks what can still move. It gets a frame all the same.
+struct LayoutAmbiguity {
+    int item = -1;
+    std::string name;
+    bool x = false;
+    bool y = false;
+    bool width = false;
+    bool height = false;
+};
+
+struct LayoutResult {
+    std::vector<CGRect> frames; ///< one for each item, in the system's coordinates
+    std::vector<LayoutConflict> conflicts;
+    std::vector<LayoutAmbiguity> ambiguities;
+};
+
+[[nodiscard]] LayoutResult solveLayout(const std::vector<LayoutItem>& items,
+                                       const std::vector<LayoutConstraint>& constraints);

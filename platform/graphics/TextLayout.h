@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/foundation/Geometry.h"
+#include "platform/foundation/NSParagraphStyle.h"
+#include "platform/graphics/NSLineBreakMode.h"
+#include "platform/graphics/UIFont.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+/// What is to be laid out, and in which room.
+struct TextRequest {
+    /// UTF-8; bytes that are not show as U+FFFD.
+    std::string text;
+    std::shared_ptr<UIFont> font;
+    NSTextAlignment alignment = NSTextAlignment::natural;
+    /// Points between two lines.
+    CGFloat lineSpacing = 0;
+    NSLineBreakMode lineBreakMode = NSLineBreakMode::byTruncatingTail;
+    /// 0 for no limit.
+    int maximumLines = 0;
+    /// In points; absent for unbounded.
+    std::optional<CGFloat> width;
+};
+
+/// Text broken into lines, measured and ready to draw at any scale; immutable, shared by whoever shows it. Lines have
+/// the height of the font, also where another script or an emoji stands, unless its glyphs need more.
+class TextLayout {
+public:
+    /// Recently made layouts are kept: the same request again gives the same layout.
+    [[nodiscard]] static std::shared_ptr<const TextLayout> make(const TextRequest& request);
+    ~TextLayout();
+    TextLayout(const TextLayout&) = delete;
+    TextLayout& operator=(const TextLayout&) = delete;
+
+    /// The widest line (at most the width asked for) and the sum of the lines, unrounded. An empty text has width 0 and
+    /// the height of one line.
+    [[nodiscard]] CGSize size() const;
+    [[nodiscard]] int lineCount() const;
+    /// From the top of the layout.
+    [[nodiscard]] CGFloat firstBaseline() const;
+    [[nodiscard]] CGFloat lastBaseline() const;
+    /// Whether some of the text is not shown.
+    [[nodiscard]] bool isTruncated() const;
+    /// The text asked for, not what is left of it after truncation.
+    [[nodiscard]] const std::string& text() const;
+
+    /// The laid-out glyphs, for the drawing backend.
+    struct Lines;
+    [[nodiscard]] const Lines& lines() const { return *m_lines; }
+
+private:
+    explicit TextLayout(const TextRequest& request);
+
+    std::string m_text;
+    std::unique_ptr<Lines> m_lines;
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/graphics/RGBA.h"
+#include "platform/graphics/UIUserInterfaceStyle.h"
+#include "platform/runtime/NSObject.h"
+
+#include <memory>
+#include <string_view>
+
+/// A colour, immutable. A dynamic colour has other components in the dark appearance; which ones count is decided when
+/// it is drawn.
+class UIColor : public NSObject {
+public:
+    using Pointer = std::shared_ptr<UIColor>;
+
+    UIColor(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
+    explicit UIColor(const RGBA& components);
+    UIColor(const RGBA& light, const RGBA& dark);
+
+    [[nodiscard]] static Pointer colorWithRedGreenBlueAlpha(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
+    [[nodiscard]] static Pointer dynamicColor(const RGBA& light, const RGBA& dark);
+    /// The colour of the running extension's asset catalogue; null when it has none of that name.
+    [[nodiscard]] static Pointer colorNamed(std::string_view name);
+    /// A colour of the platform by its property name ("labelColor", "systemBlueColor", "blackColor"); null when
+    /// unknown.
+    [[nodiscard]] static Pointer systemColorNamed(std::string_view name);
+
+    [[nodiscard]] static Pointer blackColor();
+    [[nodiscard]] static Pointer whiteColor();
+    [[nodiscard]] static Pointer grayColor();
+    [[nodiscard]] static Pointer blueColor();
+    [[nodiscard]] static Pointer clearColor();
+
+    [[nodiscard]] RGBA resolved(UIUserInterfaceStyle style) const;
+    /// The components in the appearance that is being drawn (light outside of drawing).
+    [[nodiscard]] RGBA components() const;
+    [[nodiscard]] Pointer colorWithAlphaComponent(CGFloat alpha) const;
+
+    /// Makes this the current colour for filling and stroking; without effect outside of drawing.
+    void set() const;
+
+    /// Equal components in both appearances.
+    friend bool operator==(const UIColor& one, const UIColor& other) {
+        return one.m_light == other.m_light && one.m_dark == other.m_dark;
+    }
+
+private:
+    RGBA m_light;
+    RGBA m_dark;
+};

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/foundation/Geometry.h"
+#include "platform/runtime/NSObject.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+enum class UIImageRenderingMode { automatic = 0, alwaysOriginal = 1, alwaysTemplate = 2 };
+
+/// One PNG file of an image, drawn for screens of `scale` pixels a point.
+struct UIImageRepresentation {
+    std::string path;
+    int scale = 1;
+};
+
+/// An image by reference to its files, immutable. Its size is read from the first readable file's header; pixels are
+/// decoded only when they are drawn, and kept in a bounded cache. An image whose files are broken has no size and
+/// draws nothing.
+class UIImage : public NSObject {
+public:
+    UIImage(std::string name, std::vector<UIImageRepresentation> representations,
+            UIImageRenderingMode renderingMode = UIImageRenderingMode::automatic);
+
+    /// The image of the running extension's asset catalogue; null when it has none of that name.
+    [[nodiscard]] static std::shared_ptr<UIImage> imageNamed(std::string_view name);
+    /// The same image, drawn as its colours (original) or as a mask for the tint colour (template).
+    [[nodiscard]] std::shared_ptr<UIImage> imageWithRenderingMode(UIImageRenderingMode mode) const;
+
+    [[nodiscard]] const std::string& name() const { return m_name; }
+    /// In points.
+    [[nodiscard]] CGSize size() const;
+    /// Pixels a point of the file that gave the size.
+    [[nodiscard]] CGFloat scale() const;
+    [[nodiscard]] UIImageRenderingMode renderingMode() const { return m_renderingMode; }
+    /// The file to draw on a screen of `deviceScale`: the smallest that is large enough, else the largest; null without
+    /// files.
+    [[nodiscard]] const UIImageRepresentation* representationForScale(CGFloat deviceScale) const;
+
+private:
+    void measure() const;
+
+    std::string m_name;
+    std::vector<UIImageRepresentation> m_representations;
+    UIImageRenderingMode m_renderingMode;
+    mutable bool m_measured = false;
+    mutable CGSize m_size;
+    mutable CGFloat m_scale = 1;
+};

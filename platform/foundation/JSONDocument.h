@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/foundation/JSONValue.h"
+#include "platform/foundation/Result.h"
+
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// A parsed JSON text, strict by RFC 8259: UTF-8 (a byte order mark is skipped), nothing after the root, at most 512
+/// levels deep. Owns all that its values refer to; may be moved, not copied. Any thread.
+class JSONDocument {
+public:
+    /// The error is one line, such as "line 3, column 14: syntax error"; columns count characters.
+    [[nodiscard]] static Result<JSONDocument> parse(std::string text);
+
+    [[nodiscard]] JSONValue root() const { return JSONValue(m_nodes.data()); }
+
+    /// Where a value stands: the key or text nearest before it (itself, if it is a text). Counted from 1.
+    struct Position {
+        std::size_t line = 1;
+        std::size_t column = 1;
+    };
+    [[nodiscard]] Position positionOf(JSONValue value) const;
+
+private:
+    class Builder;
+
+    JSONDocument() = default;
+
+    std::unique_ptr<const std::string> m_text; // strings without escapes refer to it
+    std::deque<std::string> m_unescaped;       // strings that had escapes
+    std::vector<JSONNode> m_nodes;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cassert>
+#include <string>
+#include <utility>
+#include <variant>
+
+/// Why something could not be done, in one line for people.
+struct Failure {
+    std::string message;
+};
+
+/// The outcome of work on input that may be bad: a value, or one line that says what is wrong with the input.
+///     return Failure{"no such file"};
+template <class T>
+class Result {
+public:
+    Result(T value) : m_outcome(std::in_place_index<0>, std::move(value)) {} // NOLINT: reads as `return value`
+    Result(Failure failure) : m_outcome(std::in_place_index<1>, std::move(failure)) {} // NOLINT: likewise
+
+    [[nodiscard]] explicit operator bool() const { return m_outcome.index() == 0; }
+    [[nodiscard]] const T& value() const& { return *valueOf(this); }
+    [[nodiscard]] T& value() & { return *valueOf(this); }
+    [[nodiscard]] T&& value() && { return std::move(*valueOf(this)); }
+    /// Only when there is no value.
+    [[nodiscard]] const std::string& error() const {
+        assert(m_outcome.index() == 1);
+        return std::get_if<1>(&m_outcome)->message;
+    }
+
+private:
+    template <class Self>
+    static auto* valueOf(Self* self) {
+        assert(self->m_outcome.index() == 0);
+        return std::get_if<0>(&self->m_outcome);
+    }
+
+    std::variant<T, Failure> m_outcome;
+};

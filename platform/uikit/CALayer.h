@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/foundation/Geometry.h"
+#include "platform/runtime/NSObject.h"
+
+#include <memory>
+
+class UIColor;
+class UIView;
+
+/// The look of a view's rectangle: border, corners, shadow, clipping. Owned by its view, which it tells of every
+/// change so that the view is drawn again. Colours may be null: no border or shadow colour.
+class CALayer : public NSObject {
+public:
+    /// `view` owns the layer and outlives it in use; told of changes.
+    explicit CALayer(UIView* view) : m_view(view) {}
+
+    [[nodiscard]] CGFloat cornerRadius() const { return m_cornerRadius; }
+    void setCornerRadius(CGFloat radius);
+    [[nodiscard]] CGFloat borderWidth() const { return m_borderWidth; }
+    void setBorderWidth(CGFloat width);
+    [[nodiscard]] std::shared_ptr<UIColor> borderColor() const { return m_borderColor; }
+    void setBorderColor(const std::shared_ptr<UIColor>& color);
+    [[nodiscard]] bool masksToBounds() const { return m_masksToBounds; }
+    void setMasksToBounds(bool masks);
+
+    [[nodiscard]] std::shared_ptr<UIColor> shadowColor() const { return m_shadowColor; }
+    void setShadowColor(const std::shared_ptr<UIColor>& color);
+    /// 0 … 1; the platform's initial value is 0, no shadow.
+    [[nodiscard]] float shadowOpacity() const { return m_shadowOpacity; }
+    void setShadowOpacity(float opacity);
+    [[nodiscard]] CGSize shadowOffset() const { return m_shadowOffset; }
+    void setShadowOffset(CGSize offset);
+    [[nodiscard]] CGFloat shadowRadius() const { return m_shadowRadius; }
+    void setShadowRadius(CGFloat radius);
+
+    /// Called by the view when it goes away before the layer does.
+    void detach() { m_view = nullptr; }
+
+private:
+    void changed();
+
+    UIView* m_view;
+    CGFloat m_cornerRadius = 0;
+    CGFloat m_borderWidth = 0;
+    std::shared_ptr<UIColor> m_borderColor;
+    bool m_masksToBounds = false;
+    std::shared_ptr<UIColor> m_shadowColor;
+    float m_shadowOpacity = 0;
+    CGSize m_shadowOffset{0, -3};
+    CGFloat m_shadowRadius = 3;
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/graphics/UIFont.h"
+#include "platform/graphics/UIImage.h"
+#include "platform/uikit/UIControl.h"
+
+class UILabel;
+
+/// A control with a title, an image, or neither. Shows the title and image of its normal state.
+class UIButton : public UIControl {
+public:
+    UIButton() : UIButton(CGRect{}) {}
+    explicit UIButton(const CGRect& frame);
+    explicit UIButton(const NSCoder& coder);
+
+    [[nodiscard]] std::string title() const;
+    void setTitle(const std::string& title);
+    void setTitleColor(const std::shared_ptr<UIColor>& color);
+    void setImage(const std::shared_ptr<UIImage>& image);
+    [[nodiscard]] std::shared_ptr<UILabel> titleLabel() const { return m_titleLabel; }
+    [[nodiscard]] std::shared_ptr<UIImage> image() const;
+
+    [[nodiscard]] CGSize intrinsicContentSize() const override;
+    void layoutSubviews() override;
+
+private:
+    void makeParts();
+
+    std::shared_ptr<UILabel> m_titleLabel;
+    std::shared_ptr<UIView> m_imageView;
+    UIEdgeInsets m_contentInsets;
+};

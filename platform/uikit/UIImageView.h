@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/graphics/UIImage.h"
+#include "platform/uikit/UIView.h"
+
+/// Shows one image, or nothing. Does not take touches unless told to.
+class UIImageView : public UIView {
+public:
+    UIImageView() : UIImageView(CGRect{}) {}
+    explicit UIImageView(const CGRect& frame);
+    explicit UIImageView(const NSCoder& coder);
+
+    /// Null when there is none.
+    [[nodiscard]] std::shared_ptr<UIImage> image() const { return m_image; }
+    void setImage(const std::shared_ptr<UIImage>& image);
+
+    [[nodiscard]] CGSize intrinsicContentSize() const override;
+
+private:
+    std::shared_ptr<UIImage> m_image;
+};

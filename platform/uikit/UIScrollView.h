@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/uikit/UIView.h"
+
+/// A window onto content larger than itself. A finger that moves more than a few points drags the content; while it
+/// does, the touch no longer counts as a tap. Subviews are placed in content coordinates, each a layout of its own.
+class UIScrollView : public UIView {
+public:
+    UIScrollView() : UIScrollView(CGRect{}) {}
+    explicit UIScrollView(const CGRect& frame);
+    explicit UIScrollView(const NSCoder& coder);
+
+    [[nodiscard]] CGPoint contentOffset() const { return bounds().origin; }
+    /// Snapped to device pixels, so that content that is already painted can be moved.
+    void setContentOffset(CGPoint offset);
+    [[nodiscard]] CGSize contentSize() const { return m_contentSize; }
+    void setContentSize(CGSize size);
+    [[nodiscard]] const UIEdgeInsets& contentInset() const { return m_contentInset; }
+    void setContentInset(const UIEdgeInsets& inset);
+    [[nodiscard]] bool showsVerticalScrollIndicator() const { return m_showsIndicator; }
+    void setShowsVerticalScrollIndicator(bool shows);
+    [[nodiscard]] bool isScrollEnabled() const { return m_scrollEnabled; }
+    void setScrollEnabled(bool enabled) { m_scrollEnabled = enabled; }
+    [[nodiscard]] bool isDragging() const { return m_dragging; }
+    /// The offset nearest to `offset` that shows content and insets only.
+    [[nodiscard]] CGPoint clampedOffset(CGPoint offset) const;
+
+    void touchesBeganWithEvent(const TouchSet& touches, UIEvent* event) override;
+    void touchesMovedWithEvent(const TouchSet& touches, UIEvent* event) override;
+    void touchesEndedWithEvent(const TouchSet& touches, UIEvent* event) override;
+    void touchesCancelledWithEvent(const TouchSet& touches, UIEvent* event) override;
+
+protected:
+    [[nodiscard]] bool isLayoutRoot() const override { return true; }
+
+private:
+    CGSize m_contentSize;
+    UIEdgeInsets m_contentInset;
+    bool m_showsIndicator = true;
+    bool m_scrollEnabled = true;
+    bool m_dragging = false;
+    CGPoint m_dragStart; // window coordinates
+    CGPoint m_dragStartOffset;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/foundation/Geometry.h"
+#include "platform/runtime/NSObject.h"
+
+#include <memory>
+
+class UIView;
+
+enum class UITouchPhase { began, moved, stationary, ended, cancelled };
+
+/// One finger on the screen, from its first contact to its last. Made by the host, one object per finger; the window
+/// sets its view by hit testing when it begins.
+class UITouch : public NSObject {
+public:
+    /// In the window's coordinates, points.
+    explicit UITouch(CGPoint windowLocation) : m_location(windowLocation), m_previous(windowLocation) {}
+
+    [[nodiscard]] UITouchPhase phase() const { return m_phase; }
+    /// The view that was hit when the touch began; null when it is gone.
+    [[nodiscard]] std::shared_ptr<UIView> view() const { return m_view.lock(); }
+    /// In the coordinates of `view`; of the window when null.
+    [[nodiscard]] CGPoint locationInView(const UIView* view) const;
+    [[nodiscard]] CGPoint previousLocationInView(const UIView* view) const;
+
+    /// For the window and the host.
+    void setView(const std::shared_ptr<UIView>& view) { m_view = view; }
+    void moveTo(CGPoint windowLocation, UITouchPhase phase);
+
+private:
+    UITouchPhase m_phase = UITouchPhase::began;
+    CGPoint m_location;
+    CGPoint m_previous;
+    std::weak_ptr<UIView> m_view;
+};

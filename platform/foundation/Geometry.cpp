@@ -38,6 +38,6 @@ CGRect CGRect::offsetBy(CGFloat dx, CGFloat dy) const {
 }
 
 CGRect UIEdgeInsetsInsetRect(const CGRect& rect, const UIEdgeInsets& insets) {
-    return CGRectMake(rect.minX() + insets.left, rect.minY() + insets.top,
-                      rect.size.width - insets.left - insets.right, rect.size.height - insets.top - insets.bottom);
+    return CGRectMake(rect.minX() + insets.left, rect.minY() + insets.top, rect.size.width - insets.left - insets.right,
+                      rect.size.height - insets.top - insets.bottom);
 }

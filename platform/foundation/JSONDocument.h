@@ -29,6 +29,7 @@ private:
     class Builder;
 
     JSONDocument() = default;
+    bool isInText(const char* pointer) const;
 
     std::unique_ptr<const std::string> m_text; // strings without escapes refer to it
     std::deque<std::string> m_unescaped;       // strings that had escapes

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cassert>
+#include "platform/foundation/FatalError.h"
+
 #include <string>
 #include <utility>
 #include <variant>
@@ -22,17 +23,20 @@ public:
     [[nodiscard]] const T& value() const& { return *valueOf(this); }
     [[nodiscard]] T& value() & { return *valueOf(this); }
     [[nodiscard]] T&& value() && { return std::move(*valueOf(this)); }
-    /// Only when there is no value.
-    [[nodiscard]] const std::string& error() const {
-        assert(m_outcome.index() == 1);
-        return std::get_if<1>(&m_outcome)->message;
-    }
+    /// Taking the error of a success, or the value of a failure, stops the program.
+    [[nodiscard]] const std::string& error() const { return require(std::get_if<1>(&m_outcome))->message; }
 
 private:
     template <class Self>
     static auto* valueOf(Self* self) {
-        assert(self->m_outcome.index() == 0);
-        return std::get_if<0>(&self->m_outcome);
+        return require(std::get_if<0>(&self->m_outcome));
+    }
+    template <class Part>
+    static Part* require(Part* part) {
+        if (part == nullptr) {
+            fatalError("a result was taken for what it is not");
+        }
+        return part;
     }
 
     std::variant<T, Failure> m_outcome;

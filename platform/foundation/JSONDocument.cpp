@@ -1,0 +1,173 @@
+#include "platform/foundation/JSONDocument.h"
+
+#include <boost/json/basic_parser_impl.hpp>
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <string_view>
+
+namespace json = boost::json;
+
+namespace {
+
+constexpr std::size_t greatestDepth = 512;
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+JSONDocument::Position positionAt(std::string_view text, std::size_t offset) {
+    JSONDocument::Position position;
+    for (const char character : text.substr(0, offset)) {
+        if (character == '\n') {
+            ++position.line;
+            position.column = 1;
+        } else if ((static_cast<unsigned char>(character) & 0xC0) != 0x80) { // the first byte of a character
+            ++position.column;
+        }
+    }
+    return position;
+}
+
+/// The document's text, without a byte order mark.
+std::string_view bodyOf(const std::string& text) {
+    std::string_view body = text;
+    if (body.substr(0, byteOrderMark.size()) == byteOrderMark) {
+        body.remove_prefix(byteOrderMark.size());
+    }
+    return body;
+}
+
+Failure failureAt(std::string_view body, std::size_t offset, const std::string& what) {
+    const JSONDocument::Position position = positionAt(body, offset);
+    return {"line " + std::to_string(position.line) + ", column " + std::to_string(position.column) + ": " + what};
+}
+
+} // namespace
+
+/// Receives the parser's events and lines them up as nodes. The names are the parser's.
+class JSONDocument::Builder {
+public:
+    static constexpr std::size_t max_object_size = std::numeric_limits<std::uint32_t>::max();
+    static constexpr std::size_t max_array_size = std::numeric_limits<std::uint32_t>::max();
+    static constexpr std::size_t max_key_size = std::numeric_limits<std::uint32_t>::max();
+    static constexpr std::size_t max_string_size = std::numeric_limits<std::uint32_t>::max();
+
+    explicit Builder(JSONDocument& document) : m_document(document) {}
+
+    bool on_document_begin(json::error_code&) { return true; }
+    bool on_document_end(json::error_code&) { return true; }
+    bool on_array_begin(json::error_code&) { return open(JSONKind::array); }
+    bool on_array_end(std::size_t count, json::error_code&) { return close(count); }
+    bool on_object_begin(json::error_code&) { return open(JSONKind::object); }
+    bool on_object_end(std::size_t count, json::error_code&) { return close(count); }
+    bool on_key_part(json::string_view part, std::size_t, json::error_code&) { return addPart(part); }
+    bool on_key(json::string_view part, std::size_t, json::error_code&) { return addString(part); }
+    bool on_string_part(json::string_view part, std::size_t, json::error_code&) { return addPart(part); }
+    bool on_string(json::string_view part, std::size_t, json::error_code&) { return addString(part); }
+    bool on_number_part(json::string_view, json::error_code&) { return true; }
+    bool on_int64(std::int64_t number, json::string_view, json::error_code&) {
+        return addNumber(static_cast<double>(number));
+    }
+    bool on_uint64(std::uint64_t number, json::string_view, json::error_code&) {
+        return addNumber(static_cast<double>(number));
+    }
+    bool on_double(double number, json::string_view, json::error_code&) { return addNumber(number); }
+    bool on_bool(bool value, json::error_code&) {
+        add(JSONKind::boolean).count = value ? 1 : 0;
+        return true;
+    }
+    bool on_null(json::error_code&) {
+        add(JSONKind::null);
+        return true;
+    }
+    bool on_comment_part(json::string_view, json::error_code&) { return true; }
+    bool on_comment(json::string_view, json::error_code&) { return true; }
+
+private:
+    JSONNode& add(JSONKind kind) {
+        JSONNode& node = m_document.m_nodes.emplace_back();
+        node.kind = kind;
+        return node;
+    }
+
+    bool addNumber(double number) {
+        add(JSONKind::number).number = number;
+        return true;
+    }
+
+    bool open(JSONKind kind) {
+        m_open.push_back(m_document.m_nodes.size());
+        add(kind);
+        return true;
+    }
+
+    bool close(std::size_t count) {
+        JSONNode& container = m_document.m_nodes[m_open.back()];
+        container.count = static_cast<std::uint32_t>(count);
+        container.nodes = m_document.m_nodes.size() - m_open.back();
+        m_open.pop_back();
+        return true;
+    }
+
+    bool addPart(std::string_view part) {
+        m_parts += part;
+        return true;
+    }
+
+    /// A string without escapes arrives as one piece of the source and stays there.
+    bool addString(std::string_view lastPart) {
+        JSONNode& node = add(JSONKind::string);
+        const bool isWhole = m_parts.empty() && m_document.isInText(lastPart.data());
+        if (!isWhole) {
+            lastPart = m_document.m_unescaped.emplace_back(m_parts.append(lastPart));
+            m_parts.clear();
+        }
+        node.text = lastPart.data();
+        node.count = static_cast<std::uint32_t>(lastPart.size());
+        return true;
+    }
+
+    JSONDocument& m_document;
+    std::vector<std::size_t> m_open;
+    std::string m_parts;
+};
+
+Result<JSONDocument> JSONDocument::parse(std::string text) {
+    JSONDocument document;
+    document.m_text = std::make_unique<const std::string>(std::move(text));
+    const std::string_view body = bodyOf(*document.m_text);
+    if (body.size() > std::numeric_limits<std::uint32_t>::max()) {
+        return Failure{"the text is larger than 4 GB"};
+    }
+    document.m_nodes.reserve(body.size() / 16);
+    json::parse_options options;
+    options.max_depth = greatestDepth;
+    json::basic_parser<Builder> parser(options, document);
+    json::error_code error;
+    const std::size_t read = parser.write_some(false, body.data(), body.size(), error);
+    if (!error && read < body.size()) {
+        error = json::make_error_code(json::error::extra_data);
+    }
+    if (error) {
+        return failureAt(body, read, error.message());
+    }
+    return document;
+}
+
+bool JSONDocument::isInText(const char* pointer) const {
+    const std::less_equal<> notAfter;
+    return notAfter(m_text->data(), pointer) && notAfter(pointer, m_text->data() + m_text->size());
+}
+
+JSONDocument::Position JSONDocument::positionOf(JSONValue value) const {
+    const std::string_view body = bodyOf(*m_text);
+    for (const JSONNode* node = value.m_node; node >= m_nodes.data(); --node) {
+        if (node->kind == JSONKind::string && isInText(node->text)) {
+            return positionAt(body, static_cast<std::size_t>(node->text - body.data()) - 1);
+        }
+        if (node == m_nodes.data()) {
+            break;
+        }
+    }
+    return {};
+}

@@ -1,0 +1,197 @@
+#include "platform/foundation/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <utf8proc.h>
+
+namespace {
+
+constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
+
+struct CodePoint {
+    utf8proc_int32_t value = -1; // negative: not valid UTF-8
+    std::size_t bytes = 1;
+
+    [[nodiscard]] bool isValid() const { return value >= 0; }
+    [[nodiscard]] std::size_t units() const { return value > 0xFFFF ? 2 : 1; }
+};
+
+const utf8proc_uint8_t* bytesOf(std::string_view text) {
+    return reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+}
+
+CodePoint firstCodePoint(std::string_view text) {
+    utf8proc_int32_t value = -1;
+    const utf8proc_ssize_t bytes =
+        utf8proc_iterate(bytesOf(text), static_cast<utf8proc_ssize_t>(std::min<std::size_t>(text.size(), 4)), &value);
+    return bytes > 0 ? CodePoint{value, static_cast<std::size_t>(bytes)} : CodePoint{};
+}
+
+void append(std::string& text, utf8proc_int32_t value) {
+    std::array<utf8proc_uint8_t, 4> bytes{};
+    const utf8proc_ssize_t count = utf8proc_encode_char(value, bytes.data());
+    text.append(reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(count));
+}
+
+/// Where code unit `unit` begins: a byte offset, and how many units before it belong to the character there (1 in the
+/// middle of a surrogate pair).
+struct Cut {
+    std::size_t byte = 0;
+    std::size_t unitsInside = 0;
+};
+
+Cut cutAt(std::string_view text, std::size_t unit) {
+    std::size_t byte = 0;
+    std::size_t passed = 0;
+    while (byte < text.size() && passed < unit) {
+        const CodePoint next = firstCodePoint(text.substr(byte));
+        if (passed + next.units() > unit) {
+            return {byte, unit - passed};
+        }
+        passed += next.units();
+        byte += next.bytes;
+    }
+    return {byte, 0};
+}
+
+/// The platform's whitespace-and-newline set: tab, line breaks and Unicode's separators.
+bool isWhitespaceOrNewline(utf8proc_int32_t value) {
+    if ((value >= 0x09 && value <= 0x0D) || value == 0x85) {
+        return true;
+    }
+    const utf8proc_category_t category = utf8proc_category(value);
+    return category == UTF8PROC_CATEGORY_ZS || category == UTF8PROC_CATEGORY_ZL || category == UTF8PROC_CATEGORY_ZP;
+}
+
+std::size_t whitespaceAtEnd(std::string_view text) {
+    std::size_t start = text.size();
+    while (start > 0) {
+        std::size_t previous = start - 1;
+        while (previous > 0 && start - previous < 4 && (static_cast<unsigned char>(text[previous]) & 0xC0) == 0x80) {
+            --previous;
+        }
+        const CodePoint last = firstCodePoint(text.substr(previous));
+        if (!last.isValid() || last.bytes != start - previous || !isWhitespaceOrNewline(last.value)) {
+            break;
+        }
+        start = previous;
+    }
+    return text.size() - start;
+}
+
+/// A lower-case letter that becomes several is found through its full case folding, which differs only in case.
+void appendUppercase(std::string& text, utf8proc_int32_t value) {
+    std::array<utf8proc_int32_t, 8> folded{value};
+    int boundary = 0;
+    utf8proc_ssize_t count = 1;
+    if (utf8proc_category(value) == UTF8PROC_CATEGORY_LL) {
+        count = utf8proc_decompose_char(value, folded.data(), static_cast<utf8proc_ssize_t>(folded.size()),
+                                        UTF8PROC_CASEFOLD, &boundary);
+    }
+    if (count <= 1) {
+        append(text, utf8proc_toupper(value));
+        return;
+    }
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+        append(text, utf8proc_toupper(folded[i]));
+    }
+}
+
+void appendLowercase(std::string& text, utf8proc_int32_t value) {
+    append(text, utf8proc_tolower(value));
+}
+
+std::string mapped(std::string_view text, void (*appendMapped)(std::string&, utf8proc_int32_t)) {
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        const CodePoint next = firstCodePoint(text);
+        if (next.isValid()) {
+            appendMapped(result, next.value);
+        } else {
+            result += text.front();
+        }
+        text.remove_prefix(next.bytes);
+    }
+    return result;
+}
+
+} // namespace
+
+bool isValidUTF8(std::string_view text) {
+    while (!text.empty()) {
+        const CodePoint next = firstCodePoint(text);
+        if (!next.isValid()) {
+            return false;
+        }
+        text.remove_prefix(next.bytes);
+    }
+    return true;
+}
+
+std::size_t utf16Length(std::string_view text) {
+    std::size_t units = 0;
+    while (!text.empty()) {
+        const CodePoint next = firstCodePoint(text);
+        units += next.units();
+        text.remove_prefix(next.bytes);
+    }
+    return units;
+}
+
+std::size_t characterCount(std::string_view text) {
+    std::size_t characters = 0;
+    utf8proc_int32_t state = 0;
+    utf8proc_int32_t previous = -1;
+    while (!text.empty()) {
+        const CodePoint next = firstCodePoint(text);
+        const bool joins =
+            previous >= 0 && next.isValid() && !utf8proc_grapheme_break_stateful(previous, next.value, &state);
+        if (!joins) {
+            ++characters;
+        }
+        if (!next.isValid()) {
+            state = 0;
+        }
+        previous = next.value;
+        text.remove_prefix(next.bytes);
+    }
+    return characters;
+}
+
+std::string stringByReplacingCharactersInRange(std::string_view text, NSRange range, std::string_view replacement) {
+    const Cut start = cutAt(text, range.location);
+    const std::size_t untilEnd = static_cast<std::size_t>(-1) - range.location;
+    const Cut end = cutAt(text, range.location + std::min(range.length, untilEnd));
+    std::string result(text.substr(0, start.byte));
+    if (start.unitsInside > 0) {
+        result += replacementCharacter;
+    }
+    result += replacement;
+    std::string_view rest = text.substr(end.byte);
+    if (end.unitsInside > 0) {
+        result += replacementCharacter;
+        rest.remove_prefix(firstCodePoint(rest).bytes);
+    }
+    return result.append(rest);
+}
+
+std::string_view trimmingWhitespaceAndNewlines(std::string_view text) {
+    while (!text.empty()) {
+        const CodePoint next = firstCodePoint(text);
+        if (!next.isValid() || !isWhitespaceOrNewline(next.value)) {
+            break;
+        }
+        text.remove_prefix(next.bytes);
+    }
+    text.remove_suffix(whitespaceAtEnd(text));
+    return text;
+}
+
+std::string uppercased(std::string_view text) {
+    return mapped(text, appendUppercase);
+}
+
+std::string lowercased(std::string_view text) {
+    return mapped(text, appendLowercase);
+}

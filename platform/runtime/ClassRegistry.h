@@ -21,6 +21,8 @@ public:
     [[nodiscard]] std::vector<std::string> names() const;
 
 private:
+    ClassRegistry();
+
     std::map<std::string, std::unique_ptr<ObjectClass>, std::less<>> m_byName;
     std::map<std::type_index, ObjectClass*> m_byType;
 };

@@ -18,6 +18,7 @@ public:
 
 private:
     friend AssociatedObjects& associatedObjectsOf(NSObject& object);
+    friend std::shared_ptr<NSObject> objc_getAssociatedObject(const NSObject& object, const void* key);
     std::unique_ptr<AssociatedObjects> m_associated;
 };
 

@@ -26,8 +26,8 @@ public:
     /// The second argument is the sender; null for actions that take none.
     using Action = std::function<void(NSObject&, NSObject*)>;
 
-    ObjectClass(std::string name, const ObjectClass* superclass, std::type_index type)
-        : name(std::move(name)), superclass(superclass), type(type) {}
+    ObjectClass(std::string className, const ObjectClass* parent, std::type_index objectType)
+        : name(std::move(className)), superclass(parent), type(objectType) {}
 
     /// Looks through this class and its superclasses; null when there is none of that name.
     [[nodiscard]] const OutletSetter* outlet(std::string_view key) const;

@@ -1,0 +1,76 @@
+#include "platform/runtime/ClassRegistry.h"
+
+#include "platform/foundation/FatalError.h"
+
+ClassRegistry& ClassRegistry::shared() {
+    static ClassRegistry registry;
+    return registry;
+}
+
+ClassRegistry::ClassRegistry() {
+    add("NSObject", "", typeid(NSObject));
+}
+
+ObjectClass& ClassRegistry::add(std::string name, std::string_view superclassName, std::type_index type) {
+    if (ObjectClass* known = find(name)) {
+        if (known->type != type) {
+            fatalError("two classes are named " + name);
+        }
+        return *known;
+    }
+    const ObjectClass* superclass = find(superclassName);
+    if (superclass == nullptr && !superclassName.empty()) {
+        fatalError("class " + name + " is registered before its superclass " + std::string(superclassName));
+    }
+    auto made = std::make_unique<ObjectClass>(name, superclass, type);
+    ObjectClass& added = *made;
+    m_byType.emplace(type, &added);
+    m_byName.emplace(std::move(name), std::move(made));
+    return added;
+}
+
+ObjectClass* ClassRegistry::find(std::string_view name) {
+    const auto found = m_byName.find(name);
+    return found == m_byName.end() ? nullptr : found->second.get();
+}
+
+const ObjectClass* ClassRegistry::classOf(const NSObject& object) const {
+    const auto found = m_byType.find(typeid(object));
+    return found == m_byType.end() ? nullptr : found->second;
+}
+
+std::vector<std::string> ClassRegistry::names() const {
+    std::vector<std::string> names;
+    for (const auto& [name, objectClass] : m_byName) {
+        names.push_back(name);
+    }
+    return names;
+}
+
+namespace {
+
+const ObjectClass::Action* actionOf(const NSObject& object, std::string_view selector) {
+    const ObjectClass* objectClass = ClassRegistry::shared().classOf(object);
+    return objectClass == nullptr ? nullptr : objectClass->action(selector);
+}
+
+} // namespace
+
+std::string classNameOf(const NSObject& object) {
+    const ObjectClass* objectClass = ClassRegistry::shared().classOf(object);
+    return objectClass == nullptr ? "NSObject" : objectClass->name;
+}
+
+bool performSelector(NSObject& object, std::string_view selector, NSObject* sender) {
+    const ObjectClass::Action* action = actionOf(object, selector);
+    if (action == nullptr) {
+        return false;
+    }
+    const std::shared_ptr<NSObject> kept = object.weak_from_this().lock(); // the action may drop the last reference
+    (*action)(object, sender);
+    return true;
+}
+
+bool respondsToSelector(const NSObject& object, std::string_view selector) {
+    return actionOf(object, selector) != nullptr;
+}

@@ -69,6 +69,8 @@ private:
     using MainBlocks = std::map<Key, dispatch_block_t>;
     using BackgroundBlocks = std::map<Key, BackgroundBlock>;
 
+    bool isVirtual() const;
+    std::uint64_t newOrder();
     Duration nowLocked() const;
     std::optional<Duration> nextDueTimeLocked() const;
     Key nextKeyLocked(Duration due);

@@ -1,0 +1,81 @@
+#include "platform/dispatch/Dispatch.h"
+
+#include "platform/dispatch/MainRunLoop.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <utility>
+
+struct DispatchQueue {
+    std::optional<qos_class_t> qualityOfService; // none: the main queue
+};
+
+namespace {
+
+using Duration = MainRunLoop::Duration;
+
+constexpr auto latest = static_cast<dispatch_time_t>(std::numeric_limits<std::int64_t>::max());
+
+void post(dispatch_queue_t queue, Duration due, dispatch_block_t block) {
+    if (queue->qualityOfService) {
+        MainRunLoop::shared().postToBackground(due, *queue->qualityOfService, std::move(block));
+    } else {
+        MainRunLoop::shared().postToMain(due, std::move(block));
+    }
+}
+
+} // namespace
+
+dispatch_queue_t dispatch_get_main_queue() {
+    static constexpr DispatchQueue queue{std::nullopt};
+    return &queue;
+}
+
+dispatch_queue_t dispatch_get_global_queue(qos_class_t qualityOfService) {
+    static constexpr DispatchQueue userInteractive{QOS_CLASS_USER_INTERACTIVE};
+    static constexpr DispatchQueue userInitiated{QOS_CLASS_USER_INITIATED};
+    static constexpr DispatchQueue standard{QOS_CLASS_DEFAULT};
+    static constexpr DispatchQueue utility{QOS_CLASS_UTILITY};
+    static constexpr DispatchQueue background{QOS_CLASS_BACKGROUND};
+    switch (qualityOfService) {
+    case QOS_CLASS_USER_INTERACTIVE:
+        return &userInteractive;
+    case QOS_CLASS_USER_INITIATED:
+        return &userInitiated;
+    case QOS_CLASS_DEFAULT:
+        return &standard;
+    case QOS_CLASS_UTILITY:
+        return &utility;
+    case QOS_CLASS_BACKGROUND:
+        return &background;
+    }
+    return &standard;
+}
+
+void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) {
+    post(queue, MainRunLoop::shared().now(), std::move(block));
+}
+
+dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds) {
+    if (when == DISPATCH_TIME_FOREVER) {
+        return when;
+    }
+    const dispatch_time_t start =
+        when == DISPATCH_TIME_NOW ? static_cast<dispatch_time_t>(MainRunLoop::shared().now().count()) : when;
+    if (nanoseconds < 0) {
+        const dispatch_time_t back = dispatch_time_t{0} - static_cast<dispatch_time_t>(nanoseconds);
+        return start - std::min(start, back);
+    }
+    const auto forward = static_cast<dispatch_time_t>(nanoseconds);
+    return start >= latest - forward ? DISPATCH_TIME_FOREVER : start + forward;
+}
+
+void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, dispatch_block_t block) {
+    if (when == DISPATCH_TIME_FOREVER) {
+        return;
+    }
+    const Duration now = MainRunLoop::shared().now();
+    const Duration due{static_cast<std::int64_t>(std::min(when, latest))};
+    post(queue, std::max(now, due), std::move(block));
+}

@@ -1,0 +1,60 @@
+#include "platform/dispatch/WorkerPool.h"
+
+#include <algorithm>
+
+WorkerPool::~WorkerPool() {
+    std::map<Key, dispatch_block_t> dropped; // destroyed after the threads, outside the lock
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stopping = true;
+        dropped.swap(m_blocks);
+    }
+    m_submitted.notify_all();
+    for (std::thread& thread : m_threads) {
+        thread.join();
+    }
+}
+
+void WorkerPool::submit(qos_class_t qualityOfService, dispatch_block_t block) {
+    {
+        const std::lock_guard lock(m_mutex);
+        startThreadsLocked();
+        m_blocks.emplace(Key{~static_cast<unsigned>(qualityOfService), ++m_submissions}, std::move(block));
+        ++m_unfinished;
+    }
+    m_submitted.notify_one();
+}
+
+void WorkerPool::waitUntilIdle() {
+    std::unique_lock lock(m_mutex);
+    m_idle.wait(lock, [this] { return m_unfinished == 0; });
+}
+
+void WorkerPool::startThreadsLocked() {
+    if (!m_threads.empty()) {
+        return;
+    }
+    const unsigned count = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
+    for (unsigned i = 0; i < count; ++i) {
+        m_threads.emplace_back([this] { work(); });
+    }
+}
+
+void WorkerPool::work() {
+    std::unique_lock lock(m_mutex);
+    while (true) {
+        m_submitted.wait(lock, [this] { return m_stopping || !m_blocks.empty(); });
+        if (m_stopping) {
+            return;
+        }
+        dispatch_block_t block = std::move(m_blocks.begin()->second);
+        m_blocks.erase(m_blocks.begin());
+        lock.unlock();
+        block();
+        block = nullptr; // what it held dies here, before anyone is told that it has finished
+        lock.lock();
+        if (--m_unfinished == 0) {
+            m_idle.notify_all();
+        }
+    }
+}

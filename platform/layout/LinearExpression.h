@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vector>
+
+struct LinearTerm {
+    int variable = 0;
+    double coefficient = 0;
+};
+
+/// A sum of variables times coefficients, plus a constant: what every constraint becomes. A value; the terms are kept
+/// in order of their variables and none of them is zero.
+struct LinearExpression {
+    std::vector<LinearTerm> terms;
+    double constant = 0;
+
+    void add(int variable, double coefficient);
+    void add(const LinearExpression& other, double factor);
+    void scale(double factor);
+    [[nodiscard]] double coefficientOf(int variable) const;
+    [[nodiscard]] double evaluate(const std::vector<double>& values) const;
+};

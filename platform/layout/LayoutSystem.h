@@ -30,17 +30,17 @@ enum class LayoutRelation { lessThanOrEqual = -1, equal = 0, greaterThanOrEqual 
 
 /// A rectangle to be placed. Width and height are never negative.
 struct LayoutItem {
-    std::string name; ///< for reports
-    int parent = -1;  ///< index of the item whose origin `fixedFrame` is relative to; -1 is the system's origin
-    std::optional<CGRect> fixedFrame; ///< a required frame (the root, views placed by autoresizing)
-    std::optional<CGFloat> intrinsicWidth;
-    std::optional<CGFloat> intrinsicHeight;
+    std::string name{}; ///< for reports
+    int parent = -1;    ///< index of the item whose origin `fixedFrame` is relative to; -1 is the system's origin
+    std::optional<CGRect> fixedFrame{}; ///< a required frame (the root, views placed by autoresizing)
+    std::optional<CGFloat> intrinsicWidth{};
+    std::optional<CGFloat> intrinsicHeight{};
     double horizontalHugging = 250; ///< priority of "not wider than the intrinsic width"
     double verticalHugging = 250;
     double horizontalCompressionResistance = 750; ///< priority of "not narrower than the intrinsic width"
     double verticalCompressionResistance = 750;
-    std::optional<CGFloat> firstBaseline; ///< distance from the item's top; absent means the bottom edge
-    std::optional<CGFloat> lastBaseline;
+    std::optional<CGFloat> firstBaseline{}; ///< distance from the item's top; absent means the bottom edge
+    std::optional<CGFloat> lastBaseline{};
 };
 
 /// first.attribute RELATION multiplier * second.attribute + constant; without a second item just RELATION constant.
@@ -55,13 +55,13 @@ struct LayoutConstraint {
     double multiplier = 1;
     double constant = 0;
     double priority = 1000;
-    std::string name; ///< for reports
+    std::string name{}; ///< for reports
 };
 
 /// Something that was left out so that the rest could be solved.
 struct LayoutConflict {
     int constraint = -1;             ///< index of the constraint left out; -1 when it belongs to an item
-    std::string name;                ///< its name
+    std::string name{};              ///< its name
     std::string reason;              ///< "contradicts other required constraints", "not a finite number", ...
     std::vector<std::string> others; ///< names of the constraints it contradicts
 };
@@ -69,7 +69,7 @@ struct LayoutConflict {
 /// An item whose frame the constraints do not determine; true marks what can still move. It gets a frame all the same.
 struct LayoutAmbiguity {
     int item = -1;
-    std::string name;
+    std::string name{};
     bool x = false;
     bool y = false;
     bool width = false;

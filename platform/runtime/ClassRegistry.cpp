@@ -39,6 +39,11 @@ const ObjectClass* ClassRegistry::classOf(const NSObject& object) const {
     return found == m_byType.end() ? nullptr : found->second;
 }
 
+std::string ClassRegistry::nameOf(std::type_index type) const {
+    const auto found = m_byType.find(type);
+    return found == m_byType.end() ? "NSObject" : found->second->name;
+}
+
 std::vector<std::string> ClassRegistry::names() const {
     std::vector<std::string> names;
     for (const auto& [name, objectClass] : m_byName) {
@@ -57,8 +62,7 @@ const ObjectClass::Action* actionOf(const NSObject& object, std::string_view sel
 } // namespace
 
 std::string classNameOf(const NSObject& object) {
-    const ObjectClass* objectClass = ClassRegistry::shared().classOf(object);
-    return objectClass == nullptr ? "NSObject" : objectClass->name;
+    return ClassRegistry::shared().nameOf(typeid(object));
 }
 
 bool performSelector(NSObject& object, std::string_view selector, NSObject* sender) {

@@ -18,6 +18,8 @@ public:
     [[nodiscard]] ObjectClass* find(std::string_view name);
     /// The class of an object; for an unregistered C++ type null.
     [[nodiscard]] const ObjectClass* classOf(const NSObject& object) const;
+    /// The registered name of a C++ type; "NSObject" when it has none.
+    [[nodiscard]] std::string nameOf(std::type_index type) const;
     [[nodiscard]] std::vector<std::string> names() const;
 
 private:

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "content/ModeSection.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Reads the content file of a content key from the main bundle. Nothing when the file is missing or cannot be read or
+/// decoded; then one line on the debug console says so. Holds no state; any thread.
+[[nodiscard]] std::optional<std::vector<ModeSection>> loadModeSections(const std::string& fileName);

@@ -1,0 +1,145 @@
+// The screen as data source and delegate of its two tables. Questions about contents and sizes take every table but
+// the mode table for the dropdown list; a choice takes every table but the dropdown list for the mode table.
+
+#include "game/CategoriesVC.h"
+
+#include "content/DropdownRows.h"
+#include "content/ExtensionBundle.h"
+#include "host/LaunchLink.h"
+#include "ui/HexColor.h"
+#include "ui/ModeHeaderView.h"
+#include "ui/ModeTblCell.h"
+#include "ui/NamedColors.h"
+#include "ui/VibeDropdownTblCell.h"
+
+#include <cstddef>
+#include <limits>
+
+namespace {
+
+constexpr CGFloat dropdownRowHeight = 69;
+constexpr CGFloat headerHeight = 30;
+constexpr CGFloat footerHeight = 20;
+/// Collapses a header: the platform takes 0 for "the default height".
+constexpr CGFloat collapsedHeight = std::numeric_limits<CGFloat>::min();
+
+std::size_t index(int number) {
+    return static_cast<std::size_t>(number);
+}
+
+void styleDropdownCell(VibeDropdownTblCell& cell, const MainCategoryModel& entry) {
+    const bool selected = entry.selected;
+    cell.lblTitle->setText(entry.title);
+    cell.imgSelected->setImage(UIImage::imageNamed(selected ? "tick_selected" : "tick_not_selected"));
+    cell.viewMain->setBackgroundColor(selected ? named_colors::appGreen() : colorFromHex("F2F2F6"));
+    cell.viewMain->setStrokeColor(selected ? UIColor::whiteColor() : colorFromHex("DDDDDD"));
+    cell.viewMain->setStrokeWidth(1);
+    cell.viewMain->setEnableShadow(selected);
+    cell.lblTitle->setTextColor(selected ? UIColor::whiteColor() : named_colors::textColor());
+}
+
+} // namespace
+
+int CategoriesVC::numberOfSectionsInTableView(UITableView& table) {
+    return tableView.is(table) ? static_cast<int>(m_sections.size()) : 1;
+}
+
+int CategoriesVC::tableViewNumberOfRowsInSection(UITableView& table, int section) {
+    return static_cast<int>(tableView.is(table) ? m_sections[index(section)].items.size() : m_arrMainCategories.size());
+}
+
+std::shared_ptr<UITableViewCell> CategoriesVC::tableViewCellForRowAtIndexPath(UITableView& table,
+                                                                              NSIndexPath indexPath) {
+    return tableView.is(table) ? modeCell(table, indexPath) : dropdownCell(table, indexPath);
+}
+
+std::shared_ptr<UITableViewCell> CategoriesVC::modeCell(UITableView& table, NSIndexPath indexPath) {
+    const auto cell = std::dynamic_pointer_cast<ModeTblCell>(
+        table.dequeueReusableCellWithIdentifierForIndexPath("ModeTblCell", indexPath));
+    if (!cell) {
+        return std::make_shared<UITableViewCell>(UITableViewCellStyle::standard, "");
+    }
+    cell->configure(m_sections[index(indexPath.section)].items[index(indexPath.row)]);
+    return cell;
+}
+
+std::shared_ptr<UITableViewCell> CategoriesVC::dropdownCell(UITableView& table, NSIndexPath indexPath) {
+    const std::shared_ptr<UITableViewCell> cell =
+        table.dequeueReusableCellWithIdentifierForIndexPath("VibeDropdownTblCell", indexPath);
+    styleDropdownCell(dynamic_cast<VibeDropdownTblCell&>(*cell), *m_arrMainCategories[index(indexPath.row)]);
+    return cell;
+}
+
+CGFloat CategoriesVC::tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath) {
+    return tableView.is(table) ? UITableViewAutomaticDimension : dropdownRowHeight;
+}
+
+std::shared_ptr<UIView> CategoriesVC::tableViewViewForHeaderInSection(UITableView& table, int section) {
+    if (!tableView.is(table) || m_sections[index(section)].sectionTitle.empty()) {
+        return nullptr;
+    }
+    const std::shared_ptr<ModeHeaderView> header = loadViewFromNib<ModeHeaderView>("ModeHeaderView");
+    header->lblHeaderTitle->setText(m_sections[index(section)].sectionTitle);
+    return header;
+}
+
+CGFloat CategoriesVC::tableViewHeightForHeaderInSection(UITableView& table, int section) {
+    const bool hasHeader = tableView.is(table) && !m_sections[index(section)].sectionTitle.empty();
+    return hasHeader ? headerHeight : collapsedHeight;
+}
+
+CGFloat CategoriesVC::tableViewHeightForFooterInSection(UITableView& table, int) {
+    return tableView.is(table) ? footerHeight : 0;
+}
+
+void CategoriesVC::tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) {
+    if (!tblDropDown.is(table)) {
+        const ModeSection& section = m_sections[index(indexPath.section)];
+        openCategoryLink(*this, m_currentOption, section, section.items[index(indexPath.row)]);
+    } else if (offersGameTypes()) {
+        chooseGameType(indexPath.row);
+    } else {
+        chooseGroup(indexPath.row);
+    }
+}
+
+void CategoriesVC::chooseGroup(int row) {
+    m_currentOption = playerGroupOption(row);
+    markOnlyRow(row);
+    tblDropDown->reloadData();
+    showTitleOfRow(row);
+    showSections(rawValue(m_currentOption));
+    setDropdownOpen(false);
+}
+
+void CategoriesVC::chooseGameType(int row) {
+    m_currentOption = gameTypeOption(row).value_or(m_currentOption);
+    markOnlyRow(row);
+    showTitleOfRow(row);
+    showSections(rawValue(m_currentOption));
+    setDropdownOpen(false);
+    tblDropDown->reloadData();
+}
+
+void CategoriesVC::markOnlyRow(int row) {
+    for (const std::shared_ptr<MainCategoryModel>& entry : m_arrMainCategories) {
+        entry->selected = false;
+    }
+    if (const std::shared_ptr<MainCategoryModel> entry = dropdownEntry(row)) {
+        entry->selected = true;
+    }
+}
+
+void CategoriesVC::showTitleOfRow(int row) {
+    if (const std::shared_ptr<MainCategoryModel> entry = dropdownEntry(row)) {
+        lblDropDown->setText(entry->title);
+    }
+}
+
+/// Null for a row that the list does not have.
+std::shared_ptr<MainCategoryModel> CategoriesVC::dropdownEntry(int row) const {
+    if (row < 0 || index(row) >= m_arrMainCategories.size()) {
+        return nullptr;
+    }
+    return m_arrMainCategories[index(row)];
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/uikit/UIButton.h"
+
+/// A button that interface files can name. It behaves like its base class.
+class GenericButton : public UIButton {
+public:
+    using UIButton::UIButton;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/runtime/Outlet.h"
+#include "platform/uikit/UILabel.h"
+#include "platform/uikit/UITableViewHeaderFooterView.h"
+
+/// The header of one section of the mode table, made from the nib of the same name for each header shown.
+class ModeHeaderView : public UITableViewHeaderFooterView {
+public:
+    using UITableViewHeaderFooterView::UITableViewHeaderFooterView;
+
+    Outlet<UILabel> lblHeaderTitle{"lblHeaderTitle"};
+};

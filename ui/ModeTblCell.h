@@ -1,0 +1,23 @@
+#pragma once
+
+#include "content/ModeItem.h"
+
+#include "platform/runtime/Outlet.h"
+#include "platform/uikit/UIImageView.h"
+#include "platform/uikit/UILabel.h"
+#include "platform/uikit/UITableViewCell.h"
+
+/// One row of the mode table, laid out by the nib of the same name. What it shows is wholly set by the last configure.
+class ModeTblCell : public UITableViewCell {
+public:
+    using UITableViewCell::UITableViewCell;
+
+    /// Called each time the row is dequeued.
+    void configure(const ModeItem& item);
+
+    Outlet<UIImageView> iconImageView{"iconImageView"};
+    Outlet<UILabel> lblTitle{"lblTitle"};
+    Outlet<UILabel> lblDesc{"lblDesc"};
+    Outlet<UIImageView> imgSelection{"imgSelection"};
+    Outlet<UIView> viewBackground{"viewBackground"};
+};

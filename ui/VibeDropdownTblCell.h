@@ -1,0 +1,18 @@
+#pragma once
+
+#include "ui/AppView.h"
+
+#include "platform/runtime/Outlet.h"
+#include "platform/uikit/UIImageView.h"
+#include "platform/uikit/UILabel.h"
+#include "platform/uikit/UITableViewCell.h"
+
+/// One row of the option dropdown, laid out by the nib of the same name and styled by the screen.
+class VibeDropdownTblCell : public UITableViewCell {
+public:
+    using UITableViewCell::UITableViewCell;
+
+    Outlet<UILabel> lblTitle{"lblTitle"};
+    Outlet<UIImageView> imgSelected{"imgSelected"};
+    Outlet<AppView> viewMain{"viewMain"};
+};

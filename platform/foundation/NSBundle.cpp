@@ -57,7 +57,7 @@ std::optional<std::filesystem::path> NSBundle::URLForResource(std::string_view n
         return std::nullopt;
     }
     if (const auto found = m_overrides.find(fileName); found != m_overrides.end()) {
-        return found->second;
+        return found->second.empty() ? std::nullopt : std::optional(found->second);
     }
     std::filesystem::path path = m_path / fileName;
     std::error_code error;

@@ -28,7 +28,8 @@ public:
     /// URLForResource:withExtension:
     [[nodiscard]] std::optional<std::filesystem::path> URLForResource(std::string_view name,
                                                                       std::string_view extension) const;
-    /// Lets `path` take the place of the resource `fileName` ("Family.json"), whether the bundle has it or not.
+    /// Lets `path` take the place of the resource `fileName` ("Family.json"), whether the bundle has it or not; an
+    /// empty path takes the resource away.
     void setResourceOverride(std::string fileName, std::filesystem::path path);
     /// A text of Info.plist, such as {"NSExtension", "NSExtensionMainStoryboard"}; none when the file or a key is
     /// missing or the value is not a text. The file is read at the first call.

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "platform/dispatch/MainRunLoop.h"
+#include "platform/messages/MSMessagesAppViewController.h"
+#include "platform/uikit/UIWindow.h"
+#include "simulator/conversation/Device.h"
+#include "simulator/conversation/EventLog.h"
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// Plays the Messages app around one extension: makes its principal controller from the main bundle's storyboard,
+/// shows it in a window, drives its callbacks and answers what it asks for. People are called "me", "A", "B" …; made by
+/// create(), closed before the run loop is reset.
+class ConversationHost : public MSMessagesAppHost, public std::enable_shared_from_this<ConversationHost> {
+public:
+    struct StyleRequest {
+        std::chrono::milliseconds time{0};
+        MSMessagesAppPresentationStyle style;
+        bool changed = false; // false: the extension already had that style
+    };
+    struct OpenedLink {
+        std::chrono::milliseconds time{0};
+        NSURL url;
+    };
+
+    /// `participants` are the others, in the order in which the extension is told of them.
+    [[nodiscard]] static std::shared_ptr<ConversationHost> create(Device device, std::vector<std::string> participants,
+                                                                  EventLog& log);
+    ~ConversationHost() override;
+
+    [[nodiscard]] bool isOpen() const { return m_controller != nullptr; }
+    [[nodiscard]] UIWindow& window() const { return *m_window; }
+    [[nodiscard]] const std::shared_ptr<MSMessagesAppViewController>& controller() const { return m_controller; }
+    [[nodiscard]] const Device& device() const { return m_device; }
+    [[nodiscard]] MSMessagesAppPresentationStyle style() const { return m_style; }
+    [[nodiscard]] const std::vector<StyleRequest>& styleRequests() const { return m_styleRequests; }
+    [[nodiscard]] const std::vector<OpenedLink>& links() const { return m_links; }
+
+    /// Opens the extension, or makes it active once more; `bubble` is the message it is opened from, may be null.
+    /// Content begins to load in the next turn.
+    void activate(const std::shared_ptr<MSMessage>& bubble);
+    void receive(const std::shared_ptr<MSMessage>& message);
+    void startSending();
+    void cancelSending();
+    void resign();
+    /// What dragging the extension's handle does: transition callbacks, new frame, layout.
+    void changeStyle(MSMessagesAppPresentationStyle style);
+    /// Takes the extension down. Nothing of it is kept.
+    void close();
+
+    [[nodiscard]] std::shared_ptr<MSMessage> makeMessage(const std::string& from, const std::optional<NSURL>& url);
+
+    /// Runs what is due now and lays the window out.
+    void settle();
+    void advance(std::chrono::milliseconds time);
+    void note(std::string kind, std::string text) { m_log.add(std::move(kind), std::move(text)); }
+
+    void presentationStyleRequested(MSMessagesAppViewController& controller,
+                                    MSMessagesAppPresentationStyle style) override;
+
+private:
+    class Context;
+
+    ConversationHost(Device device, std::vector<std::string> participants, EventLog& log);
+    void open();
+    void place();
+    void linkOpened(const NSURL& url);
+    [[nodiscard]] NSUUID identifierOf(const std::string& person);
+    [[nodiscard]] std::shared_ptr<MSConversation> conversation();
+
+    Device m_device;
+    EventLog& m_log;
+    std::vector<std::pair<std::string, NSUUID>> m_people; // first "me"
+    std::size_t m_remoteCount;
+    std::shared_ptr<UIWindow> m_window;
+    std::shared_ptr<MSMessagesAppViewController> m_controller;
+    std::shared_ptr<MSMessage> m_bubble;
+    MSMessagesAppPresentationStyle m_style = MSMessagesAppPresentationStyle::compact;
+    std::vector<StyleRequest> m_styleRequests;
+    std::vector<OpenedLink> m_links;
+};

@@ -1,0 +1,60 @@
+#include "simulator/conversation/Device.h"
+
+#include "simulator/findings/NearestName.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+constexpr CGFloat compactHeight = 300; // what the keyboard would take
+constexpr CGFloat topBar = 56;         // the conversation's own bar above an expanded extension
+
+UIEdgeInsets safeAreaOf(CGSize size) {
+    const bool roundedCorners = size.height >= 812; // these phones have a home indicator instead of a button
+    return roundedCorners ? UIEdgeInsets{59, 0, 34, 0} : UIEdgeInsets{20, 0, 0, 0};
+}
+
+Device makeDevice(const std::string& name, CGSize size, int scale) {
+    return {name, size, scale, safeAreaOf(size)};
+}
+
+} // namespace
+
+CGRect Device::compactFrame() const {
+    const CGFloat height = std::min(compactHeight + safeArea.bottom, size.height);
+    return CGRectMake(0, size.height - height, size.width, height);
+}
+
+CGRect Device::expandedFrame() const {
+    const CGFloat top = std::min(safeArea.top + topBar, size.height);
+    return CGRectMake(0, top, size.width, size.height - top);
+}
+
+Result<Device> deviceNamed(const std::string& name) {
+    static const std::vector<Device> known{
+        makeDevice("se", {320, 568}, 2),
+        makeDevice("8plus", {414, 736}, 3),
+        makeDevice("15", {393, 852}, 3),
+        makeDevice("15max", {430, 932}, 3),
+    };
+    std::vector<std::string> names;
+    for (const Device& device : known) {
+        if (device.name == name) {
+            return device;
+        }
+        names.push_back(device.name);
+    }
+    int width = 0;
+    int height = 0;
+    int scale = 0;
+    int length = 0;
+    const int fields = std::sscanf(name.c_str(), "%4dx%4d@%1d%n", &width, &height, &scale, &length);
+    const bool sensible = width >= 100 && height >= 100 && scale >= 1 && scale <= 3;
+    if (fields == 3 && static_cast<std::size_t>(length) == name.size() && sensible) {
+        return makeDevice(name, {static_cast<CGFloat>(width), static_cast<CGFloat>(height)}, scale);
+    }
+    return Failure{"unknown device '" + name + "'" + suggestion(name, names) +
+                   " (se, 8plus, 15, 15max, or a size such as 390x844@3, from 100 points and scale 1 to 3)"};
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/uikit/UITouch.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class ConversationHost;
+
+/// One finger on the extension's window. What it does goes the way of every touch: window, hit test, view. Points are
+/// in the window's coordinates.
+class Finger {
+public:
+    explicit Finger(ConversationHost& host) : m_host(host) {}
+
+    void tap(CGPoint point);
+    /// Down at the first point, along straight lines to the last, up. Takes 400 virtual milliseconds.
+    void drag(const std::vector<CGPoint>& points);
+
+    /// A text as single presses of keys.
+    [[nodiscard]] static std::vector<std::string> keystrokes(const std::string& text);
+
+private:
+    void report(const std::shared_ptr<UITouch>& touch);
+
+    ConversationHost& m_host;
+};

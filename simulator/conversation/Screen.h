@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/uikit/UIWindow.h"
+#include "simulator/flows/Selector.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Something on the screen that a person could name: a view with a text, a label for assistive tools or an identifier.
+class ScreenElement {
+public:
+    ScreenElement(UIWindow& window, std::shared_ptr<UIView> view);
+
+    [[nodiscard]] const std::shared_ptr<UIView>& view() const { return m_view; }
+    /// Line breaks count as spaces.
+    [[nodiscard]] const std::vector<std::string>& texts() const { return m_texts; }
+    [[nodiscard]] const std::string& identifier() const { return m_view->accessibilityIdentifier(); }
+    /// In the window's coordinates.
+    [[nodiscard]] const CGRect& frame() const { return m_frame; }
+
+    /// How much of it can be seen, from 0 to 1: what is inside all clipping ancestors and not painted over.
+    [[nodiscard]] double visibleShare() const;
+    /// Where a finger would touch it: the visible point nearest to its middle at which it, a view around or inside it,
+    /// or the control that spans it receives the touch. None when there is no such point.
+    [[nodiscard]] std::optional<CGPoint> pointToTouch() const;
+    /// What a touch in the middle would go to instead, in words.
+    [[nodiscard]] std::string receiver() const;
+
+private:
+    [[nodiscard]] std::vector<CGPoint> visiblePoints() const;
+    [[nodiscard]] bool takesTouchesOf(const UIView& hit) const;
+
+    UIWindow* m_window;
+    std::shared_ptr<UIView> m_view;
+    std::vector<std::string> m_texts;
+    CGRect m_frame;
+    CGRect m_visible; // the part of the frame inside all clipping ancestors; empty when hidden
+};
+
+/// What can be found on the extension's screen at this moment. Short-lived: it refers to the window.
+class Screen {
+public:
+    /// Less than this share of an element counts as not visible.
+    static constexpr double enough = 0.5;
+
+    explicit Screen(UIWindow& window) : m_window(window) {}
+
+    /// The visible element that is meant; without an index the first from the top.
+    [[nodiscard]] std::optional<ScreenElement> find(const Selector& selector) const;
+    /// Whether it would be found, were it visible.
+    [[nodiscard]] bool hasHidden(const Selector& selector) const;
+    [[nodiscard]] std::vector<std::string> visibleTexts() const;
+    [[nodiscard]] std::vector<std::string> visibleIdentifiers() const;
+
+private:
+    [[nodiscard]] std::vector<ScreenElement> elements() const;
+
+    UIWindow& m_window;
+};

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/uikit/UIView.h"
+
+#include <string>
+#include <vector>
+
+/// What a view says: its own text (of a text field without one, the placeholder), then its label for assistive tools.
+[[nodiscard]] std::vector<std::string> textsOf(const UIView& view);

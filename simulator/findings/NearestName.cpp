@@ -1,0 +1,51 @@
+#include "simulator/findings/NearestName.h"
+
+#include <algorithm>
+#include <cctype>
+#include <numeric>
+
+namespace {
+
+char lower(char letter) {
+    return static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+}
+
+std::size_t editDistance(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i + 1;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t replaced = diagonal + (lower(a[i]) == lower(b[j]) ? 0u : 1u);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row[b.size()];
+}
+
+} // namespace
+
+std::optional<std::string> nearestName(std::string_view wanted, const std::vector<std::string>& known) {
+    // Longer texts are not names; comparing them would cost more than the hint is worth.
+    constexpr std::size_t longest = 200;
+    std::optional<std::string> nearest;
+    std::size_t best = std::max<std::size_t>(2, wanted.size() / 3) + 1;
+    for (const std::string& name : known) {
+        if (wanted.size() > longest || name.size() > longest) {
+            continue;
+        }
+        const std::size_t distance = editDistance(wanted, name);
+        if (distance < best && distance < std::max(wanted.size(), name.size())) {
+            best = distance;
+            nearest = name;
+        }
+    }
+    return nearest;
+}
+
+std::string suggestion(std::string_view wanted, const std::vector<std::string>& known) {
+    const std::optional<std::string> nearest = nearestName(wanted, known);
+    return nearest ? "; did you mean " + *nearest + "?" : "";
+}

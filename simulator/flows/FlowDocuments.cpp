@@ -1,0 +1,135 @@
+#include "simulator/flows/FlowDocuments.h"
+
+#include <yaml-cpp/yaml.h>
+
+#include <set>
+#include <sstream>
+#include <string_view>
+
+namespace {
+
+bool opensValue(std::string_view before) {
+    const std::size_t last = before.find_last_not_of(' ');
+    if (last == std::string_view::npos) {
+        return true;
+    }
+    const bool spaced = last + 1 < before.size();
+    const char mark = before[last];
+    return mark == '[' || mark == '{' || mark == ',' || (spaced && (mark == '-' || mark == ':'));
+}
+
+/// The column after the quote that closes the one at `start`; npos when the line ends first.
+std::size_t afterClosingQuote(std::string_view line, std::size_t start) {
+    const char quote = line[start];
+    for (std::size_t i = start + 1; i < line.size(); ++i) {
+        if (quote == '"' && line[i] == '\\') {
+            ++i;
+        } else if (line[i] == quote) {
+            if (quote == '"' || i + 1 == line.size() || line[i + 1] != '\'') {
+                return i + 1;
+            }
+            ++i; // a doubled single quote stands for one
+        }
+    }
+    return std::string_view::npos;
+}
+
+/// YAML lets a quoted text run on over the following lines; in a flow that is always a forgotten quote.
+void checkQuotes(std::string_view line, int number, FlowProblems& problems) {
+    std::size_t i = 0;
+    while (i < line.size()) {
+        const bool quote = line[i] == '\'' || line[i] == '"';
+        if (line[i] == '#' && (i == 0 || line[i - 1] == ' ')) {
+            return;
+        }
+        if (!quote || !opensValue(line.substr(0, i))) {
+            ++i;
+            continue;
+        }
+        const std::size_t end = afterClosingQuote(line, i);
+        if (end == std::string_view::npos) {
+            problems.add(number, static_cast<int>(i) + 1, "this quote is not closed on its line");
+            return;
+        }
+        i = end;
+    }
+}
+
+void checkLines(const std::string& text, FlowProblems& problems) {
+    std::istringstream lines(text);
+    std::string line;
+    for (int number = 1; std::getline(lines, line); ++number) {
+        const std::size_t content = line.find_first_not_of(" \t\r");
+        const std::size_t tab = line.find('\t');
+        if (content != std::string::npos && tab < content) {
+            problems.add(number, static_cast<int>(tab) + 1, "tab used for indentation; use spaces");
+        } else {
+            checkQuotes(line, number, problems);
+        }
+    }
+}
+
+FlowNode convert(const YAML::Node& node, FlowProblems& problems);
+
+void convertEntries(const YAML::Node& node, FlowNode& result, FlowProblems& problems) {
+    std::set<std::string> seen;
+    for (const auto& pair : node) {
+        FlowEntry entry{convert(pair.first, problems), convert(pair.second, problems)};
+        if (entry.key.kind != FlowNode::Kind::text) {
+            problems.add(entry.key, "a key must be a plain word");
+        } else if (!seen.insert(entry.key.text).second) {
+            problems.add(entry.key, "'" + entry.key.text + "' is written twice");
+        }
+        if (entry.value.kind == FlowNode::Kind::nothing) { // YAML places what is not there one line too low
+            entry.value.line = entry.key.line;
+            entry.value.column = entry.key.column;
+        }
+        result.entries.push_back(std::move(entry));
+    }
+}
+
+FlowNode convert(const YAML::Node& node, FlowProblems& problems) {
+    FlowNode result;
+    result.line = node.Mark().line + 1;
+    result.column = node.Mark().column + 1;
+    switch (node.Type()) {
+    case YAML::NodeType::Scalar:
+        result.kind = FlowNode::Kind::text;
+        result.text = node.Scalar();
+        break;
+    case YAML::NodeType::Sequence:
+        result.kind = FlowNode::Kind::list;
+        for (const auto& item : node) {
+            result.items.push_back(convert(item, problems));
+        }
+        break;
+    case YAML::NodeType::Map:
+        result.kind = FlowNode::Kind::map;
+        convertEntries(node, result, problems);
+        break;
+    case YAML::NodeType::Null:
+    case YAML::NodeType::Undefined:
+        break;
+    }
+    return result;
+}
+
+} // namespace
+
+std::vector<FlowNode> readFlowDocuments(const std::string& text, FlowProblems& problems) {
+    std::vector<FlowNode> documents;
+    checkLines(text, problems);
+    if (problems.findings().empty()) {
+        try {
+            for (const YAML::Node& document : YAML::LoadAll(text)) {
+                documents.push_back(convert(document, problems));
+            }
+        } catch (const YAML::Exception& error) {
+            problems.add(error.mark.line + 1, error.mark.column + 1, "not readable as YAML: " + error.msg);
+        }
+    }
+    if (!problems.findings().empty()) {
+        documents.clear();
+    }
+    return documents;
+}

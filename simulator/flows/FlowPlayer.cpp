@@ -1,0 +1,92 @@
+#include "simulator/flows/FlowPlayer.h"
+
+#include "platform/foundation/DebugConsole.h"
+#include "simulator/findings/NearestName.h"
+
+#include <filesystem>
+
+namespace {
+
+constexpr std::chrono::milliseconds patience(7000);
+constexpr std::chrono::milliseconds step(50);
+
+} // namespace
+
+FlowPlayer::FlowPlayer(const Flow& flow, Device device, std::function<void(const Event&)> listener)
+    : m_flow(flow), m_log(std::move(listener)) {
+    MainRunLoop::shared().useVirtualClock();
+    m_host = ConversationHost::create(std::move(device), flow.participants, m_log);
+    setDebugConsoleObserver([this](std::string_view line) { m_debugLines.emplace_back(line); });
+}
+
+FlowPlayer::~FlowPlayer() {
+    m_host->close();
+    MainRunLoop::shared().reset();
+    setDebugConsoleObserver({});
+}
+
+FlowResult FlowPlayer::play() {
+    for (const FlowStep& flowStep : m_flow.steps) {
+        playStep(flowStep);
+    }
+    return {m_flow.file,  m_flow.name,     m_host->device().name,   m_log.events(),
+            m_debugLines, m_host->links(), m_host->styleRequests(), m_failures};
+}
+
+void FlowPlayer::playStep(const FlowStep& flowStep) {
+    const Outcome outcome = flowStep.run(*this);
+    m_host->settle();
+    if (outcome) {
+        m_failures.push_back(
+            {m_flow.file, flowStep.line, flowStep.column, Severity::error, flowStep.command + ": " + outcome->message});
+        m_log.add("failure", describe(m_failures.back()));
+    }
+}
+
+bool FlowPlayer::waitUntil(const std::function<bool()>& condition) {
+    m_host->settle();
+    for (std::chrono::milliseconds waited(0); !condition(); waited += step) {
+        if (waited >= patience) {
+            return false;
+        }
+        m_host->advance(step);
+    }
+    return true;
+}
+
+std::optional<ScreenElement> FlowPlayer::waitForElement(const Selector& selector) {
+    std::optional<ScreenElement> element;
+    waitUntil([&] {
+        element = Screen(m_host->window()).find(selector);
+        return element.has_value();
+    });
+    return element;
+}
+
+Failure FlowPlayer::missing(const Selector& selector) {
+    const Screen screen(m_host->window());
+    if (!m_host->isOpen()) {
+        return {"the extension has not been opened yet; begin with launchApp or openBubble"};
+    }
+    if (screen.hasHidden(selector)) {
+        return {describe(selector) + " is there but cannot be seen: hidden, covered or scrolled away"};
+    }
+    const std::string hint = selector.text ? suggestion(*selector.text, screen.visibleTexts())
+                                           : suggestion(*selector.id, screen.visibleIdentifiers());
+    return {"no " + describe(selector) + " on the screen" + hint};
+}
+
+std::optional<NSURL> FlowPlayer::nextLink() {
+    const auto& links = m_host->links();
+    return m_linksAsked < links.size() ? std::optional(links[m_linksAsked++].url) : std::nullopt;
+}
+
+std::vector<std::string> FlowPlayer::takeDebugLines() {
+    const auto first = m_debugLines.begin() + static_cast<std::ptrdiff_t>(m_debugLinesTaken);
+    m_debugLinesTaken = m_debugLines.size();
+    return {first, m_debugLines.end()};
+}
+
+std::string FlowPlayer::besideFlow(const std::string& file) const {
+    return (std::filesystem::path(m_flow.file).parent_path() / file).string();
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "simulator/conversation/ConversationHost.h"
+#include "simulator/conversation/Screen.h"
+#include "simulator/findings/Finding.h"
+#include "simulator/flows/Flow.h"
+#include "simulator/flows/FlowResult.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Plays one flow from a fresh conversation to its end, in virtual time; a failed step does not stop it. Commands use
+/// it to reach the host and to wait for what they are about. The main bundle is set up by the caller.
+class FlowPlayer {
+public:
+    FlowPlayer(const Flow& flow, Device device, std::function<void(const Event&)> listener);
+    ~FlowPlayer();
+    FlowPlayer(const FlowPlayer&) = delete;
+    FlowPlayer& operator=(const FlowPlayer&) = delete;
+
+    [[nodiscard]] FlowResult play();
+
+    // For the commands.
+    [[nodiscard]] ConversationHost& host() { return *m_host; }
+    /// Lets virtual time pass until the condition holds, seven seconds at most.
+    bool waitUntil(const std::function<bool()>& condition);
+    [[nodiscard]] std::optional<ScreenElement> waitForElement(const Selector& selector);
+    /// Why an element was not found, with the nearest that is there.
+    [[nodiscard]] Failure missing(const Selector& selector);
+    /// The first link that no one asked for yet.
+    [[nodiscard]] std::optional<NSURL> nextLink();
+    /// The debug lines since the last call.
+    [[nodiscard]] std::vector<std::string> takeDebugLines();
+    [[nodiscard]] std::string besideFlow(const std::string& file) const;
+
+private:
+    void playStep(const FlowStep& step);
+
+    const Flow& m_flow;
+    EventLog m_log;
+    std::shared_ptr<ConversationHost> m_host;
+    std::vector<std::string> m_debugLines;
+    std::vector<Finding> m_failures;
+    std::size_t m_linksAsked = 0;
+    std::size_t m_debugLinesTaken = 0;
+};

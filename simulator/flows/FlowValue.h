@@ -1,0 +1,48 @@
+#pragma once
+
+#include "simulator/flows/FlowNode.h"
+#include "simulator/flows/FlowProblems.h"
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A value of a flow file while it is turned into a command: typed access that reports what does not fit and then
+/// answers with an empty value, so that one reading finds every problem. Refers to a node and problems that outlive it.
+class FlowValue {
+public:
+    FlowValue(const FlowNode& node, FlowProblems& problems) : m_node(&node), m_problems(&problems) {}
+
+    [[nodiscard]] bool isNothing() const { return m_node->kind == FlowNode::Kind::nothing; }
+    [[nodiscard]] bool isText() const { return m_node->kind == FlowNode::Kind::text; }
+    [[nodiscard]] bool isList() const { return m_node->kind == FlowNode::Kind::list; }
+    [[nodiscard]] bool isMap() const { return m_node->kind == FlowNode::Kind::map; }
+    [[nodiscard]] const FlowNode& node() const { return *m_node; }
+
+    [[nodiscard]] std::string text() const;
+    /// Not empty.
+    [[nodiscard]] std::string name() const;
+    /// One of these words.
+    [[nodiscard]] std::string word(const std::vector<std::string>& words) const;
+    /// A whole number, 0 or above.
+    [[nodiscard]] int count() const;
+    [[nodiscard]] std::vector<FlowValue> list() const;
+    /// The texts of a list, or one text standing for a list of one.
+    [[nodiscard]] std::vector<std::string> texts() const;
+
+    /// For maps: the value under a key; absent when the key is.
+    [[nodiscard]] std::optional<FlowValue> find(std::string_view key) const;
+    [[nodiscard]] std::string requiredText(std::string_view key) const;
+    /// Reports keys other than these, and a value that is no map.
+    void allowOnly(std::initializer_list<const char*> keys) const;
+    /// For commands that take nothing.
+    void expectNothing() const;
+
+    void complain(const std::string& message) const { m_problems->add(*m_node, message); }
+
+private:
+    const FlowNode* m_node;
+    FlowProblems* m_problems;
+};

@@ -1,0 +1,167 @@
+#include "simulator/conversation/ConversationHost.h"
+#include "simulator/conversation/Finger.h"
+#include "simulator/conversation/ViewTree.h"
+#include "simulator/flows/FlowCommands.h"
+#include "simulator/flows/FlowPlayer.h"
+#include "simulator/flows/FlowPoint.h"
+#include "simulator/flows/Selector.h"
+
+#include "platform/uikit/UITextField.h"
+
+#include <map>
+
+namespace {
+
+using Stroke = std::vector<FlowPoint>;
+
+FlowPoint share(double x, double y) {
+    return {x, y, true};
+}
+
+/// From where to where each direction goes, in per cent of the window.
+Stroke strokeTowards(const std::string& direction) {
+    static const std::map<std::string, Stroke> strokes{
+        {"UP", {share(50, 50), share(50, 10)}},
+        {"DOWN", {share(50, 20), share(50, 90)}},
+        {"LEFT", {share(90, 50), share(10, 50)}},
+        {"RIGHT", {share(10, 50), share(90, 50)}},
+    };
+    const auto found = strokes.find(direction);
+    return found == strokes.end() ? Stroke() : found->second;
+}
+
+std::string readDirection(const FlowValue& value) {
+    return value.word({"UP", "DOWN", "LEFT", "RIGHT"});
+}
+
+void drag(FlowPlayer& player, const Stroke& stroke) {
+    std::vector<CGPoint> points;
+    for (const FlowPoint& point : stroke) {
+        points.push_back(point.in(player.host().window().bounds().size));
+    }
+    Finger(player.host()).drag(points);
+}
+
+Outcome tapElement(FlowPlayer& player, const Selector& selector) {
+    const std::optional<ScreenElement> element = player.waitForElement(selector);
+    if (!element) {
+        return player.missing(selector);
+    }
+    const std::optional<CGPoint> point = element->pointToTouch();
+    if (!point) {
+        return Failure{describe(selector) + " cannot be tapped: a touch there would go to " + element->receiver()};
+    }
+    player.host().note("tap", "tapped " + describe(selector));
+    Finger(player.host()).tap(*point);
+    return std::nullopt;
+}
+
+/// What a scroll can change; equal before and after when the end is reached.
+std::string look(FlowPlayer& player) {
+    return describeTree(player.host().window(), TreeDetail::stable);
+}
+
+Outcome scrollTo(FlowPlayer& player, const Selector& selector, const std::string& direction) {
+    constexpr double whole = 0.999;
+    while (true) {
+        const std::optional<ScreenElement> element = Screen(player.host().window()).find(selector);
+        if (element && element->visibleShare() >= whole) {
+            return std::nullopt;
+        }
+        const std::string before = look(player);
+        drag(player, strokeTowards(direction));
+        if (look(player) == before) {
+            return element ? Outcome() : player.missing(selector);
+        }
+    }
+}
+
+Stroke readSwipeMap(const FlowValue& value) {
+    value.allowOnly({"direction", "start", "end"});
+    if (const auto direction = value.find("direction")) {
+        return strokeTowards(readDirection(*direction));
+    }
+    const auto start = value.find("start");
+    const auto end = value.find("end");
+    if (!start || !end) {
+        value.complain("'direction', or 'start' and 'end', must say where the finger goes");
+        return {};
+    }
+    return {readPoint(*start), readPoint(*end)};
+}
+
+} // namespace
+
+FlowAction readTapOn(const FlowValue& value) {
+    if (value.isMap()) {
+        value.allowOnly({"text", "id", "index", "point"});
+        if (const auto point = value.find("point")) {
+            return [target = readPoint(*point)](FlowPlayer& player) -> Outcome {
+                Finger(player.host()).tap(target.in(player.host().window().bounds().size));
+                return std::nullopt;
+            };
+        }
+        return [selector = readSelectorKeys(value)](FlowPlayer& player) { return tapElement(player, selector); };
+    }
+    return [selector = readSelector(value)](FlowPlayer& player) { return tapElement(player, selector); };
+}
+
+FlowAction readSwipe(const FlowValue& value) {
+    Stroke stroke;
+    if (value.isList()) {
+        for (const FlowValue& point : value.list()) {
+            stroke.push_back(readPoint(point));
+        }
+        if (stroke.size() < 2) {
+            value.complain("a swipe needs two points at least");
+        }
+    } else {
+        stroke = readSwipeMap(value);
+    }
+    return [stroke](FlowPlayer& player) -> Outcome {
+        drag(player, stroke);
+        return std::nullopt;
+    };
+}
+
+FlowAction readScroll(const FlowValue& value) {
+    value.expectNothing();
+    return [](FlowPlayer& player) -> Outcome {
+        drag(player, strokeTowards("UP"));
+        return std::nullopt;
+    };
+}
+
+FlowAction readScrollUntilVisible(const FlowValue& value) {
+    Selector selector;
+    std::string direction = "UP";
+    if (value.isMap()) {
+        value.allowOnly({"element", "direction"});
+        const auto element = value.find("element");
+        if (element) {
+            selector = readSelector(*element);
+        } else {
+            value.complain("'element' must say what to scroll to");
+        }
+        if (const auto towards = value.find("direction")) { // the direction to look in; the finger goes the other way
+            direction = towards->word({"UP", "DOWN"}) == "UP" ? "DOWN" : "UP";
+        }
+    } else {
+        selector = readSelector(value);
+    }
+    return [selector, direction](FlowPlayer& player) { return scrollTo(player, selector, direction); };
+}
+
+FlowAction readInputText(const FlowValue& value) {
+    return [text = value.text()](FlowPlayer& player) -> Outcome {
+        const auto field = std::dynamic_pointer_cast<UITextField>(UIResponder::firstResponder());
+        if (!field) {
+            return Failure{"no text field has the keyboard; tap on one first"};
+        }
+        for (const std::string& character : Finger::keystrokes(text)) {
+            field->insertText(character);
+        }
+        player.host().settle();
+        return std::nullopt;
+    };
+}

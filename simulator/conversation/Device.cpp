@@ -1,6 +1,6 @@
 #include "simulator/conversation/Device.h"
 
-#include "simulator/findings/NearestName.h"
+#include "platform/foundation/Nearest.h"
 
 #include <algorithm>
 #include <cstdio>

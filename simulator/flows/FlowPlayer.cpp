@@ -1,7 +1,7 @@
 #include "simulator/flows/FlowPlayer.h"
 
 #include "platform/foundation/DebugConsole.h"
-#include "simulator/findings/NearestName.h"
+#include "platform/foundation/Nearest.h"
 
 #include <filesystem>
 

@@ -1,7 +1,7 @@
 #include "simulator/flows/FlowReader.h"
 
 #include "platform/foundation/FileReading.h"
-#include "simulator/findings/NearestName.h"
+#include "platform/foundation/Nearest.h"
 #include "simulator/flows/FlowCommands.h"
 #include "simulator/flows/FlowDocuments.h"
 #include "simulator/flows/FlowValue.h"

@@ -1,6 +1,6 @@
 #include "simulator/flows/FlowValue.h"
 
-#include "simulator/findings/NearestName.h"
+#include "platform/foundation/Nearest.h"
 
 #include <algorithm>
 #include <charconv>

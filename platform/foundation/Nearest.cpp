@@ -1,4 +1,4 @@
-#include "simulator/findings/NearestName.h"
+#include "platform/foundation/Nearest.h"
 
 #include <algorithm>
 #include <cctype>

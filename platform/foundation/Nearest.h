@@ -6,7 +6,7 @@
 #include <vector>
 
 /// The known name that a mistyped one was probably meant to be: fewest edits, letter case aside. Absent when none is
-/// near enough to be worth naming.
+/// near enough to be worth naming. Any thread.
 [[nodiscard]] std::optional<std::string> nearestName(std::string_view wanted, const std::vector<std::string>& known);
 
 /// "; did you mean NAME?", or nothing.

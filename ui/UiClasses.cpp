@@ -1,6 +1,7 @@
 #include "ui/UiClasses.h"
 
 #include "ui/AppView.h"
+#include "ui/DrawingView.h"
 #include "ui/GenericButton.h"
 #include "ui/GenericLabel.h"
 #include "ui/ModeHeaderView.h"
@@ -50,10 +51,20 @@ void registerTableParts() {
         .outlet("viewMain", &VibeDropdownTblCell::viewMain);
 }
 
+void registerCanvas() {
+    ClassBuilder<DrawingView>("DrawingView", "UIView")
+        .madeByCoder()
+        .outlet("delegate", &DrawingView::setDelegate)
+        .property("strokeColor", &DrawingView::setStrokeColor)
+        .property("strokeWidth", &DrawingView::setStrokeWidth)
+        .property("showPencil", &DrawingView::setShowPencil);
+}
+
 } // namespace
 
 void registerUiClasses() {
     extendPlatformClasses();
     registerStyledViews();
     registerTableParts();
+    registerCanvas();
 }

@@ -5,7 +5,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <map>
 #include <random>
 
 namespace {
@@ -50,13 +53,15 @@ double violation(const LayoutConstraint& constraint, const std::vector<CGRect>& 
 class RandomSystem {
 public:
     explicit RandomSystem(unsigned seed) : m_random(seed) {
-        for (int item = 0; item < 2 + number(8); ++item) {
+        const int itemCount = 2 + number(8);
+        for (int item = 0; item < itemCount; ++item) {
             m_items.push_back({.name = "item " + std::to_string(item)});
             m_frames.push_back(CGRectMake(number(300), number(300), number(100), number(100)));
             if (number(3) == 0)
                 m_items.back().intrinsicWidth = number(150);
         }
-        for (int count = 0; count < 10 + number(40); ++count)
+        const int constraintCount = 10 + number(40);
+        for (int count = 0; count < constraintCount; ++count)
             addConstraint();
     }
 
@@ -64,7 +69,7 @@ public:
     [[nodiscard]] const std::vector<LayoutConstraint>& constraints() const { return m_constraints; }
 
 private:
-    int number(int below) { return std::uniform_int_distribution<int>(0, below - 1)(m_random); }
+    int number(int below) { return static_cast<int>(m_random() % static_cast<unsigned>(below)); }
 
     void addConstraint() {
         static constexpr LayoutAttribute attributes[2][4] = {
@@ -79,6 +84,7 @@ private:
         constraint.multiplier = number(4) == 0 ? 0.25 * (1 + number(12)) : 1;
         constraint.relation = static_cast<LayoutRelation>(number(3) - 1);
         constraint.priority = number(3) == 0 ? 1 + number(999) : 1000;
+        constraint.name = "constraint " + std::to_string(m_constraints.size());
         const double first = valueOf(m_frames[static_cast<std::size_t>(constraint.first)], constraint.firstAttribute);
         if (constraint.second >= 0) {
             constraint.constant =
@@ -171,6 +177,61 @@ TEST(LayoutRobustnessTest, OneHigherWishIsWorthMoreThanAllLowerOnesInEverySystem
         const auto together = cost(solveLayout(items, system.constraints()));
         for (const auto& [priority, sum] : alone)
             ASSERT_NEAR(sum, together.at(priority), 1e-4) << "priority " << -priority;
+    }
+}
+
+/// Takes a system that has an answer and moves some of its required constraints.
+std::vector<LayoutConstraint> spoiled(const RandomSystem& system, unsigned seed) {
+    std::vector<LayoutConstraint> constraints = system.constraints();
+    std::mt19937 random(seed);
+    for (int count = 0; count < 4; ++count)
+        constraints[random() % constraints.size()].constant += static_cast<double>(random() % 400) - 200;
+    return constraints;
+}
+
+TEST(LayoutRobustnessTest, WhatIsNotReportedHoldsInEverySystemThatContradictsItself) {
+    std::size_t conflicts = 0;
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        SCOPED_TRACE(seed);
+        const RandomSystem system(seed);
+        const std::vector<LayoutConstraint> constraints = spoiled(system, seed);
+        const LayoutResult result = solveLayout(system.items(), constraints);
+        conflicts += result.conflicts.size();
+        std::vector<bool> isLeftOut(constraints.size(), false);
+        for (const LayoutConflict& conflict : result.conflicts)
+            isLeftOut.at(static_cast<std::size_t>(conflict.constraint)) = true;
+        for (std::size_t index = 0; index < constraints.size(); ++index) {
+            if (constraints[index].priority >= 1000 && !isLeftOut[index]) {
+                ASSERT_LT(violation(constraints[index], result.frames), 1e-6) << constraints[index].name;
+            }
+        }
+    }
+    EXPECT_GT(conflicts, 100U);
+}
+
+TEST(LayoutRobustnessTest, ConflictNamesConstraintsThatContradictEachOtherAndNoneThatIsNeedless) {
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        const RandomSystem system(seed);
+        const std::vector<LayoutConstraint> constraints = spoiled(system, seed);
+        const LayoutResult result = solveLayout(system.items(), constraints);
+        for (const LayoutConflict& conflict : result.conflicts) {
+            SCOPED_TRACE("seed " + std::to_string(seed) + " " + conflict.name);
+            std::vector<LayoutConstraint> involved;
+            for (const LayoutConstraint& constraint : constraints) {
+                const auto& others = conflict.others;
+                if (constraint.name == conflict.name ||
+                    std::find(others.begin(), others.end(), constraint.name) != others.end())
+                    involved.push_back(constraint);
+            }
+            ASSERT_GE(solveLayout(system.items(), involved).conflicts.size(), 1U);
+            // Fewer of them may only contradict each other for another reason, a size below zero.
+            for (std::size_t index = 0; index < involved.size() && result.conflicts.size() == 1; ++index) {
+                std::vector<LayoutConstraint> rest = involved;
+                rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(index));
+                for (const LayoutConflict& smaller : solveLayout(system.items(), rest).conflicts)
+                    ASSERT_THAT(conflict.others, testing::Not(testing::IsSupersetOf(smaller.others)));
+            }
+        }
     }
 }
 

@@ -1,0 +1,264 @@
+#include "platform/dispatch/MainRunLoop.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Virtual time, and a list of what happened and when.
+class MainRunLoopTest : public testing::Test {
+protected:
+    MainRunLoopTest() { loop.useVirtualClock(); }
+    ~MainRunLoopTest() override { loop.reset(); }
+
+    void note(const std::string& what) { log.push_back(what + "@" + std::to_string(loop.now() / 1ms)); }
+    dispatch_block_t noting(const std::string& what) {
+        return [this, what] { note(what); };
+    }
+    void after(std::chrono::nanoseconds delay, dispatch_block_t block) {
+        dispatch_after(dispatch_time(DISPATCH_TIME_NOW, delay.count()), dispatch_get_main_queue(), std::move(block));
+    }
+    void onMain(dispatch_block_t block) { dispatch_async(dispatch_get_main_queue(), std::move(block)); }
+    void inBackground(dispatch_block_t block) {
+        dispatch_async(dispatch_get_global_queue(QOS_CLASS_USER_INITIATED), std::move(block));
+    }
+
+    using Log = std::vector<std::string>;
+    MainRunLoop& loop = MainRunLoop::shared();
+    Log log;
+};
+
+} // namespace
+
+TEST_F(MainRunLoopTest, RunsNothingInsideTheCallThatPosts) {
+    onMain(noting("main"));
+    inBackground(noting("background"));
+    EXPECT_EQ(log, Log{});
+    loop.runUntilIdle();
+    EXPECT_EQ(log.size(), 2U);
+    EXPECT_FALSE(loop.runReady());
+}
+
+TEST_F(MainRunLoopTest, RunsWhatABlockPostsInALaterTurn) {
+    onMain([this] {
+        note("first");
+        onMain(noting("third"));
+    });
+    onMain(noting("second"));
+    EXPECT_TRUE(loop.runReady());
+    EXPECT_EQ(log, (Log{"first@0", "second@0"}));
+    EXPECT_TRUE(loop.runReady());
+    EXPECT_EQ(log.back(), "third@0");
+}
+
+TEST_F(MainRunLoopTest, StepsThroughDueTimesInOrder) {
+    after(500ms, noting("c"));
+    after(100ms, [this] {
+        note("a");
+        after(100ms, noting("b"));
+    });
+    after(500ms, noting("d"));
+    after(501ms, noting("late"));
+    loop.advance(500ms);
+    EXPECT_EQ(log, (Log{"a@100", "b@200", "c@500", "d@500"}));
+    EXPECT_EQ(loop.now(), 500ms);
+    EXPECT_EQ(loop.nextDueTime(), 501ms);
+}
+
+TEST_F(MainRunLoopTest, KeepsATimerWithinItsNanosecond) {
+    after(500ms, noting("timer"));
+    loop.advance(500ms - 1ns);
+    EXPECT_EQ(log, Log{});
+    loop.advance(1ns);
+    EXPECT_EQ(log, (Log{"timer@500"}));
+}
+
+TEST_F(MainRunLoopTest, CountsDelaysFromTheGivenMoment) {
+    loop.advance(10ms);
+    const dispatch_time_t later = dispatch_time(dispatch_time(DISPATCH_TIME_NOW, 5'000'000), 5'000'000);
+    dispatch_after(later, dispatch_get_main_queue(), noting("later"));
+    dispatch_after(dispatch_time(DISPATCH_TIME_NOW, -50'000'000), dispatch_get_main_queue(), noting("past"));
+    dispatch_after(DISPATCH_TIME_FOREVER, dispatch_get_main_queue(), noting("never"));
+    dispatch_after(dispatch_time(DISPATCH_TIME_NOW, INT64_MAX), dispatch_get_main_queue(), noting("never"));
+    loop.advance(1h);
+    EXPECT_EQ(log, (Log{"past@10", "later@20"}));
+}
+
+TEST_F(MainRunLoopTest, WaitsForBackgroundWorkAndRunsWhatItPostsLater) {
+    const std::thread::id mainThread = std::this_thread::get_id();
+    inBackground([&, this] {
+        EXPECT_NE(std::this_thread::get_id(), mainThread);
+        onMain([&, this] {
+            EXPECT_EQ(std::this_thread::get_id(), mainThread);
+            note("result");
+        });
+        note("work");
+    });
+    EXPECT_TRUE(loop.runReady());
+    EXPECT_EQ(log, (Log{"work@0"}));
+    EXPECT_TRUE(loop.runReady());
+    EXPECT_EQ(log.back(), "result@0");
+}
+
+TEST_F(MainRunLoopTest, HoldsBackgroundWorkBackForTheLatency) {
+    loop.setBackgroundLatency(30ms);
+    inBackground([this] { onMain(noting("result")); });
+    after(20ms, noting("earlier"));
+    after(40ms, noting("later"));
+    loop.advance(1s);
+    EXPECT_EQ(log, (Log{"earlier@20", "result@30", "later@40"}));
+}
+
+TEST_F(MainRunLoopTest, OrdersWhatBackgroundWorkPostsByTheWorkNotByTheFasterThread) {
+    for (int round = 0; round < 20; ++round) {
+        log.clear();
+        std::atomic<bool> secondIsDone = false;
+        inBackground([&, this] {
+            while (!secondIsDone) {
+                std::this_thread::yield();
+            }
+            onMain(noting("first"));
+        });
+        inBackground([&, this] {
+            onMain(noting("second"));
+            onMain(noting("third"));
+            secondIsDone = true;
+        });
+        loop.runUntilIdle();
+        ASSERT_EQ(log, (Log{"first@0", "second@0", "third@0"}));
+    }
+}
+
+TEST_F(MainRunLoopTest, ShowsEveryTurnToItsObserver) {
+    loop.setTurnObserver(noting("layout"));
+    onMain([this] { after(100ms, noting("timer")); });
+    loop.advance(200ms);
+    EXPECT_EQ(log, (Log{"layout@0", "timer@100", "layout@100"}));
+}
+
+TEST_F(MainRunLoopTest, MovesAStrongReferenceFromBackgroundToMainAndDropsItThere) {
+    std::thread::id destroyedOn;
+    std::shared_ptr<int> screen(std::make_unique<int>(1).release(), [&](int* value) {
+        destroyedOn = std::this_thread::get_id();
+        std::default_delete<int>()(value);
+    });
+    inBackground([this, weak = std::weak_ptr<int>(screen), &screen]() mutable {
+        std::shared_ptr<int> strong = weak.lock();
+        screen.reset(); // the last reference is the block's now
+        onMain([strong = std::move(strong), this] { note("applied " + std::to_string(*strong)); });
+    });
+    loop.runUntilIdle();
+    EXPECT_EQ(log, (Log{"applied 1@0"}));
+    EXPECT_EQ(destroyedOn, std::this_thread::get_id());
+}
+
+TEST_F(MainRunLoopTest, DestroysABlockRightAfterItHasRun) {
+    auto held = std::make_shared<int>(0);
+    const std::weak_ptr<int> observed = held;
+    onMain([held = std::move(held)] {});
+    onMain([&, this] { note(observed.expired() ? "gone" : "alive"); });
+    loop.runUntilIdle();
+    EXPECT_EQ(log, (Log{"gone@0"}));
+}
+
+TEST_F(MainRunLoopTest, ResetDropsBlocksEvenThoseThatPostMoreWhenTheyDie) {
+    class PostsAtItsEnd {
+    public:
+        explicit PostsAtItsEnd(Log& entries) : m_log(entries) {}
+        ~PostsAtItsEnd() {
+            dispatch_async(dispatch_get_main_queue(), [log = &m_log] { log->push_back("x"); });
+        }
+
+    private:
+        Log& m_log;
+    };
+    onMain([held = std::make_shared<PostsAtItsEnd>(log)] {});
+    inBackground([held = std::make_shared<PostsAtItsEnd>(log)] {});
+    after(1s, noting("timer"));
+    loop.reset();
+    EXPECT_EQ(loop.nextDueTime(), std::nullopt);
+    loop.advance(2s);
+    EXPECT_EQ(log, Log{});
+}
+
+TEST_F(MainRunLoopTest, TakesPostsFromManyThreadsInEachThreadsOrder) {
+    constexpr int threadCount = 8;
+    constexpr int perThread = 250;
+    std::vector<std::vector<int>> seen(threadCount);
+    std::atomic<int> posting = threadCount;
+    std::vector<std::thread> threads;
+    for (std::size_t thread = 0; thread < threadCount; ++thread) {
+        threads.emplace_back([&, thread] {
+            for (int i = 0; i < perThread; ++i) {
+                dispatch_async(dispatch_get_main_queue(), [&seen, thread, i] { seen[thread].push_back(i); });
+            }
+            --posting;
+        });
+    }
+    while (posting > 0) {
+        loop.runReady();
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    loop.runUntilIdle();
+    for (const std::vector<int>& numbers : seen) {
+        ASSERT_EQ(numbers.size(), static_cast<std::size_t>(perThread));
+        EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
+    }
+}
+
+TEST_F(MainRunLoopTest, RunsAThousandBackgroundTasksAndTheirResults) {
+    int results = 0;
+    std::atomic<int> tasks = 0;
+    for (int i = 0; i < 1000; ++i) {
+        inBackground([&, this] {
+            ++tasks;
+            onMain([&] { ++results; });
+        });
+    }
+    loop.runUntilIdle();
+    EXPECT_EQ(tasks, 1000);
+    EXPECT_EQ(results, 1000);
+}
+
+TEST_F(MainRunLoopTest, RealTimeStartsBackgroundWorkAtOnceAndWaitsForItsResult) {
+    loop.useRealClock();
+    bool arrived = false;
+    std::atomic<int> wakes = 0;
+    loop.setWakeHandler([&] { ++wakes; });
+    inBackground([&, this] { onMain([&] { arrived = true; }); });
+    while (!arrived) {
+        loop.advance(1ms);
+    }
+    EXPECT_GE(wakes, 1);
+    const auto start = loop.now();
+    after(2ms, noting("timer"));
+    loop.advance(3ms);
+    EXPECT_EQ(log.size(), 1U);
+    EXPECT_GE(loop.now() - start, 3ms);
+}
+
+TEST_F(MainRunLoopTest, RealTimeKeepsDelayedBackgroundWorkUntilItIsDue) {
+    loop.useRealClock();
+    std::atomic<bool> ran = false;
+    dispatch_after(dispatch_time(DISPATCH_TIME_NOW, 2'000'000), dispatch_get_global_queue(QOS_CLASS_DEFAULT),
+                   [&] { ran = true; });
+    EXPECT_TRUE(loop.nextDueTime());
+    while (!ran) {
+        loop.advance(1ms);
+    }
+}
+
+TEST_F(MainRunLoopTest, RunningItFromInsideABlockStopsTheProgram) {
+    onMain([this] { loop.runReady(); });
+    EXPECT_DEATH(loop.runReady(), "a block on the main queue ran the main queue");
+}

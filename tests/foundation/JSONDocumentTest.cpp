@@ -1,0 +1,143 @@
+#include "platform/foundation/JSONDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace std::string_literals;
+
+namespace {
+
+std::string errorOf(const std::string& text) {
+    const Result<JSONDocument> document = JSONDocument::parse(text);
+    return document ? "no error" : document.error();
+}
+
+/// "line 2, column 5", without the parser's own words.
+std::string placeOfError(const std::string& text) {
+    const std::string error = errorOf(text);
+    return error.substr(0, error.find(':'));
+}
+
+JSONDocument parsed(const std::string& text) {
+    Result<JSONDocument> document = JSONDocument::parse(text);
+    EXPECT_TRUE(document) << text;
+    return std::move(document).value();
+}
+
+} // namespace
+
+TEST(JSONDocument, GivesEveryKindOfValue) {
+    const JSONDocument document =
+        parsed(R"({"s": "text", "t": true, "f": false, "n": null, "i": -3, "d": 2.5e1, "a": [1]})");
+    const JSONValue root = document.root();
+    EXPECT_EQ(root.find("s")->string(), "text");
+    EXPECT_EQ(root.find("t")->boolean(), true);
+    EXPECT_EQ(root.find("f")->boolean(), false);
+    EXPECT_EQ(root.find("n")->kind(), JSONKind::null);
+    EXPECT_EQ(root.find("i")->number(), -3);
+    EXPECT_EQ(root.find("d")->number(), 25);
+    EXPECT_EQ(root.find("a")->elements().size(), 1U);
+    EXPECT_FALSE(root.find("missing"));
+}
+
+TEST(JSONDocument, DoesNotTakeOneKindForAnother) {
+    const JSONDocument document = parsed(R"([1, "true", true, {"k": 1}])");
+    auto element = document.root().elements().begin();
+    EXPECT_FALSE((*element).boolean());
+    EXPECT_FALSE((*element).find("k"));
+    ++element;
+    EXPECT_FALSE((*element).boolean());
+    ++element;
+    EXPECT_FALSE((*element).number());
+    EXPECT_FALSE((*element).string());
+    ++element;
+    EXPECT_EQ((*element).elements().size(), 0U);
+    EXPECT_FALSE(document.root().find("k"));
+}
+
+TEST(JSONDocument, WalksNestedContainersInOrder) {
+    const JSONDocument document = parsed(R"([{"items": [[], {"x": {}}, "last"]}, [], 7])");
+    std::vector<JSONKind> kinds;
+    for (const JSONValue element : document.root().elements()) {
+        kinds.push_back(element.kind());
+    }
+    EXPECT_EQ(kinds, (std::vector{JSONKind::object, JSONKind::array, JSONKind::number}));
+    std::vector<JSONKind> inner;
+    for (const JSONValue element : (*document.root().elements().begin()).find("items")->elements()) {
+        inner.push_back(element.kind());
+    }
+    EXPECT_EQ(inner, (std::vector{JSONKind::array, JSONKind::object, JSONKind::string}));
+}
+
+TEST(JSONDocument, KeepsMembersInOrderAndFindsTheLastOfAName) {
+    const JSONDocument document = parsed(R"({"b": [1, 2], "a": 1, "b": 2})");
+    std::string keys;
+    for (const JSONValue::Member& member : document.root().members()) {
+        keys += member.key;
+    }
+    EXPECT_EQ(keys, "bab");
+    EXPECT_EQ(document.root().find("b")->number(), 2);
+}
+
+TEST(JSONDocument, DecodesEscapes) {
+    const JSONDocument document = parsed(R"({"k\u0065y": "a\n\"\\\/\u0000\u00e9\ud83d\ude00 z"})");
+    EXPECT_EQ(document.root().find("key")->string(), "a\n\"\\/\0é😀 z"s);
+}
+
+TEST(JSONDocument, StaysWholeWhenItIsMoved) {
+    JSONDocument first = parsed(R"(["a", "\u0062"])");
+    const JSONDocument second = std::move(first);
+    std::string texts;
+    for (const JSONValue element : second.root().elements()) {
+        texts += element.string().value();
+    }
+    EXPECT_EQ(texts, "ab");
+}
+
+TEST(JSONDocument, SkipsAByteOrderMark) {
+    EXPECT_EQ(parsed("\xEF\xBB\xBF[1]").root().elements().size(), 1U);
+    EXPECT_EQ(placeOfError("\xEF\xBB\xBF[x"), "line 1, column 2");
+}
+
+TEST(JSONDocument, SaysWhereTheTextIsWrong) {
+    EXPECT_EQ(errorOf("[1,\n  {\"a\": tru}]"), "line 2, column 9: syntax error");
+    EXPECT_EQ(placeOfError(""), "line 1, column 1");
+    EXPECT_EQ(placeOfError("[\"é😀\" x]"), "line 1, column 7") << "columns count characters, not bytes";
+    EXPECT_EQ(placeOfError("[1]\r\n]"), "line 2, column 1");
+}
+
+TEST(JSONDocument, RefusesWhatIsNotStrictJson) {
+    for (const std::string& text :
+         {"[1,]"s, "[01]"s, "{'a':1}"s, "[1] // c"s, "{a:1}"s, "[NaN]"s, "[\"a"s, "[\"\t\"]"s, "{\"a\"}"s}) {
+        EXPECT_NE(errorOf(text), "no error") << text;
+    }
+}
+
+TEST(JSONDocument, RefusesBrokenText) {
+    for (const std::string& text : {"[\"\xFF\"]"s, "[\"\\ud800\"]"s, "[\"\\udc00\"]"s, "[\"\\ud800x\"]"s, "[\"a\0b\"]"s,
+                                    "[1]\0"s, "\0"s, "[\"\xED\xA0\x80\"]"s}) {
+        const std::string error = errorOf(text);
+        EXPECT_NE(error, "no error") << testing::PrintToString(text);
+        EXPECT_EQ(error.find('\n'), std::string::npos);
+    }
+}
+
+TEST(JSONDocument, RefusesDeepNestingWithoutHarm) {
+    EXPECT_EQ(errorOf(std::string(500, '[') + std::string(500, ']')), "no error");
+    EXPECT_EQ(errorOf(std::string(100'000, '[')), "line 1, column 513: too deep");
+    std::string objects;
+    for (int i = 0; i < 100'000; ++i) {
+        objects += "{\"a\":";
+    }
+    EXPECT_NE(errorOf(objects), "no error");
+}
+
+TEST(JSONDocument, SaysWhereAValueStands) {
+    const JSONDocument document = parsed("[\n  {\"title\": \"T\",\n   \"items\": 7}\n]");
+    const JSONValue section = *document.root().elements().begin();
+    EXPECT_EQ(document.positionOf(*section.find("title")).line, 2U);
+    EXPECT_EQ(document.positionOf(*section.find("title")).column, 13U);
+    EXPECT_EQ(document.positionOf(*section.find("items")).line, 3U);
+    EXPECT_EQ(document.positionOf(document.root()).line, 1U);
+}

@@ -41,7 +41,8 @@ public:
 
 private:
     struct Release {
-        void operator()(std::uint32_t* pixels) const;
+        std::size_t bytes;
+        void operator()(std::uint32_t* memory) const;
     };
 
     [[nodiscard]] std::size_t count() const { return offsetOf(m_height); }

@@ -27,9 +27,15 @@ struct TextRequest {
 /// Text broken into lines, measured and ready to draw at any scale; immutable, shared by whoever shows it. Lines have
 /// the height of the font, also where another script or an emoji stands, unless its glyphs need more.
 class TextLayout {
+    /// Only `make` has one.
+    struct Key {
+        explicit Key() = default;
+    };
+
 public:
     /// Recently made layouts are kept: the same request again gives the same layout.
     [[nodiscard]] static std::shared_ptr<const TextLayout> make(const TextRequest& request);
+    TextLayout(Key, const TextRequest& request);
     ~TextLayout();
     TextLayout(const TextLayout&) = delete;
     TextLayout& operator=(const TextLayout&) = delete;
@@ -51,8 +57,6 @@ public:
     [[nodiscard]] const Lines& lines() const { return *m_lines; }
 
 private:
-    explicit TextLayout(const TextRequest& request);
-
     std::string m_text;
     std::unique_ptr<Lines> m_lines;
 };

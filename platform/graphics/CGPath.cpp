@@ -1,0 +1,131 @@
+#include "platform/graphics/CGPath.h"
+
+#include <algorithm>
+
+namespace {
+
+/// How far the control points of a quarter circle of radius 1 stand from its ends.
+constexpr CGFloat circleHandle = 0.5522847498307936;
+
+std::size_t pointCount(CGPathElementType type) {
+    switch (type) {
+    case CGPathElementType::moveToPoint:
+    case CGPathElementType::addLineToPoint:
+        return 1;
+    case CGPathElementType::addQuadCurveToPoint:
+        return 2;
+    case CGPathElementType::addCurveToPoint:
+        return 3;
+    case CGPathElementType::closeSubpath:
+        return 0;
+    }
+    return 0;
+}
+
+/// Four quarter ellipses with straight lines between them.
+CGPath withCorners(const CGRect& rect, CGFloat rx, CGFloat ry) {
+    const CGFloat hx = rx * (1 - circleHandle);
+    const CGFloat hy = ry * (1 - circleHandle);
+    const CGFloat left = rect.minX();
+    const CGFloat top = rect.minY();
+    const CGFloat right = rect.maxX();
+    const CGFloat bottom = rect.maxY();
+    CGPath path;
+    path.moveTo({left + rx, top});
+    path.addLineTo({right - rx, top});
+    path.addCurveTo({right, top + ry}, {right - hx, top}, {right, top + hy});
+    path.addLineTo({right, bottom - ry});
+    path.addCurveTo({right - rx, bottom}, {right, bottom - hy}, {right - hx, bottom});
+    path.addLineTo({left + rx, bottom});
+    path.addCurveTo({left, bottom - ry}, {left + hx, bottom}, {left, bottom - hy});
+    path.addLineTo({left, top + ry});
+    path.addCurveTo({left + rx, top}, {left, top + hy}, {left + hx, top});
+    path.closeSubpath();
+    return path;
+}
+
+} // namespace
+
+CGPath CGPath::withRect(const CGRect& rect) {
+    CGPath path;
+    path.addRect(rect);
+    path.m_rectangle = CGRoundedRect{rect, 0};
+    return path;
+}
+
+CGPath CGPath::withRoundedRect(const CGRect& rect, CGFloat radius) {
+    const CGFloat limit = std::min(rect.size.width, rect.size.height) / 2;
+    const CGFloat used = std::min(radius, limit);
+    if (!(used > 0)) {
+        return withRect(rect);
+    }
+    CGPath path = withCorners(rect, used, used);
+    path.m_rectangle = CGRoundedRect{rect, used};
+    return path;
+}
+
+CGPath CGPath::withEllipseIn(const CGRect& rect) {
+    return withCorners(rect, rect.size.width / 2, rect.size.height / 2);
+}
+
+void CGPath::moveTo(CGPoint point) {
+    add(CGPathElementType::moveToPoint, {point});
+}
+
+void CGPath::addLineTo(CGPoint point) {
+    add(CGPathElementType::addLineToPoint, {point});
+}
+
+void CGPath::addQuadCurveTo(CGPoint end, CGPoint control) {
+    add(CGPathElementType::addQuadCurveToPoint, {control, end});
+}
+
+void CGPath::addCurveTo(CGPoint end, CGPoint control1, CGPoint control2) {
+    add(CGPathElementType::addCurveToPoint, {control1, control2, end});
+}
+
+void CGPath::closeSubpath() {
+    add(CGPathElementType::closeSubpath, {});
+}
+
+void CGPath::addRect(const CGRect& rect) {
+    m_elements.reserve(m_elements.size() + 5);
+    moveTo(rect.origin);
+    addLineTo({rect.maxX(), rect.minY()});
+    addLineTo({rect.maxX(), rect.maxY()});
+    addLineTo({rect.minX(), rect.maxY()});
+    closeSubpath();
+}
+
+CGRect CGPath::boundingBox() const {
+    bool any = false;
+    CGPoint low;
+    CGPoint high;
+    for (const CGPathElement& element : m_elements) {
+        for (std::size_t i = 0; i < pointCount(element.type); ++i) {
+            const CGPoint point = element.points[i];
+            low = any ? CGPoint{std::min(low.x, point.x), std::min(low.y, point.y)} : point;
+            high = any ? CGPoint{std::max(high.x, point.x), std::max(high.y, point.y)} : point;
+            any = true;
+        }
+    }
+    return CGRectMake(low.x, low.y, high.x - low.x, high.y - low.y);
+}
+
+CGPath CGPath::offsetBy(CGFloat dx, CGFloat dy) const {
+    CGPath moved = *this;
+    for (CGPathElement& element : moved.m_elements) {
+        for (std::size_t i = 0; i < pointCount(element.type); ++i) {
+            element.points[i] = {element.points[i].x + dx, element.points[i].y + dy};
+        }
+    }
+    if (moved.m_rectangle.has_value()) {
+        moved.m_rectangle->rect = moved.m_rectangle->rect.offsetBy(dx, dy);
+    }
+    return moved;
+}
+
+void CGPath::add(CGPathElementType type, std::array<CGPoint, 3> points) {
+    m_rectangle.reset();
+    m_elements.push_back({type, points});
+}

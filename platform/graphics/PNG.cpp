@@ -1,0 +1,167 @@
+#include "platform/graphics/PNG.h"
+
+#include "platform/foundation/FatalError.h"
+
+#include <png.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+namespace {
+
+constexpr std::uint32_t longestSide = 8192;
+constexpr std::uint64_t mostPixels = std::uint64_t{1} << 24;
+
+constexpr std::uint32_t alphaOf(std::uint32_t pixel) {
+    return pixel >> 24;
+}
+
+bool isAcceptable(std::uint32_t width, std::uint32_t height) {
+    return width > 0 && height > 0 && width <= longestSide && height <= longestSide &&
+           std::uint64_t{width} * height <= mostPixels;
+}
+
+bool isOpaque(const Bitmap& bitmap) {
+    return std::all_of(bitmap.pixels().begin(), bitmap.pixels().end(),
+                       [](std::uint32_t pixel) { return alphaOf(pixel) == 255; });
+}
+
+std::uint8_t unpremultiplied(std::uint32_t pixel, int shift) {
+    const std::uint32_t alpha = alphaOf(pixel);
+    const std::uint32_t value = (pixel >> shift) & 255;
+    return static_cast<std::uint8_t>(alpha == 0 ? 0 : std::min(255U, (value * 255 + alpha / 2) / alpha));
+}
+
+std::uint32_t premultiplied(std::uint32_t value, std::uint32_t alpha) {
+    const std::uint32_t product = value * alpha + 128;
+    return (product + (product >> 8)) >> 8;
+}
+
+void writeRow(const Bitmap& bitmap, int y, bool opaque, std::vector<std::uint8_t>& bytes) {
+    const std::uint32_t* row = bitmap.row(y);
+    std::uint8_t* out = bytes.data();
+    for (int x = 0; x < bitmap.width(); ++x) {
+        const std::uint32_t pixel = row[x];
+        for (const int shift : {16, 8, 0}) {
+            *out++ = opaque ? static_cast<std::uint8_t>(pixel >> shift) : unpremultiplied(pixel, shift);
+        }
+        if (!opaque) {
+            *out++ = static_cast<std::uint8_t>(alphaOf(pixel));
+        }
+    }
+}
+
+void append(png_structp png, png_bytep data, std::size_t length) {
+    auto* file = static_cast<std::vector<std::uint8_t>*>(png_get_io_ptr(png));
+    file->insert(file->end(), data, data + length);
+}
+
+void flushNothing(png_structp) {}
+
+/// Writing to memory fails for no reason that a caller could mend.
+[[noreturn]] void stop(png_structp, png_const_charp message) {
+    fatalError(std::string("PNG encoder: ") + message);
+}
+
+void configure(png_structp png, png_infop info, const Bitmap& bitmap, bool opaque) {
+    png_set_IHDR(png, info, static_cast<png_uint_32>(bitmap.width()), static_cast<png_uint_32>(bitmap.height()), 8,
+                 opaque ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_RGBA, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+                 PNG_FILTER_TYPE_DEFAULT);
+    png_set_sRGB(png, info, PNG_sRGB_INTENT_PERCEPTUAL);
+    png_set_compression_level(png, 1);
+    png_set_compression_buffer_size(png, std::size_t{1} << 16);
+    png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
+}
+
+/// From bytes in the order blue, green, red, alpha, in place.
+void premultiplyRows(Bitmap& bitmap) {
+    for (int y = 0; y < bitmap.height(); ++y) {
+        std::uint32_t* row = bitmap.row(y);
+        for (int x = 0; x < bitmap.width(); ++x) {
+            std::array<std::uint8_t, 4> bytes{};
+            std::memcpy(bytes.data(), row + x, bytes.size());
+            const std::uint32_t alpha = bytes[3];
+            row[x] = (alpha << 24) | (premultiplied(bytes[2], alpha) << 16) | (premultiplied(bytes[1], alpha) << 8) |
+                     premultiplied(bytes[0], alpha);
+        }
+    }
+}
+
+PNGReading readPixels(png_image& image) {
+    if (!isAcceptable(image.width, image.height)) {
+        return {std::nullopt, "larger than " + std::to_string(longestSide) + " pixels a side"};
+    }
+    image.format = PNG_FORMAT_BGRA;
+    Bitmap bitmap(static_cast<int>(image.width), static_cast<int>(image.height));
+    if (png_image_finish_read(&image, nullptr, bitmap.row(0), bitmap.stride(), nullptr) == 0) {
+        return {std::nullopt, image.message};
+    }
+    premultiplyRows(bitmap);
+    return {std::move(bitmap), ""};
+}
+
+} // namespace
+
+std::vector<std::uint8_t> encodePNG(const Bitmap& bitmap) {
+    std::vector<std::uint8_t> file;
+    if (bitmap.pixels().empty()) {
+        return file;
+    }
+    const bool opaque = isOpaque(bitmap);
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, stop, nullptr);
+    png_infop info = png_create_info_struct(png);
+    png_set_write_fn(png, &file, append, flushNothing);
+    configure(png, info, bitmap, opaque);
+    png_write_info(png, info);
+    std::vector<std::uint8_t> row(static_cast<std::size_t>(bitmap.width()) * 4);
+    for (int y = 0; y < bitmap.height(); ++y) {
+        writeRow(bitmap, y, opaque, row);
+        png_write_row(png, row.data());
+    }
+    png_write_end(png, info);
+    png_destroy_write_struct(&png, &info);
+    return file;
+}
+
+std::optional<std::string> writePNG(const Bitmap& bitmap, const std::string& path) {
+    const std::vector<std::uint8_t> bytes = encodePNG(bitmap);
+    if (bytes.empty()) {
+        return "the picture has no pixels";
+    }
+    std::ofstream file(path, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    return file.fail() ? std::optional<std::string>(std::strerror(errno)) : std::nullopt;
+}
+
+PNGReading readPNG(const std::string& path) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    if (png_image_begin_read_from_file(&image, path.c_str()) == 0) {
+        return {std::nullopt, image.message};
+    }
+    PNGReading reading = readPixels(image);
+    png_image_free(&image);
+    return reading;
+}
+
+std::optional<PixelSize> readPNGSize(const std::string& path) {
+    static constexpr std::array<std::uint8_t, 16> start{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
+                                                        0,    0,   0,   13,  'I',  'H',  'D',  'R'};
+    std::array<std::uint8_t, 24> header{};
+    std::ifstream file(path, std::ios::binary);
+    file.read(reinterpret_cast<char*>(header.data()), header.size());
+    if (file.gcount() != static_cast<std::streamsize>(header.size()) ||
+        !std::equal(start.begin(), start.end(), header.begin())) {
+        return std::nullopt;
+    }
+    const std::uint32_t width = png_get_uint_32(header.data() + 16);
+    const std::uint32_t height = png_get_uint_32(header.data() + 20);
+    if (!isAcceptable(width, height)) {
+        return std::nullopt;
+    }
+    return PixelSize{static_cast<int>(width), static_cast<int>(height)};
+}

@@ -16,6 +16,10 @@ FlowPlayer::FlowPlayer(const Flow& flow, Device device, std::function<void(const
     : m_flow(flow), m_log(std::move(listener)) {
     MainRunLoop::shared().useVirtualClock();
     m_host = ConversationHost::create(std::move(device), flow.participants, m_log);
+    MainRunLoop::shared().setTurnObserver([this] {
+        m_host->window().layoutIfNeeded();
+        m_story.tell(*m_host);
+    });
     setDebugConsoleObserver([this](std::string_view line) { m_debugLines.emplace_back(line); });
 }
 
@@ -36,10 +40,11 @@ FlowResult FlowPlayer::play() {
 void FlowPlayer::playStep(const FlowStep& flowStep) {
     const Outcome outcome = flowStep.run(*this);
     m_host->settle();
+    m_story.tell(*m_host);
     if (outcome) {
         m_failures.push_back(
             {m_flow.file, flowStep.line, flowStep.column, Severity::error, flowStep.command + ": " + outcome->message});
-        m_log.add("failure", describe(m_failures.back()));
+        m_log.add("failure", m_failures.back().describe());
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "simulator/conversation/ConversationHost.h"
 #include "simulator/conversation/Screen.h"
+#include "simulator/conversation/ScreenStory.h"
 #include "simulator/findings/Finding.h"
 #include "simulator/flows/Flow.h"
 #include "simulator/flows/FlowResult.h"
@@ -42,6 +43,7 @@ private:
     const Flow& m_flow;
     EventLog m_log;
     std::shared_ptr<ConversationHost> m_host;
+    ScreenStory m_story;
     std::vector<std::string> m_debugLines;
     std::vector<Finding> m_failures;
     std::size_t m_linksAsked = 0;

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "simulator/findings/Finding.h"
+
+#include <vector>
+
+/// What is wrong with the data of the main bundle.
+struct BundleFindings {
+    std::vector<Finding> all;
+    bool canLaunch = true; // false: an interface file would stop the extension
+};
+
+/// Reads every interface document, the asset catalogue and every content file of the main bundle.
+[[nodiscard]] BundleFindings checkBundle();

@@ -1,0 +1,70 @@
+#include "simulator/commands/CommandLine.h"
+
+#include "simulator/commands/RunCommand.h"
+#include "simulator/commands/TreeCommand.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+
+namespace {
+
+constexpr const char* runExamples =
+    "Examples:\n"
+    "  parlor run                                  the typical road\n"
+    "  parlor run --content MyList.json            the same, showing your list in place of \"Adult (18+)\"\n"
+    "  parlor run --content Friends.json flows/friends.yaml\n"
+    "                                              a file named after a group is shown for that group\n"
+    "  parlor run flows --report report.json       every flow of a folder, with a report\n"
+    "  parlor run flows/couple.yaml --device se    on the smallest phone\n"
+    "\n"
+    "Standard output carries the extension's debug lines; what happens is told on standard error.\n"
+    "Exit status: 0 fine, 1 something failed or was found, 2 wrong usage or unreadable input.\n";
+
+constexpr const char* treeExamples = "Examples:\n"
+                                     "  parlor tree                                 after opening\n"
+                                     "  parlor tree flows/friends.yaml              after playing a flow\n"
+                                     "  parlor tree --content MyList.json --device 320x568@2\n";
+
+void addShared(CLI::App& command, RunOptions& options) {
+    command.add_option("--bundle", options.bundle, "The extension's bundle (default: the one beside this program)")
+        ->type_name("DIR");
+    command.add_option("--device", options.device, "se, 8plus, 15 (default), 15max, or a size such as 390x844@3")
+        ->type_name("NAME");
+    command
+        .add_option("--content", options.content,
+                    "Shows this content file for the group it is named after, or else for \"Adult (18+)\"")
+        ->type_name("FILE");
+}
+
+} // namespace
+
+int runCommandLine(int argc, const char* const* argv) {
+    CLI::App app("Parlor: Truths & Dares in a simulated conversation");
+    app.name("parlor");
+    app.set_version_flag("--version", "parlor " PARLOR_VERSION);
+    app.require_subcommand(1);
+    RunOptions options;
+
+    CLI::App* run = app.add_subcommand("run", "Plays flows without a display, in virtual time");
+    run->add_option("flow", options.flows, "Flow files, or folders of them (default: the typical road)")
+        ->type_name("FLOW");
+    addShared(*run, options);
+    run->add_option("--report", options.report, "Writes what happened to this file, as JSON")->type_name("FILE");
+    run->add_flag("--quiet", options.quiet, "Tells failures only");
+    run->footer(runExamples);
+
+    CLI::App* tree = app.add_subcommand("tree", "Prints the view tree, with the place each view came from");
+    tree->add_option("flow", options.flows, "A flow to play first (default: open the extension)")
+        ->type_name("FLOW")
+        ->expected(0, 1);
+    addShared(*tree, options);
+    tree->footer(treeExamples);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? exitFine : exitUsage;
+    }
+    return run->parsed() ? runFlows(options) : printTree(options);
+}

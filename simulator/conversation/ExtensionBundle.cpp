@@ -1,0 +1,22 @@
+#include "simulator/conversation/ExtensionBundle.h"
+
+#include "game/GameClasses.h"
+#include "host/HostClasses.h"
+#include "platform/foundation/NSBundle.h"
+#include "platform/interface/InterfaceReaders.h"
+#include "platform/messages/MessagesClasses.h"
+#include "platform/uikit/UIKitClasses.h"
+#include "ui/UiClasses.h"
+
+void openExtensionBundle(const std::filesystem::path& folder, const std::vector<ResourceOverride>& overrides) {
+    registerUIKitClasses();
+    registerMessagesClasses();
+    registerUiClasses();
+    registerHostClasses();
+    registerGameClasses();
+    NSBundle::setMainBundle(folder);
+    for (const ResourceOverride& replaced : overrides) {
+        NSBundle::mainBundle().setResourceOverride(replaced.name, replaced.file.value_or(""));
+    }
+    installInterfaceReaders();
+}

@@ -71,3 +71,12 @@ TEST(WorkerPool, KeepsNoBlockWhenItEnds) {
     }
     EXPECT_EQ(held.use_count(), 1);
 }
+
+TEST(WorkerPool, LetsWhatABlockHeldSubmitMoreWhenItDies) {
+    WorkerPool pool;
+    std::atomic<int> ran = 0;
+    std::shared_ptr<void> held(nullptr, [&](void*) { pool.submit(QOS_CLASS_DEFAULT, [&ran] { ++ran; }); });
+    pool.submit(QOS_CLASS_DEFAULT, [held = std::move(held)] {});
+    pool.waitUntilIdle();
+    EXPECT_EQ(ran, 1);
+}

@@ -111,16 +111,18 @@ TEST_F(ClassRegistryTest, AnObjectOutlivesTheActionThatDropsIt) {
     public:
         void drop() {
             held->reset();
-            value = 1; // the sanitizer sees this when the object is gone
+            *lives = !weak_from_this().expired();
         }
         std::shared_ptr<Owner>* held = nullptr;
-        int value = 0;
+        std::shared_ptr<bool> lives = std::make_shared<bool>(false);
     };
     ClassBuilder<Owner>("Owner", "NSObject").action("drop", &Owner::drop);
     auto object = std::make_shared<Owner>();
     object->held = &object;
+    const std::shared_ptr<bool> livedOn = object->lives;
     const std::weak_ptr<Owner> observed = object;
     EXPECT_TRUE(performSelector(*object, "drop", nullptr));
+    EXPECT_TRUE(*livedOn);
     EXPECT_TRUE(observed.expired());
 }
 

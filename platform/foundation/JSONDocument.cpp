@@ -161,13 +161,12 @@ bool JSONDocument::isInText(const char* pointer) const {
 
 JSONDocument::Position JSONDocument::positionOf(JSONValue value) const {
     const std::string_view body = bodyOf(*m_text);
-    for (const JSONNode* node = value.m_node; node >= m_nodes.data(); --node) {
-        if (node->kind == JSONKind::string && isInText(node->text)) {
-            return positionAt(body, static_cast<std::size_t>(node->text - body.data()) - 1);
-        }
-        if (node == m_nodes.data()) {
-            break;
-        }
+    const JSONNode* node = value.m_node;
+    while (node != m_nodes.data() && !(node->kind == JSONKind::string && isInText(node->text))) {
+        --node;
     }
-    return {};
+    if (node->kind != JSONKind::string || !isInText(node->text)) {
+        return {};
+    }
+    return positionAt(body, static_cast<std::size_t>(node->text - body.data()) - 1); // at the quotation mark
 }

@@ -86,7 +86,7 @@ private:
         const std::optional<JSONValue> value = object.find(key);
         const std::string name = "\"" + std::string(key) + "\"";
         if (!value) {
-            fail(name + " is missing", object);
+            fail(name + " is missing", firstValueIn(object));
             return std::nullopt;
         }
         if (!value->is(kind)) {
@@ -94,6 +94,12 @@ private:
             return std::nullopt;
         }
         return value;
+    }
+
+    /// A place inside the object rather than one before it; the object itself when it is empty.
+    static JSONValue firstValueIn(JSONValue object) {
+        const std::vector<JSONValue::Member> members = object.members();
+        return members.empty() ? object : members.front().value;
     }
 
     static std::string describe(JSONValue value) {

@@ -1,0 +1,160 @@
+#include "content/LoadPass.h"
+
+#include "content/CurrentOption.h"
+#include "platform/dispatch/MainRunLoop.h"
+#include "platform/foundation/NSBundle.h"
+#include "tests/foundation/TemporaryFolder.h"
+#include "tests/support/Output.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+#include <thread>
+
+namespace {
+
+/// What happened to a receiver, told to someone who outlives it. Only the main thread may touch a receiver's end.
+struct Story {
+    std::optional<ContentMap> map;
+    std::thread::id appliedOn;
+    std::thread::id destroyedOn;
+};
+
+class Receiver : public ContentMapReceiver {
+public:
+    explicit Receiver(Story& story) : m_story(story) {}
+    ~Receiver() override { m_story.destroyedOn = std::this_thread::get_id(); }
+
+    void applyContentMap(ContentMap contentMap) override {
+        EXPECT_FALSE(m_story.map) << "handed over twice";
+        m_story.map = std::move(contentMap);
+        m_story.appliedOn = std::this_thread::get_id();
+    }
+
+private:
+    Story& m_story;
+};
+
+class LoadPass : public testing::Test {
+protected:
+    LoadPass() {
+        NSBundle::setMainBundle(folder.path());
+        loop.useVirtualClock();
+    }
+    ~LoadPass() override { loop.useVirtualClock(); }
+
+    void writeAllFiles() {
+        for (const CurrentOption option : contentLoadOrder()) {
+            folder.write(rawValue(option) + ".json",
+                         R"([{"sectionTitle": ")" + rawValue(option) + R"(", "items": []}])");
+        }
+    }
+
+    MainRunLoop& loop = MainRunLoop::shared();
+    TemporaryFolder folder;
+};
+
+} // namespace
+
+TEST_F(LoadPass, HandsOverTheListsOfAllOptionsOnTheMainQueue) {
+    writeAllFiles();
+    Story story;
+    const auto receiver = std::make_shared<Receiver>(story);
+    loadAllModeSections(receiver);
+    EXPECT_FALSE(story.map) << "inside the call";
+    loop.runUntilIdle();
+    ASSERT_TRUE(story.map);
+    EXPECT_EQ(story.appliedOn, std::this_thread::get_id());
+    EXPECT_EQ(story.map->size(), 11U);
+    for (const auto& [key, sections] : *story.map) {
+        ASSERT_EQ(sections.size(), 1U) << key;
+        EXPECT_EQ(sections.front().sectionTitle, key);
+    }
+}
+
+TEST_F(LoadPass, NamesElevenMissingFilesInTheOrderOfReading) {
+    Story story;
+    const auto receiver = std::make_shared<Receiver>(story);
+    loadAllModeSections(receiver);
+    loop.runUntilIdle();
+    EXPECT_EQ(support::takeStandardOutput(), "❌ JSON file not found: Adult (18+)\n"
+                                             "❌ JSON file not found: Friends\n"
+                                             "❌ JSON file not found: Couple\n"
+                                             "❌ JSON file not found: Family\n"
+                                             "❌ JSON file not found: Spin The Bottle\n"
+                                             "❌ JSON file not found: Is It Cheating?\n"
+                                             "❌ JSON file not found: Pickup Lines\n"
+                                             "❌ JSON file not found: Put A Finger Down\n"
+                                             "❌ JSON file not found: Who’s Most Likely\n"
+                                             "❌ JSON file not found: Dating\n"
+                                             "❌ JSON file not found: Ice Breaker\n");
+    ASSERT_TRUE(story.map);
+    EXPECT_TRUE(story.map->empty());
+}
+
+TEST_F(LoadPass, LeavesOutWhatIsMissingOrBadAndKeepsTheRest) {
+    writeAllFiles();
+    std::filesystem::remove(folder.path() / "Friends.json");
+    folder.write("Dating.json", "{}");
+    folder.write("Couple.json", "[]");
+    Story story;
+    const auto receiver = std::make_shared<Receiver>(story);
+    loadAllModeSections(receiver);
+    loop.runUntilIdle();
+    EXPECT_EQ(support::takeStandardOutput(),
+              "❌ JSON file not found: Friends\n"
+              "❌ JSON Decode Error: Dating.json: the file must hold an array of sections, but holds an object (line 1, "
+              "column 1)\n");
+    EXPECT_EQ(story.map->size(), 9U);
+    EXPECT_EQ(story.map->count("Friends") + story.map->count("Dating"), 0U);
+    EXPECT_EQ(story.map->count("Couple"), 1U) << "an empty list is a list";
+}
+
+TEST_F(LoadPass, ReadsNothingForAScreenThatIsGone) {
+    Story story;
+    auto receiver = std::make_shared<Receiver>(story);
+    loadAllModeSections(receiver);
+    receiver = nullptr;
+    EXPECT_NE(story.destroyedOn, std::thread::id()) << "the pass must not keep it before it runs";
+    loop.runUntilIdle();
+    EXPECT_FALSE(story.map);
+}
+
+TEST_F(LoadPass, KeepsAScreenThatItBeganForUntilItHasTheMap) {
+    writeAllFiles();
+    Story story;
+    auto receiver = std::make_shared<Receiver>(story);
+    loadAllModeSections(receiver);
+    loop.runReady(); // the pass has read, its block waits on the main queue
+    receiver = nullptr;
+    EXPECT_FALSE(story.map);
+    EXPECT_EQ(story.destroyedOn, std::thread::id());
+    loop.runUntilIdle();
+    EXPECT_TRUE(story.map);
+    EXPECT_EQ(story.destroyedOn, std::this_thread::get_id());
+}
+
+TEST_F(LoadPass, RunsForSeveralScreensAtOnceAndReleasesThemOnTheMainThread) {
+    constexpr std::size_t count = 24;
+    writeAllFiles();
+    std::vector<Story> stories(count);
+    loop.useRealClock(); // the passes start at once, while this thread goes on
+    std::vector<std::shared_ptr<Receiver>> kept;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto receiver = std::make_shared<Receiver>(stories[i]);
+        loadAllModeSections(receiver);
+        if (i % 2 == 0) {
+            kept.push_back(receiver); // the others lose their owner while their pass may be running
+        }
+    }
+    const auto isOver = [](const Story& story) { return story.map || story.destroyedOn != std::thread::id(); };
+    while (!std::all_of(stories.begin(), stories.end(), isOver)) {
+        loop.runReady();
+        std::this_thread::yield();
+    }
+    kept.clear();
+    for (const Story& story : stories) {
+        EXPECT_EQ(story.destroyedOn, std::this_thread::get_id());
+    }
+}

@@ -101,15 +101,17 @@ CGRect CGPath::boundingBox() const {
     bool any = false;
     CGPoint low;
     CGPoint high;
+    CGFloat taint = 0; // becomes not a number when a coordinate is none or infinite; comparisons would lose that
     for (const CGPathElement& element : m_elements) {
         for (std::size_t i = 0; i < pointCount(element.type); ++i) {
             const CGPoint point = element.points[i];
             low = any ? CGPoint{std::min(low.x, point.x), std::min(low.y, point.y)} : point;
             high = any ? CGPoint{std::max(high.x, point.x), std::max(high.y, point.y)} : point;
+            taint += (point.x - point.x) + (point.y - point.y);
             any = true;
         }
     }
-    return CGRectMake(low.x, low.y, high.x - low.x, high.y - low.y);
+    return CGRectMake(low.x, low.y, high.x - low.x + taint, high.y - low.y + taint);
 }
 
 CGPath CGPath::offsetBy(CGFloat dx, CGFloat dy) const {

@@ -40,7 +40,7 @@ public:
 
     [[nodiscard]] bool isEmpty() const { return m_elements.empty(); }
     [[nodiscard]] const std::vector<CGPathElement>& elements() const { return m_elements; }
-    /// The box around all points, control points included; empty for an empty path.
+    /// The box around all points, control points included; empty for an empty path, not a number when a point is none.
     [[nodiscard]] CGRect boundingBox() const;
     /// Set when the path is exactly one rectangle, plain (radius 0) or rounded.
     [[nodiscard]] const std::optional<CGRoundedRect>& asRectangle() const { return m_rectangle; }

@@ -1,0 +1,103 @@
+// Images and text.
+#include "platform/graphics/cairo/CairoCanvas.h"
+
+#include "platform/graphics/TextLines.h"
+#include "platform/graphics/UIImage.h"
+#include "platform/graphics/cairo/DeviceGrid.h"
+#include "platform/graphics/cairo/ScaledImages.h"
+
+#include <pango/pangocairo.h>
+
+#include <algorithm>
+
+namespace {
+
+/// Larger images are scaled to this at most and stretched from there; in pixels a side.
+constexpr int longestScaledSide = 2048;
+
+cairo_surface_t* surfaceOf(const Bitmap& bitmap) {
+    // Cairo only reads from it: it is never a target.
+    auto* pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(bitmap.row(0)));
+    return cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, bitmap.width(), bitmap.height(),
+                                               bitmap.stride());
+}
+
+int pixelsFor(CGFloat length) {
+    return static_cast<int>(std::clamp<CGFloat>(device::snap(length), 1, longestScaledSide));
+}
+
+} // namespace
+
+void CairoCanvas::drawImage(const UIImage& image, const CGRect& rect, const std::optional<RGBA>& tint) {
+    const std::optional<CGRect> bounds = deviceBounds(rect);
+    const UIImageRepresentation* file = image.representationForScale(scale());
+    if (!bounds.has_value() || rect.isEmpty() || file == nullptr || !overlapsClip(*bounds)) {
+        return;
+    }
+    const int width = pixelsFor(bounds->size.width);
+    const int height = pixelsFor(bounds->size.height);
+    const std::shared_ptr<const Bitmap> pixels = ScaledImages::shared().find(file->path, width, height);
+    if (pixels == nullptr) {
+        return;
+    }
+    cairo_surface_t* surface = surfaceOf(*pixels);
+    paint(bounds->insetBy(-1, -1), [&] {
+        cairo_save(m_context.get());
+        placeImage(rect, *pixels);
+        paintImage(surface, tint);
+        cairo_restore(m_context.get());
+    });
+    cairo_surface_destroy(surface);
+}
+
+/// Makes one unit one pixel of the image: on whole pixels of the device when it is upright there and fits.
+void CairoCanvas::placeImage(const CGRect& rect, const Bitmap& pixels) {
+    const CGRect box = toDevice(rect);
+    if (transform().isUpright() && pixelsFor(box.size.width) == device::snap(box.size.width) &&
+        pixelsFor(box.size.height) == device::snap(box.size.height)) {
+        cairo_translate(m_context.get(), device::snap(box.minX()), device::snap(box.minY()));
+        return;
+    }
+    const CGAffineTransform& t = transform();
+    const cairo_matrix_t matrix{t.a, t.b, t.c, t.d, t.tx, t.ty};
+    cairo_set_matrix(m_context.get(), &matrix);
+    cairo_translate(m_context.get(), rect.minX(), rect.minY());
+    cairo_scale(m_context.get(), rect.size.width / pixels.width(), rect.size.height / pixels.height());
+}
+
+void CairoCanvas::paintImage(_cairo_surface* surface, const std::optional<RGBA>& tint) {
+    if (tint.has_value()) {
+        setColor(*tint);
+        cairo_mask_surface(m_context.get(), surface, 0, 0);
+    } else {
+        cairo_set_source_surface(m_context.get(), surface, 0, 0);
+        cairo_paint(m_context.get());
+    }
+}
+
+void CairoCanvas::drawText(const TextLayout& layout, CGPoint origin, const RGBA& color) {
+    if (!(color.alpha > 0) || !deviceBounds({origin, layout.size()}).has_value()) {
+        return;
+    }
+    for (const TextLine& line : layout.lines().lines) {
+        // Glyphs may stand out of their line; a line's height on every side is more than they do.
+        const CGFloat room = line.ascent + line.descent;
+        const CGRect box = CGRectMake(origin.x + line.x, origin.y + line.baseline - line.ascent, line.width, room);
+        const CGRect bounds = toDevice(box.insetBy(-room, -room));
+        if (overlapsClip(bounds)) {
+            paint(toDevice(box), [&] { drawLine(line, origin, color); });
+        }
+    }
+}
+
+void CairoCanvas::drawLine(const TextLine& line, CGPoint origin, const RGBA& color) {
+    const CGAffineTransform& t = transform();
+    const CGPoint place = t.apply({origin.x + line.x, origin.y + line.baseline});
+    const cairo_matrix_t matrix{t.a, t.b, t.c, t.d, device::grid(place.x), device::snap(place.y)};
+    cairo_set_matrix(m_context.get(), &matrix);
+    cairo_move_to(m_context.get(), 0, 0);
+    setColor(color);
+    pango_cairo_show_layout_line(m_context.get(), line.glyphs);
+    cairo_new_path(m_context.get());
+    cairo_identity_matrix(m_context.get());
+}

@@ -1,0 +1,121 @@
+// Filling and stroking paths, and the shadows they cast.
+#include "platform/graphics/cairo/CairoCanvas.h"
+
+#include "platform/graphics/cairo/Blur.h"
+#include "platform/graphics/cairo/DeviceGrid.h"
+
+#include <cairo.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr CGFloat largestBlur = 100;
+
+/// The whole pixels that a rounded rectangle surely covers from side to side; empty when there are none.
+CGRect coveredBand(const CGRect& rect, CGFloat radius) {
+    const CGFloat left = std::ceil(rect.minX() + 0.01);
+    const CGFloat top = std::ceil(rect.minY() + radius + 0.01);
+    return CGRectMake(left, top, std::floor(rect.maxX() - 0.01) - left, std::floor(rect.maxY() - radius - 0.01) - top);
+}
+
+} // namespace
+
+void CairoCanvas::fillPath(const CGPath& path, const RGBA& color) {
+    const std::optional<CGRect> bounds = deviceBounds(path.boundingBox());
+    if (!bounds.has_value() || !(color.alpha > 0)) {
+        return;
+    }
+    paint(*bounds, [&] {
+        setColor(color);
+        addPath(path);
+        cairo_fill(m_context.get());
+    });
+}
+
+void CairoCanvas::strokePath(const CGPath& path, const RGBA& color, const StrokeStyle& style) {
+    static constexpr cairo_line_join_t joins[] = {CAIRO_LINE_JOIN_MITER, CAIRO_LINE_JOIN_ROUND, CAIRO_LINE_JOIN_BEVEL};
+    static constexpr cairo_line_cap_t caps[] = {CAIRO_LINE_CAP_BUTT, CAIRO_LINE_CAP_ROUND, CAIRO_LINE_CAP_SQUARE};
+    const CGFloat reach = style.width * (style.join == CGLineJoin::miter ? 5 : 1);
+    const std::optional<CGRect> bounds = deviceBounds(path.boundingBox().insetBy(-reach, -reach));
+    if (path.isEmpty() || !bounds.has_value() || !(color.alpha > 0) || !(style.width > 0)) {
+        return;
+    }
+    paint(*bounds, [&] {
+        cairo_t* context = m_context.get();
+        setColor(color);
+        addPath(path);
+        cairo_set_line_width(context, style.width);
+        cairo_set_line_join(context, joins[static_cast<int>(style.join)]);
+        cairo_set_line_cap(context, caps[static_cast<int>(style.cap)]);
+        const CGAffineTransform& t = transform();
+        const cairo_matrix_t pen{t.a, t.b, t.c, t.d, 0, 0};
+        cairo_set_matrix(context, &pen);
+        cairo_stroke(context);
+        cairo_identity_matrix(context);
+    });
+}
+
+void CairoCanvas::drawShadow(const CGPath& path, const Shadow& shadow) {
+    const CGFloat sigma = std::min(shadow.radius * transform().a, largestBlur);
+    const CGPath moved = path.offsetBy(shadow.offset.width, shadow.offset.height);
+    const std::optional<CGRect> bounds = deviceBounds(moved.boundingBox());
+    if (!bounds.has_value() || !(shadow.color.alpha > 0)) {
+        return;
+    }
+    cairo_save(m_context.get());
+    if (path.asRectangle().has_value() && transform().isUpright()) {
+        excludeCovered(*path.asRectangle());
+    }
+    if (sigma > 0) {
+        paint(bounds->insetBy(-3 * sigma, -3 * sigma), [&] {
+            setColor(shadow.color);
+            fillBlurred(moved, sigma);
+        });
+    } else {
+        fillPath(moved, shadow.color);
+    }
+    cairo_restore(m_context.get());
+}
+
+void CairoCanvas::excludeCovered(const CGRoundedRect& shape) {
+    const CGRect band = coveredBand(toDevice(shape.rect), shape.radius * transform().a);
+    if (band.isEmpty()) {
+        return;
+    }
+    const CGRect all = clipBounds().insetBy(-1, -1).unionWith(band);
+    cairo_rectangle(m_context.get(), all.minX(), all.minY(), all.size.width, all.size.height);
+    cairo_rectangle(m_context.get(), band.minX(), band.minY(), band.size.width, band.size.height);
+    cairo_set_fill_rule(m_context.get(), CAIRO_FILL_RULE_EVEN_ODD);
+    cairo_clip(m_context.get());
+    cairo_set_fill_rule(m_context.get(), CAIRO_FILL_RULE_WINDING);
+}
+
+/// The mask is only as large as what can be seen of it, with room for what blurs in from outside.
+void CairoCanvas::fillBlurred(const CGPath& path, CGFloat sigma) {
+    const CGFloat reach = std::ceil(3 * sigma);
+    const CGRect shape = device::snap(toDevice(path.boundingBox())).insetBy(-reach - 1, -reach - 1);
+    const CGRect box = device::snap(clipBounds().insetBy(-reach, -reach).intersection(shape));
+    if (box.isEmpty()) {
+        return;
+    }
+    cairo_t* target = m_context.get();
+    cairo_surface_t* mask = cairo_image_surface_create(CAIRO_FORMAT_A8, static_cast<int>(box.size.width),
+                                                       static_cast<int>(box.size.height));
+    cairo_surface_set_device_offset(mask, -box.minX(), -box.minY());
+    cairo_t* context = cairo_create(mask);
+    addPath(path);
+    cairo_path_t* outline = cairo_copy_path(target);
+    cairo_new_path(target);
+    cairo_append_path(context, outline);
+    cairo_path_destroy(outline);
+    cairo_fill(context);
+    cairo_destroy(context);
+    cairo_surface_flush(mask);
+    blur(cairo_image_surface_get_data(mask), cairo_image_surface_get_width(mask), cairo_image_surface_get_height(mask),
+         cairo_image_surface_get_stride(mask), sigma);
+    cairo_surface_mark_dirty(mask);
+    cairo_mask_surface(target, mask, 0, 0);
+    cairo_surface_destroy(mask);
+}

@@ -12,8 +12,8 @@ class UIImage;
 
 /// A drop shadow; lengths in points.
 struct Shadow {
-    RGBA color;
-    CGSize offset;
+    RGBA color = {};
+    CGSize offset = {};
     CGFloat radius = 0;
 };
 

@@ -12,8 +12,9 @@
 /// What is to be laid out, and in which room.
 struct TextRequest {
     /// UTF-8; bytes that are not show as U+FFFD.
-    std::string text;
-    std::shared_ptr<UIFont> font;
+    std::string text = {};
+    /// Null for the system font of 17 points.
+    std::shared_ptr<UIFont> font = nullptr;
     NSTextAlignment alignment = NSTextAlignment::natural;
     /// Points between two lines.
     CGFloat lineSpacing = 0;
@@ -21,7 +22,7 @@ struct TextRequest {
     /// 0 for no limit.
     int maximumLines = 0;
     /// In points; absent for unbounded.
-    std::optional<CGFloat> width;
+    std::optional<CGFloat> width = std::nullopt;
 };
 
 /// Text broken into lines, measured and ready to draw at any scale; immutable, shared by whoever shows it. Lines have

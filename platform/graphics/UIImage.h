@@ -13,7 +13,7 @@ enum class UIImageRenderingMode { automatic = 0, alwaysOriginal = 1, alwaysTempl
 
 /// One PNG file of an image, drawn for screens of `scale` pixels a point.
 struct UIImageRepresentation {
-    std::string path;
+    std::string path = {};
     int scale = 1;
 };
 

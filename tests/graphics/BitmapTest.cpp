@@ -1,0 +1,72 @@
+#include "platform/graphics/Bitmap.h"
+
+#include "platform/graphics/RecentCache.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+/// Each row filled with its number.
+Bitmap numberedRows(int width, int height) {
+    Bitmap bitmap(width, height);
+    for (int y = 0; y < height; ++y) {
+        std::fill_n(bitmap.row(y), width, static_cast<std::uint32_t>(y));
+    }
+    return bitmap;
+}
+
+std::vector<std::uint32_t> column(const Bitmap& bitmap, int x) {
+    std::vector<std::uint32_t> values;
+    for (int y = 0; y < bitmap.height(); ++y) {
+        values.push_back(bitmap.pixel(x, y));
+    }
+    return values;
+}
+
+TEST(BitmapTest, MovingRowsTouchesOnlyTheArea) {
+    Bitmap up = numberedRows(4, 6);
+    up.scrollRows({1, 1, 2, 4}, -2);
+    EXPECT_EQ(column(up, 1), (std::vector<std::uint32_t>{0, 3, 4, 3, 4, 5}));
+    EXPECT_EQ(column(up, 0), (std::vector<std::uint32_t>{0, 1, 2, 3, 4, 5}));
+    EXPECT_EQ(column(up, 3), (std::vector<std::uint32_t>{0, 1, 2, 3, 4, 5}));
+
+    Bitmap down = numberedRows(4, 6);
+    down.scrollRows({1, 1, 2, 4}, 2);
+    EXPECT_EQ(column(down, 2), (std::vector<std::uint32_t>{0, 1, 2, 1, 2, 5}));
+}
+
+TEST(BitmapTest, MovingRowsFurtherThanTheAreaOrOutsideChangesNothing) {
+    const Bitmap before = numberedRows(4, 6);
+    Bitmap bitmap = before.copy();
+    bitmap.scrollRows({0, 0, 4, 6}, 6);
+    bitmap.scrollRows({0, 0, 4, 6}, -100);
+    bitmap.scrollRows({9, 9, 4, 6}, 1);
+    EXPECT_TRUE(bitmap == before);
+}
+
+TEST(BitmapTest, LargeAndEmptyOnesBeginTransparent) {
+    Bitmap large(1179, 2556);
+    large.populate();
+    EXPECT_EQ(large.pixel(1178, 2555), 0U);
+    EXPECT_TRUE(Bitmap(-3, 5).pixels().empty());
+}
+
+TEST(RecentCacheTest, WhatWasNotUsedLongestGoesFirst) {
+    RecentCache<int> cache(30);
+    cache.insert("a", 1, 10);
+    cache.insert("b", 2, 10);
+    cache.insert("c", 3, 10);
+    ASSERT_NE(cache.find("a"), nullptr);
+    cache.insert("d", 4, 15);
+    EXPECT_EQ(cache.find("b"), nullptr);
+    EXPECT_EQ(cache.find("c"), nullptr);
+    EXPECT_EQ(*cache.find("a"), 1);
+    EXPECT_EQ(cache.cost(), 25U);
+    cache.insert("larger than all", 5, 31);
+    EXPECT_EQ(cache.count(), 2U);
+}
+
+} // namespace

@@ -1,0 +1,49 @@
+#include "platform/interface/AssetCatalogReader.h"
+
+#include "platform/interface/CatalogEntries.h"
+#include "platform/interface/CatalogSets.h"
+
+std::filesystem::path catalogFolder(const NSBundle& bundle) {
+    return bundle.bundlePath() / "Assets.xcassets";
+}
+
+std::shared_ptr<UIColor> AssetCatalogReader::colorNamed(std::string_view name) {
+    const auto known = m_colors.find(name);
+    if (known != m_colors.end()) {
+        return known->second;
+    }
+    const std::filesystem::path folder = find(name, ".colorset");
+    std::vector<InterfaceFinding> unheard;
+    auto color = folder.empty() ? nullptr : readColorSet(folder, unheard);
+    return m_colors.emplace(name, std::move(color)).first->second;
+}
+
+std::shared_ptr<UIImage> AssetCatalogReader::imageNamed(std::string_view name) {
+    const auto known = m_images.find(name);
+    if (known != m_images.end()) {
+        return known->second;
+    }
+    const std::filesystem::path folder = find(name, ".imageset");
+    std::vector<InterfaceFinding> unheard;
+    auto image = folder.empty() ? nullptr : readImageSet(folder, std::string(name), unheard);
+    return m_images.emplace(name, std::move(image)).first->second;
+}
+
+std::filesystem::path AssetCatalogReader::find(std::string_view name, const char* extension) {
+    // A name is one folder's, or a group's and a folder's; it never leads out of the catalogue.
+    if (name.empty() || name.front() == '/' || name.find("..") != std::string_view::npos ||
+        name.find('\0') != std::string_view::npos) {
+        return {};
+    }
+    const std::string file = std::string(name) + extension;
+    std::error_code error;
+    if (name.find('/') == std::string_view::npos && std::filesystem::is_directory(m_folder / file, error)) {
+        return m_folder / file;
+    }
+    for (const CatalogEntry& entry : catalogEntries(m_folder)) {
+        if (entry.name == name && entry.folder.extension() == extension) {
+            return entry.folder;
+        }
+    }
+    return {};
+}

@@ -1,0 +1,130 @@
+#include "platform/interface/ElementCoder.h"
+
+#include "platform/interface/ElementValues.h"
+#include "platform/interface/NumberText.h"
+
+#include <algorithm>
+
+std::optional<std::string> ElementCoder::string(std::string_view key) const {
+    if (const std::string* text = m_element.attribute(key)) {
+        return *text;
+    }
+    const InterfaceElement* child = m_element.keyed(key);
+    if (child == nullptr || child->name == "nil") {
+        return std::nullopt;
+    }
+    if (child->name != "string" && child->name != "mutableString") {
+        m_report.error(*child, std::string(key) + " is no text");
+        return std::nullopt;
+    }
+    return child->text;
+}
+
+std::optional<double> ElementCoder::number(std::string_view key) const {
+    const std::string* text = scalar(key);
+    if (text == nullptr) {
+        return std::nullopt;
+    }
+    const std::optional<double> number = parseNumber(*text);
+    if (!number) {
+        reportInvalid(key, "a number");
+    }
+    return number;
+}
+
+std::optional<bool> ElementCoder::boolean(std::string_view key) const {
+    const std::string* text = scalar(key);
+    if (text == nullptr) {
+        return std::nullopt;
+    }
+    if (*text != "YES" && *text != "NO") {
+        reportInvalid(key, "YES or NO");
+        return std::nullopt;
+    }
+    return *text == "YES";
+}
+
+std::optional<CGRect> ElementCoder::rect(std::string_view key) const {
+    const InterfaceElement* child = keyedChild(key, {"rect"});
+    return child != nullptr ? readRect(*child, m_report) : std::nullopt;
+}
+
+std::optional<CGSize> ElementCoder::size(std::string_view key) const {
+    const InterfaceElement* child = keyedChild(key, {"size"});
+    return child != nullptr ? readSize(*child, m_report) : std::nullopt;
+}
+
+std::optional<UIEdgeInsets> ElementCoder::insets(std::string_view key) const {
+    const InterfaceElement* child = keyedChild(key, {"inset", "edgeInsets"});
+    return child != nullptr ? readInsets(*child, m_report) : std::nullopt;
+}
+
+std::optional<std::shared_ptr<NSObject>> ElementCoder::object(std::string_view key) const {
+    if (const std::string* name = m_element.attribute(key)) {
+        const bool symbol = m_element.value("catalog") == "system";
+        return std::optional<std::shared_ptr<NSObject>>(symbol ? nullptr : imageFromCatalog(*name));
+    }
+    const InterfaceElement* child = m_element.keyed(key);
+    if (child == nullptr) {
+        return std::nullopt;
+    }
+    if (child->name == "nil") {
+        return std::optional<std::shared_ptr<NSObject>>(nullptr);
+    }
+    if (child->name == "color") {
+        return std::optional<std::shared_ptr<NSObject>>(readColor(*child, m_document, m_report));
+    }
+    if (child->name == "fontDescription") {
+        const std::shared_ptr<NSObject> font = readFont(*child, m_report);
+        return font ? std::optional(font) : std::nullopt;
+    }
+    m_report.error(*child, std::string(key) + " is no colour, font or image");
+    return std::nullopt;
+}
+
+const NSCoder* ElementCoder::child(std::string_view element, std::string_view key) const {
+    for (const InterfaceElement& child : m_element.children) {
+        if (child.name == element && child.value("key") == key) {
+            m_children.push_back(std::make_unique<ElementCoder>(child, m_document, m_report));
+            return m_children.back().get();
+        }
+    }
+    return nullptr;
+}
+
+void ElementCoder::reportInvalid(std::string_view key, std::string_view expected) const {
+    const std::string* text = m_element.attribute(key);
+    if (const InterfaceElement* child = m_element.keyed(key); text == nullptr && child != nullptr) {
+        text = child->attribute("value");
+    }
+    const std::string found = text != nullptr ? "\"" + *text + "\"" : "of another kind";
+    m_report.error(m_element, std::string(key) + " is " + found + ", " + std::string(expected) + " is expected");
+}
+
+const std::string* ElementCoder::scalar(std::string_view key) const {
+    if (const std::string* text = m_element.attribute(key)) {
+        return text;
+    }
+    const InterfaceElement* child = m_element.keyed(key);
+    if (child == nullptr || child->name == "nil") {
+        return nullptr;
+    }
+    const std::string* text = child->attribute("value");
+    if (text == nullptr) {
+        m_report.error(*child, std::string(key) + " has no value");
+    }
+    return text;
+}
+
+const InterfaceElement* ElementCoder::keyedChild(std::string_view key,
+                                                 std::initializer_list<std::string_view> names) const {
+    const InterfaceElement* child = m_element.keyed(key);
+    if (child == nullptr || child->name == "nil") {
+        return nullptr;
+    }
+    if (std::find(names.begin(), names.end(), child->name) == names.end()) {
+        m_report.error(*child, std::string(key) + " is expected to be a <" + std::string(*names.begin()) + ">");
+        return nullptr;
+    }
+    return child;
+}

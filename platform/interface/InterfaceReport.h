@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/interface/InterfaceElement.h"
+#include "platform/interface/InterfaceFinding.h"
+
+#include <string>
+#include <vector>
+
+/// Collects what is wrong with one document while it is read. One per reading; none of its findings is lost.
+class InterfaceReport {
+public:
+    explicit InterfaceReport(std::string path) : m_path(std::move(path)) {}
+
+    [[nodiscard]] const std::string& path() const { return m_path; }
+    /// The message is told after the element: `<label id="abc">: MESSAGE`.
+    void error(const InterfaceElement& element, const std::string& message);
+    void warning(const InterfaceElement& element, const std::string& message);
+    void add(InterfaceFinding finding) { m_findings.push_back(std::move(finding)); }
+
+    [[nodiscard]] bool hasErrors() const;
+    [[nodiscard]] const std::vector<InterfaceFinding>& findings() const { return m_findings; }
+    /// All errors, one a line, without a line break at the end.
+    [[nodiscard]] std::string errorText() const;
+
+private:
+    std::string m_path;
+    std::vector<InterfaceFinding> m_findings;
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+/// A place in a text, counted from 1; the column counts bytes. Zero means the whole file.
+struct LinePosition {
+    int line = 0;
+    int column = 0;
+};
+
+/// Turns offsets into lines and columns. Keeps only where lines begin.
+class LinePositions {
+public:
+    explicit LinePositions(std::string_view text);
+
+    [[nodiscard]] LinePosition at(std::size_t offset) const;
+
+private:
+    std::vector<std::size_t> m_starts{0};
+};

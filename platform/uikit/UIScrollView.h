@@ -11,11 +11,13 @@ public:
     explicit UIScrollView(const NSCoder& coder);
 
     [[nodiscard]] CGPoint contentOffset() const { return bounds().origin; }
-    /// Snapped to device pixels, so that content that is already painted can be moved.
+    /// Clamped to what content and insets allow, and snapped to device pixels, so that content that is already painted
+    /// can be moved.
     void setContentOffset(CGPoint offset);
     [[nodiscard]] CGSize contentSize() const { return m_contentSize; }
     void setContentSize(CGSize size);
     [[nodiscard]] const UIEdgeInsets& contentInset() const { return m_contentInset; }
+    /// Content that stands at its beginning stays there: the offset then becomes minus the inset.
     void setContentInset(const UIEdgeInsets& inset);
     [[nodiscard]] bool showsVerticalScrollIndicator() const { return m_showsIndicator; }
     void setShowsVerticalScrollIndicator(bool shows);
@@ -25,6 +27,7 @@ public:
     /// The offset nearest to `offset` that shows content and insets only.
     [[nodiscard]] CGPoint clampedOffset(CGPoint offset) const;
 
+    void layoutSubviews() override;
     void touchesBeganWithEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesMovedWithEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesEndedWithEvent(const TouchSet& touches, UIEvent* event) override;
@@ -32,13 +35,22 @@ public:
 
 protected:
     [[nodiscard]] bool isLayoutRoot() const override { return true; }
+    /// For layoutSubviews, which finds out about content above what is seen: the offset moves along, and so does a drag
+    /// that is under way.
+    void setContentSizeAndOffset(CGSize size, CGPoint offset);
+    /// The one touch that can drag, when it is among these; null otherwise.
+    [[nodiscard]] std::shared_ptr<UITouch> draggingTouchIn(const TouchSet& touches) const;
 
 private:
+    void scrollTo(CGPoint offset);
+    void endTouch(const TouchSet& touches);
+
     CGSize m_contentSize;
     UIEdgeInsets m_contentInset;
     bool m_showsIndicator = true;
     bool m_scrollEnabled = true;
     bool m_dragging = false;
+    std::weak_ptr<UITouch> m_touch;
     CGPoint m_dragStart; // window coordinates
     CGPoint m_dragStartOffset;
 };

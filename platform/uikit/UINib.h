@@ -14,6 +14,8 @@ public:
     /// Never null; a file that is missing or wrong shows when it is instantiated.
     [[nodiscard]] static std::shared_ptr<UINib> nibWithNibNameBundle(const std::string& name, const NSBundle& bundle);
 
+    /// For messages; the file's name without extension.
+    [[nodiscard]] virtual std::string name() const { return {}; }
     /// New top-level objects in file order, connected and awakened; `owner` stands for the file's owner, may be null.
     /// The error names file, line and element.
     [[nodiscard]] virtual Result<std::vector<std::shared_ptr<NSObject>>>

@@ -5,6 +5,7 @@
 #include "platform/uikit/UITableViewDataSource.h"
 #include "platform/uikit/UITableViewDelegate.h"
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
@@ -39,9 +40,17 @@ public:
     /// Points, or UITableViewAutomaticDimension.
     [[nodiscard]] CGFloat rowHeight() const { return m_rowHeight; }
     void setRowHeight(CGFloat height);
-    /// Height that a self-sizing row counts with until it is seen.
+    /// Height that a row counts with until it is seen. UITableViewAutomaticDimension: the fixed row height, or what the
+    /// rows seen before the last reload had on average, or 44.
     [[nodiscard]] CGFloat estimatedRowHeight() const { return m_estimatedRowHeight; }
     void setEstimatedRowHeight(CGFloat height);
+    /// For delegates that do not say; nothing below zero takes up height.
+    [[nodiscard]] CGFloat sectionHeaderHeight() const { return m_sectionHeaderHeight; }
+    void setSectionHeaderHeight(CGFloat height);
+    [[nodiscard]] CGFloat sectionFooterHeight() const { return m_sectionFooterHeight; }
+    void setSectionFooterHeight(CGFloat height);
+    [[nodiscard]] bool allowsSelection() const { return m_allowsSelection; }
+    void setAllowsSelection(bool allows) { m_allowsSelection = allows; }
     /// Null for none; its frame's height is kept, its width follows the table.
     void setTableHeaderView(const std::shared_ptr<UIView>& view);
     void setTableFooterView(const std::shared_ptr<UIView>& view);
@@ -62,7 +71,7 @@ public:
     [[nodiscard]] CGRect rectForRowAtIndexPath(NSIndexPath indexPath);
     [[nodiscard]] CGRect rectForHeaderInSection(int section);
     [[nodiscard]] std::optional<NSIndexPath> indexPathForRowAtPoint(CGPoint point);
-    /// Null for rows that are not visible.
+    /// Null for rows that are not visible; after a reload none is until the next layout.
     [[nodiscard]] std::shared_ptr<UITableViewCell> cellForRowAtIndexPath(NSIndexPath indexPath);
     [[nodiscard]] std::shared_ptr<UIView> headerViewForSection(int section);
     [[nodiscard]] std::vector<NSIndexPath> indexPathsForVisibleRows();
@@ -77,19 +86,57 @@ public:
     void touchesCancelledWithEvent(const TouchSet& touches, UIEvent* event) override;
 
 private:
+    using SharedGeometry = std::shared_ptr<TableGeometry>;
+    struct VisiblePart;
+    struct Placed;
+
+    // A callback may reload the table. Whoever calls one compares its geometry with the table's afterwards; what
+    // answers false or nothing has found out that it is outdated, or that the data source is gone.
+    [[nodiscard]] SharedGeometry geometry();
+    [[nodiscard]] SharedGeometry makeGeometry();
+    [[nodiscard]] CGFloat estimate() const;
+    [[nodiscard]] bool layoutRows();
+    [[nodiscard]] VisiblePart visiblePart(TableGeometry& geometry);
+    void keepTopRow(TableGeometry& geometry, VisiblePart& part);
+    [[nodiscard]] std::int64_t fixedLine(const TableGeometry& geometry, const VisiblePart& part) const;
+    [[nodiscard]] bool measureBelow(const SharedGeometry& geometry, VisiblePart& part);
+    [[nodiscard]] bool measureAbove(const SharedGeometry& geometry, VisiblePart& part);
+    [[nodiscard]] std::optional<std::int64_t> measure(const SharedGeometry& geometry, NSIndexPath path);
+    [[nodiscard]] bool settle(const TableGeometry& geometry, VisiblePart& part);
+    [[nodiscard]] bool show(const SharedGeometry& geometry, const VisiblePart& part);
+    void place(const std::vector<Placed>& views);
+    [[nodiscard]] std::int64_t topOfSections() const;
+    [[nodiscard]] CGRect rectInContent(std::int64_t top, std::int64_t height) const;
+
+    [[nodiscard]] std::shared_ptr<UITableViewCell> visibleCell(const SharedGeometry& geometry, NSIndexPath path);
+    [[nodiscard]] std::shared_ptr<UIView> visibleHeader(int section);
+    void recycleOutside(const TableGeometry& geometry, const VisiblePart& part);
+    void recycleAll();
+    void recycle(const std::shared_ptr<UITableViewCell>& cell);
+
+    void highlightTouchedRow(bool highlighted);
+    void forgetTouch();
+    void selectRow(NSIndexPath indexPath);
+
     std::weak_ptr<UITableViewDataSource> m_dataSource;
     std::weak_ptr<UITableViewDelegate> m_delegate;
     UITableViewStyle m_style;
     UITableViewCellSeparatorStyle m_separatorStyle = UITableViewCellSeparatorStyle::singleLine;
     CGFloat m_rowHeight = UITableViewAutomaticDimension;
     CGFloat m_estimatedRowHeight = UITableViewAutomaticDimension;
+    CGFloat m_sectionHeaderHeight = UITableViewAutomaticDimension;
+    CGFloat m_sectionFooterHeight = UITableViewAutomaticDimension;
+    bool m_allowsSelection = true;
     std::shared_ptr<UIView> m_tableHeaderView;
     std::shared_ptr<UIView> m_tableFooterView;
     std::map<std::string, std::shared_ptr<UINib>> m_nibs;
     std::map<std::string, std::vector<std::shared_ptr<UITableViewCell>>> m_reusable;
     std::map<NSIndexPath, std::shared_ptr<UITableViewCell>> m_visible;
-    std::map<int, std::shared_ptr<UIView>> m_visibleHeaders;
+    std::map<int, std::shared_ptr<UIView>> m_visibleHeaders; // null for a header without a view
     std::optional<NSIndexPath> m_selected;
     std::optional<NSIndexPath> m_touched;
-    std::unique_ptr<TableGeometry> m_geometry; // null until the next layout after a reload
+    SharedGeometry m_geometry; // null from a reload to the next question or layout
+    std::optional<CGFloat> m_averageRowHeight;
+    CGFloat m_measuredWidth = 0;
+    bool m_layingOut = false;
 };

@@ -28,6 +28,10 @@ public:
 
     void layoutSubviews() override;
 
+protected:
+    [[nodiscard]] bool isLayoutRoot() const override { return true; }
+    void drawRect(const CGRect& rect) override;
+
 private:
     void addContentView();
 

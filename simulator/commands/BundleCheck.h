@@ -7,8 +7,8 @@
 /// What is wrong with the data of the main bundle.
 struct BundleFindings {
     std::vector<Finding> all;
-    bool canLaunch = true; // false: an interface file would stop the extension
+    bool canLaunch = true; // false: an interface document would stop the extension
 };
 
 /// Reads every interface document, the asset catalogue and every content file of the main bundle.
-[[nodiscard]] BundleFindings checkBundle();
+[[nodiscard]] BundleFindings checkBundleData();

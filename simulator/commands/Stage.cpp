@@ -40,7 +40,7 @@ std::optional<Stage> prepareStage(const RunOptions& options, ExitStatus& status)
         stage.overrides.push_back({resourceFor(*options.content), options.content});
     }
     openExtensionBundle(stage.bundle, stage.overrides);
-    const BundleFindings findings = checkBundle();
+    const BundleFindings findings = checkBundleData();
     for (const Finding& finding : findings.all) {
         std::cerr << finding.describe() << '\n';
     }

@@ -16,21 +16,26 @@ std::string rowsInView(const CategoriesVC& screen) {
 }
 
 std::string story(const CategoriesVC& screen) {
+    const std::string group = "the screen shows " + rawValue(screen.currentOption());
+    if (!screen.viewDropDown->isHidden()) {
+        return group + "; the list of groups is open";
+    }
     std::size_t modes = 0;
     for (const ModeSection& section : screen.sections()) {
         modes += section.items.size();
     }
-    std::string words = "the screen shows " + rawValue(screen.currentOption()) + ", " + std::to_string(modes) +
-                        " modes in " + std::to_string(screen.sections().size()) + " sections";
-    if (!screen.viewDropDown->isHidden()) {
-        words += ", the list of groups is open";
-    }
-    return words + rowsInView(screen);
+    return modes == 0 ? group + ", no modes"
+                      : group + ", " + std::to_string(modes) + " modes in " + std::to_string(screen.sections().size()) +
+                            " sections" + rowsInView(screen);
 }
 
 } // namespace
 
 void ScreenStory::tell(ConversationHost& host) {
+    const std::optional<MainRunLoop::Duration> due = MainRunLoop::shared().nextDueTime();
+    if (due && *due <= MainRunLoop::shared().now()) {
+        return; // what is about to happen may change the screen again at once
+    }
     if (!host.isOpen() || host.controller()->childViewControllers().empty()) {
         return;
     }

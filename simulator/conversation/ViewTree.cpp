@@ -1,7 +1,9 @@
 #include "simulator/conversation/ViewTree.h"
 
+#include "platform/interface/SourceLocation.h"
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/UIImageView.h"
+#include "platform/uikit/UIScrollView.h"
 #include "simulator/conversation/ViewText.h"
 
 #include <array>
@@ -45,6 +47,10 @@ std::string lineOf(const UIView& view) {
     if (const auto* image = dynamic_cast<const UIImageView*>(&view)) {
         line += image->image() ? " image " + quoted(image->image()->name()) : " no image";
     }
+    if (const auto* scrolls = dynamic_cast<const UIScrollView*>(&view)) {
+        const CGPoint offset = scrolls->contentOffset();
+        line += " scrolled to (" + numberText(offset.x) + " " + numberText(offset.y) + ")";
+    }
     if (view.isHidden()) {
         line += " hidden";
     }
@@ -52,7 +58,12 @@ std::string lineOf(const UIView& view) {
 }
 
 void append(std::string& tree, const UIView& view, TreeDetail detail, std::size_t depth) {
-    tree += std::string(depth * 2, ' ') + lineOf(view) + "\n";
+    tree += std::string(depth * 2, ' ') + lineOf(view);
+    const std::optional<SourceLocation> source = sourceLocationOf(view);
+    if (source && detail == TreeDetail::withSources) {
+        tree += "  <- " + source->file + ":" + std::to_string(source->line);
+    }
+    tree += '\n';
     for (const std::shared_ptr<UIView>& subview : view.subviews()) {
         append(tree, *subview, detail, depth + 1);
     }

@@ -86,6 +86,13 @@ private:
     std::optional<CGPoint> m_current;
 };
 
+void writePath(cairo_t* context, const CGPath& path, const CGAffineTransform& transform) {
+    PathWriter writer(context, transform);
+    for (const CGPathElement& element : path.elements()) {
+        writer.write(element);
+    }
+}
+
 } // namespace
 
 void CairoCanvas::Release::operator()(_cairo* context) const {
@@ -183,10 +190,7 @@ void CairoCanvas::setColor(const RGBA& color) {
 }
 
 void CairoCanvas::addPath(const CGPath& path) {
-    PathWriter writer(m_context.get(), transform());
-    for (const CGPathElement& element : path.elements()) {
-        writer.write(element);
-    }
+    writePath(m_context.get(), path, transform());
 }
 
 void CairoCanvas::paint(const CGRect& bounds, const std::function<void()>& draw) {
@@ -198,10 +202,7 @@ void CairoCanvas::paint(const CGRect& bounds, const std::function<void()>& draw)
     cairo_save(m_context.get());
     for (const CGRoundedRect& shape : m_roundedClips) {
         if (touched(shape)) {
-            PathWriter writer(m_context.get(), {});
-            for (const CGPathElement& element : CGPath::withRoundedRect(shape.rect, shape.radius).elements()) {
-                writer.write(element);
-            }
+            writePath(m_context.get(), CGPath::withRoundedRect(shape.rect, shape.radius), {});
             cairo_clip(m_context.get());
         }
     }

@@ -36,6 +36,7 @@ UIScrollView::UIScrollView(const NSCoder& coder) : UIView(coder) {
     setClipsToBounds(coder.boolean("clipsSubviews").value_or(true));
     m_showsIndicator = coder.boolean("showsVerticalScrollIndicator").value_or(true);
     m_scrollEnabled = coder.boolean("scrollEnabled").value_or(true);
+    setContentInset(coder.insets("contentInset").value_or(m_contentInset));
 }
 
 void UIScrollView::setContentOffset(CGPoint offset) {

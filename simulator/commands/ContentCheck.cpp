@@ -5,6 +5,8 @@
 #include "platform/foundation/JSONDocument.h"
 #include "platform/graphics/UIImage.h"
 
+#include <cstdio>
+
 namespace {
 
 void checkIcon(const JSONDocument& document, JSONValue item, const std::string& file, std::vector<Finding>& findings) {
@@ -35,6 +37,15 @@ std::vector<Finding> checkIcons(const std::string& text, const std::string& file
     return findings;
 }
 
+/// The decoder's message names its place in words, at its beginning or end.
+Finding decodingFinding(const std::string& file, const std::string& message) {
+    Finding finding{file, 0, 0, Severity::error, message};
+    if (const std::size_t place = message.rfind("line "); place != std::string::npos) {
+        std::sscanf(message.c_str() + place, "line %9d, column %9d", &finding.line, &finding.column);
+    }
+    return finding;
+}
+
 } // namespace
 
 std::vector<Finding> checkContent(const std::filesystem::path& file) {
@@ -43,7 +54,7 @@ std::vector<Finding> checkContent(const std::filesystem::path& file) {
         return {{file.string(), 0, 0, Severity::error, text.error()}};
     }
     if (const auto sections = decodeModeList(text.value()); !sections) {
-        return {{file.string(), 0, 0, Severity::error, sections.error()}};
+        return {decodingFinding(file.string(), sections.error())};
     }
     return checkIcons(text.value(), file.string());
 }

@@ -18,14 +18,6 @@ std::chrono::milliseconds nowInMilliseconds() {
     return std::chrono::duration_cast<std::chrono::milliseconds>(MainRunLoop::shared().now());
 }
 
-std::string describeLink(const NSURL& url) {
-    std::string text = "opened the link " + url.absoluteString();
-    for (const NSURLQueryItem& item : NSURLComponents::componentsWithURL(url).queryItems) {
-        text += "\n             " + item.name + " = " + item.value.value_or("(no value)");
-    }
-    return text;
-}
-
 } // namespace
 
 /// The extension's way out: opens every link, by writing it down.
@@ -163,7 +155,10 @@ void ConversationHost::close() {
 
 void ConversationHost::linkOpened(const NSURL& url) {
     m_links.push_back({nowInMilliseconds(), url});
-    note("link", describeLink(url));
+    note("link", "opened the link " + url.absoluteString());
+    for (const NSURLQueryItem& item : NSURLComponents::componentsWithURL(url).queryItems) {
+        note("link item", "    " + item.name + " = " + item.value.value_or("(no value)"));
+    }
 }
 
 void ConversationHost::settle() {

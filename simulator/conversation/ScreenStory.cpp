@@ -15,6 +15,10 @@ std::string rowsInView(const CategoriesVC& screen) {
     return rows;
 }
 
+std::string counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
 std::string story(const CategoriesVC& screen) {
     const std::string group = "the screen shows " + rawValue(screen.currentOption());
     if (!screen.viewDropDown->isHidden()) {
@@ -25,8 +29,8 @@ std::string story(const CategoriesVC& screen) {
         modes += section.items.size();
     }
     return modes == 0 ? group + ", no modes"
-                      : group + ", " + std::to_string(modes) + " modes in " + std::to_string(screen.sections().size()) +
-                            " sections" + rowsInView(screen);
+                      : group + ", " + counted(modes, "mode") + " in " + counted(screen.sections().size(), "section") +
+                            rowsInView(screen);
 }
 
 } // namespace

@@ -1,0 +1,88 @@
+#include "simulator/commands/Stage.h"
+
+#include "platform/foundation/FileReading.h"
+#include "tests/foundation/TemporaryFolder.h"
+#include "tests/support/Output.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class StageTest : public testing::Test {
+protected:
+    StageTest() {
+        std::filesystem::copy(TD_BUNDLE, folder.path(), std::filesystem::copy_options::recursive);
+        options.bundle = folder.path();
+    }
+
+    void edit(const std::string& name, const std::string& from, const std::string& to) {
+        std::string text = readWholeFile(folder.path() / name).value();
+        ASSERT_NE(text.find(from), std::string::npos) << from;
+        folder.write(name, text.replace(text.find(from), from.size(), to));
+    }
+    std::string complaint() {
+        stage = prepareStage(options, status);
+        return support::takeStandardError();
+    }
+
+    TemporaryFolder folder;
+    RunOptions options;
+    std::optional<Stage> stage;
+    ExitStatus status = exitFine;
+};
+
+TEST_F(StageTest, HasNothingToSayOfTheBundleThatIsBuilt) {
+    EXPECT_THAT(complaint(), IsEmpty());
+    EXPECT_TRUE(stage);
+    EXPECT_EQ(status, exitFine);
+}
+
+TEST_F(StageTest, DoesNotOpenAnExtensionWhoseInterfaceFilesAreWrong) {
+    edit("MainInterface.storyboard", "property=\"lblDropDown\"", "property=\"lblDropDwn\"");
+    const std::string text = complaint();
+    EXPECT_THAT(text, HasSubstr("MainInterface.storyboard:"));
+    EXPECT_THAT(text, HasSubstr("did you mean lblDropDown?"));
+    EXPECT_FALSE(stage);
+    EXPECT_EQ(status, exitFailed);
+}
+
+TEST_F(StageTest, WarnsOfAnImageThatADocumentNamesAndTheCatalogueLacks) {
+    edit("ModeTblCell.xib", "image=\"list_arrow\"", "image=\"list_arow\"");
+    const std::string text = complaint();
+    EXPECT_THAT(text, HasSubstr("ModeTblCell.xib:"));
+    EXPECT_THAT(text, HasSubstr("warning"));
+    EXPECT_THAT(text, HasSubstr("list_arow"));
+    EXPECT_TRUE(stage);
+    EXPECT_EQ(status, exitFine);
+}
+
+TEST_F(StageTest, WarnsOfAnIconThatTheCatalogueLacksWithItsPlace) {
+    edit("Friends.json", "\"icon\": \"icon_bolt\"", "\"icon\": \"icon_blot\"");
+    EXPECT_THAT(complaint(), HasSubstr("Friends.json:6:17: warning: the asset catalogue has no image 'icon_blot'"));
+    EXPECT_TRUE(stage);
+}
+
+TEST_F(StageTest, TellsWhereAContentFileIsWrongAndOpensTheExtensionAllTheSame) {
+    folder.write("Couple.json", "[\n  {\"sectionTitle\": \"a\", \"items\": 3}\n]\n");
+    const std::string text = complaint();
+    EXPECT_THAT(text, HasSubstr("Couple.json:2:"));
+    EXPECT_THAT(text, HasSubstr("error"));
+    EXPECT_TRUE(stage);
+    EXPECT_EQ(status, exitFailed);
+}
+
+TEST_F(StageTest, ShowsAContentFileForTheGroupItIsNamedAfterOrElseTheFirst) {
+    options.content = folder.write("MyList.json", "[]").string();
+    EXPECT_THAT(complaint(), IsEmpty());
+    ASSERT_TRUE(stage);
+    EXPECT_EQ(stage->overrides.at(0).name, "Adult (18+).json");
+    options.content = (folder.path() / "Family.json").string();
+    EXPECT_THAT(complaint(), IsEmpty());
+    EXPECT_EQ(stage->overrides.at(0).name, "Family.json");
+}
+
+} // namespace

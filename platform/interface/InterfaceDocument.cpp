@@ -13,10 +13,9 @@ LoadedDocument refuse(const std::string& path, LinePosition place, const std::st
     return {nullptr, {path, place.line, place.column, InterfaceFinding::Severity::error, message}};
 }
 
-/// Where a node's markup opens. The parser gives the place of an element's name, one byte further.
+/// Where a node's markup opens. The parser gives the place of its name.
 LinePosition placeOf(const pugi::xml_node& node, const LinePositions& lines) {
-    const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
-    return lines.at(node.type() == pugi::node_element && offset > 0 ? offset - 1 : offset);
+    return lines.ofBracketBefore(static_cast<std::size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0)));
 }
 
 /// The first element that is nested too deeply; walks without recursion, so that depth cannot exhaust the stack.

@@ -10,13 +10,16 @@ struct LinePosition {
     int column = 0;
 };
 
-/// Turns offsets into lines and columns. Keeps only where lines begin.
+/// Turns offsets into a text into lines and columns. Refers to the text.
 class LinePositions {
 public:
     explicit LinePositions(std::string_view text);
 
     [[nodiscard]] LinePosition at(std::size_t offset) const;
+    /// Of the last "<" up to an offset.
+    [[nodiscard]] LinePosition ofBracketBefore(std::size_t offset) const;
 
 private:
+    std::string_view m_text;
     std::vector<std::size_t> m_starts{0};
 };

@@ -1,0 +1,62 @@
+#include "platform/interface/InterfaceCheck.h"
+#include "tests/interface/InterfaceFixture.h"
+
+namespace {
+
+class InterfaceCheck : public InterfaceFixture {
+protected:
+    [[nodiscard]] std::string findings() const {
+        std::string text;
+        for (const InterfaceFinding& finding : checkBundle(bundle())) {
+            text += finding.describe() + "\n";
+        }
+        return withoutFolder(text);
+    }
+};
+
+TEST_F(InterfaceCheck, FindsNothingInASoundBundle) {
+    write("A.xib", nibWith("<view id=\"v\"/>"));
+    EXPECT_EQ(findings(), "");
+}
+
+TEST_F(InterfaceCheck, GoesThroughEveryDocument) {
+    write("A.xib", "<document");
+    write("B.xib", nibWith("<label id=\"l\" numberOfLines=\"many\"/><label id=\"l\"/>"));
+    write("C.storyboard", storyboardWith("", R"(<scene><objects>
+<viewController id="c" sceneMemberID="viewController"><view key="view"><subviews><lable/></subviews></view>
+<connections><segue destination="c" kind="show" id="s"/></connections></viewController></objects></scene>)"));
+    EXPECT_EQ(findings(), "A.xib:1:9: error: malformed XML: Error parsing start element tag\n"
+                          "B.xib:3:1: error: <label id=\"l\">: numberOfLines is \"many\", a number is expected\n"
+                          "B.xib:3:37: warning: <label id=\"l\">: another object has this id; the first one counts\n"
+                          "C.storyboard:4:82: error: <lable>: unknown element; did you mean label?\n"
+                          "C.storyboard:5:14: warning: <segue id=\"s\">: segues are ignored\n");
+}
+
+TEST_F(InterfaceCheck, WarnsOfNamesThatTheCatalogueLacks) {
+    write("A.xib", nibWith("<imageView id=\"i\" image=\"leaf\"><color key=\"tintColor\" name=\"Green\"/></imageView>\n"
+                           "<imageView image=\"star\" catalog=\"system\"/>"));
+    EXPECT_EQ(findings(), "A.xib:3:1: warning: <imageView id=\"i\">: the catalogue has no image \"leaf\"\n"
+                          "A.xib:3:32: warning: <color>: the catalogue has no colour \"Green\"\n");
+}
+
+TEST_F(InterfaceCheck, FindsBrokenSetsAndMissingFilesInTheCatalogue) {
+    write("Assets.xcassets/a.colorset/Contents.json",
+          "{\"colors\":[\n{\"idiom\":\"universal\",\"color\":{\"components\":"
+          "{\"red\":\"x\",\"green\":\"0\",\"blue\":\"0\"}}}]}");
+    write("Assets.xcassets/b.imageset/Contents.json",
+          "{\"images\":[\n{\"idiom\":\"universal\",\"filename\":\"b.png\"}]}");
+    write("Assets.xcassets/c.imageset/c.svg", "<svg/>");
+    write("Assets.xcassets/c.imageset/c.png", "");
+    write("Assets.xcassets/c.imageset/c@3x.png", "");
+    write("Assets.xcassets/c.imageset/Contents.json",
+          "{\"images\":[{\"idiom\":\"universal\",\"filename\":\"c.svg\"}]}");
+    write("Assets.xcassets/d.dataset/Contents.json", "never read");
+    EXPECT_EQ(findings(),
+              "Assets.xcassets/a.colorset/Contents.json:2:51: error: the component \"red\" is no number\n"
+              "Assets.xcassets/b.imageset/Contents.json:2:33: error: the file Assets.xcassets/b.imageset/b.png is "
+              "missing\n"
+              "Assets.xcassets/c.imageset/Contents.json:1:44: error: the file Assets.xcassets/c.imageset/c@2x.png is "
+              "missing\n");
+}
+
+} // namespace

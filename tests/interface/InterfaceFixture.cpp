@@ -1,0 +1,61 @@
+#include "tests/interface/InterfaceFixture.h"
+
+#include "platform/interface/InterfaceReaders.h"
+#include "platform/uikit/UINib.h"
+#include "tests/interface/StandIns.h"
+
+#include <cstdlib>
+#include <fstream>
+
+InterfaceFixture::InterfaceFixture() {
+    std::string name = (std::filesystem::temp_directory_path() / "interface-XXXXXX").string();
+    m_folder = mkdtemp(name.data());
+    registerStandIns();
+    NSBundle::setMainBundle(m_folder);
+    installInterfaceReaders();
+}
+
+InterfaceFixture::~InterfaceFixture() {
+    std::filesystem::remove_all(m_folder);
+}
+
+void InterfaceFixture::write(const std::string& name, const std::string& text) const {
+    std::filesystem::create_directories((m_folder / name).parent_path());
+    std::ofstream(m_folder / name, std::ios::binary) << text;
+}
+
+Result<InterfaceFixture::Objects> InterfaceFixture::instantiate(const std::string& nib,
+                                                                const std::shared_ptr<NSObject>& owner) const {
+    return UINib::nibWithNibNameBundle(nib, bundle())->instantiateWithOwner(owner);
+}
+
+Result<InterfaceFixture::Objects> InterfaceFixture::instantiateObjects(const std::string& objects,
+                                                                       const std::shared_ptr<NSObject>& owner) const {
+    write("Test.xib", nibWith(objects));
+    return instantiate("Test", owner);
+}
+
+std::string InterfaceFixture::errorsOf(const std::string& objects) const {
+    const Result<Objects> made = instantiateObjects(objects);
+    return made ? "" : withoutFolder(made.error());
+}
+
+std::string InterfaceFixture::withoutFolder(std::string text) const {
+    const std::string prefix = m_folder.string() + "/";
+    for (std::size_t at = text.find(prefix); at != std::string::npos; at = text.find(prefix)) {
+        text.erase(at, prefix.size());
+    }
+    return text;
+}
+
+std::string InterfaceFixture::nibWith(const std::string& objects) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<document type=\"com.apple.InterfaceBuilder3.CocoaTouch.XIB\"><objects>\n" +
+           objects + "\n</objects></document>\n";
+}
+
+std::string InterfaceFixture::storyboardWith(const std::string& initial, const std::string& scenes) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<document type=\"com.apple.InterfaceBuilder3.CocoaTouch.Storyboard.XIB\" initialViewController=\"" +
+           initial + "\"><scenes>\n" + scenes + "\n</scenes></document>\n";
+}

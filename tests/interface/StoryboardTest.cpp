@@ -1,0 +1,136 @@
+#include "platform/interface/SourceLocation.h"
+#include "platform/uikit/UIStoryboard.h"
+#include "tests/interface/InterfaceFixture.h"
+#include "tests/interface/StandIns.h"
+
+namespace {
+
+const std::string scenes = R"(<scene sceneID="s1"><objects>
+<viewController id="first" customClass="MessagesViewController" sceneMemberID="viewController"/></objects></scene>
+<scene sceneID="s2"><objects>
+<viewController storyboardIdentifier="CategoriesVC" id="second" customClass="CategoriesVC" sceneMemberID="viewController">
+ <view key="view" id="root"><subviews>
+   <button id="b"><connections><action selector="btnBackWithSender:" destination="second" id="a1"/>
+     <action selector="btnLetsPlayWithSender:" destination="second" eventType="valueChanged" id="a2"/>
+     <action selector="anything:" destination="responder" eventType="touchDown" id="a3"/></connections></button>
+   <label id="l" text="Friends"/>
+   <tableView id="t"><connections><outlet property="dataSource" destination="second" id="o1"/>
+     <outlet property="delegate" destination="second" id="o2"/></connections></tableView></subviews>
+  <viewLayoutGuide key="safeArea" id="safe"/>
+  <constraints><constraint firstItem="safe" firstAttribute="bottom" secondItem="b" secondAttribute="bottom" constant="12"
+    id="k"/></constraints></view>
+ <connections><outlet property="lblDropDown" destination="l" id="o3"/>
+  <outlet property="cnBottomOfLetsPlay" destination="k" id="o4"/></connections>
+</viewController><placeholder placeholderIdentifier="IBFirstResponder" id="responder" sceneMemberID="firstResponder"/>
+</objects></scene>)";
+
+class Storyboard : public InterfaceFixture {
+protected:
+    [[nodiscard]] std::shared_ptr<UIStoryboard> board(const std::string& text) const {
+        write("Main.storyboard", text);
+        return UIStoryboard::storyboardWithNameBundle("Main", bundle());
+    }
+    [[nodiscard]] std::shared_ptr<StandInScreen> screen() const {
+        return std::dynamic_pointer_cast<StandInScreen>(
+            board(storyboardWith("first", scenes))->instantiateViewControllerWithIdentifier("CategoriesVC"));
+    }
+};
+
+TEST_F(Storyboard, MakesTheInitialControllerAndControllersByIdentifier) {
+    const auto storyboard = board(storyboardWith("first", scenes));
+    const auto initial = storyboard->instantiateInitialViewController();
+    EXPECT_TRUE(std::dynamic_pointer_cast<StandInMessages>(initial));
+    EXPECT_EQ(initial->storyboard(), storyboard);
+    EXPECT_TRUE(initial->view());
+    EXPECT_EQ(sourceLocationOf(*initial)->line, 4);
+}
+
+TEST_F(Storyboard, ConnectsAControllerWhenItsViewIsFirstAskedFor) {
+    const auto made = screen();
+    ASSERT_TRUE(made);
+    EXPECT_FALSE(made->isViewLoaded());
+    EXPECT_FALSE(made->lblDropDown.get());
+    const auto view = made->view();
+    ASSERT_EQ(view->subviews().size(), 3u);
+    EXPECT_EQ(made->lblDropDown->text(), "Friends");
+    EXPECT_EQ(made->cnBottomOfLetsPlay->constant(), 12);
+    EXPECT_EQ(made->cnBottomOfLetsPlay->first().guide, LayoutGuide::safeArea);
+    const auto table = std::dynamic_pointer_cast<UITableView>(view->subviews()[2]);
+    EXPECT_EQ(table->dataSource(), made);
+    EXPECT_EQ(table->delegate(), made);
+}
+
+TEST_F(Storyboard, LetsControlsSendTheirActionsForTheirEvents) {
+    const auto made = screen();
+    const auto button = std::dynamic_pointer_cast<UIButton>(made->view()->subviews()[0]);
+    button->sendActionsForControlEvents(UIControlEventTouchUpInside);
+    EXPECT_EQ(made->sent, std::vector<std::string>{"back"}); // no event type means touch up inside
+    button->sendActionsForControlEvents(UIControlEventValueChanged);
+    EXPECT_EQ(made->sent.back(), "play");
+    button->sendActionsForControlEvents(UIControlEventTouchDown); // nobody is first responder
+    EXPECT_EQ(made->sent.size(), 2u);
+}
+
+TEST_F(Storyboard, KeepsTheViewsOfTwoInstancesApart) {
+    const auto one = screen();
+    const auto two = std::dynamic_pointer_cast<StandInScreen>(
+        one->storyboard()->instantiateViewControllerWithIdentifier("CategoriesVC"));
+    const auto viewOne = one->view();
+    const auto viewTwo = two->view();
+    EXPECT_NE(viewOne, viewTwo);
+    EXPECT_EQ(one->lblDropDown->superview(), viewOne.get());
+    EXPECT_EQ(two->lblDropDown->superview(), viewTwo.get());
+}
+
+TEST_F(Storyboard, LetsAControllerAndItsViewsGo) {
+    auto made = screen();
+    std::weak_ptr<UIView> view = made->view();
+    const std::weak_ptr<UIViewController> controller = made;
+    made.reset();
+    EXPECT_TRUE(controller.expired());
+    EXPECT_TRUE(view.expired());
+}
+
+TEST_F(Storyboard, ReadsTheGuidesOfOldDocuments) {
+    const auto controller = board(storyboardWith("c", R"(<scene><objects>
+<viewController id="c" sceneMemberID="viewController"><layoutGuides>
+ <viewControllerLayoutGuide type="top" id="top"/><viewControllerLayoutGuide type="bottom" id="bottom"/></layoutGuides>
+ <view key="view" id="v"><subviews><view id="w"/></subviews><constraints>
+  <constraint firstItem="w" firstAttribute="top" secondItem="top" secondAttribute="bottom" id="k1"/></constraints></view>
+</viewController></objects></scene>)"))
+                                ->instantiateInitialViewController();
+    const auto constraint = controller->view()->constraints().at(0);
+    EXPECT_EQ(constraint->second().guide, LayoutGuide::safeArea);
+    EXPECT_EQ(constraint->second().attribute, LayoutAttribute::top);
+}
+
+using StoryboardDeathTest = Storyboard;
+
+TEST_F(StoryboardDeathTest, StopsForAMissingSceneOrFile) {
+    const auto storyboard = board(storyboardWith("", scenes));
+    EXPECT_DEATH(static_cast<void>(storyboard->instantiateViewControllerWithIdentifier("CategorysVC")),
+                 "Main.storyboard: error: there is no scene with the identifier \"CategorysVC\"; did you mean "
+                 "CategoriesVC\\?");
+    EXPECT_DEATH(static_cast<void>(storyboard->instantiateInitialViewController()), "has no initial controller");
+    EXPECT_DEATH(static_cast<void>(
+                     UIStoryboard::storyboardWithNameBundle("Other", bundle())->instantiateInitialViewController()),
+                 "Other.storyboard: error: ");
+}
+
+TEST_F(StoryboardDeathTest, StopsForAFaultInAViewWithItsPlace) {
+    const auto controller = board(storyboardWith("c", R"(<scene><objects>
+<viewController id="c" sceneMemberID="viewController"><view key="view" id="v">
+ <subviews><lable id="l"/></subviews></view></viewController></objects></scene>)"))
+                                ->instantiateInitialViewController();
+    EXPECT_DEATH(static_cast<void>(controller->view()),
+                 "Main.storyboard:5:12: error: <lable id=\"l\">: unknown element; did you mean label\\?");
+}
+
+TEST_F(StoryboardDeathTest, StopsForASceneThatIsNoController) {
+    const auto storyboard = board(
+        storyboardWith("c", "<scene><objects><view id=\"c\" sceneMemberID=\"viewController\"/></objects></scene>"));
+    EXPECT_DEATH(static_cast<void>(storyboard->instantiateInitialViewController()),
+                 "Main.storyboard:3:17: error: <view id=\"c\">: UIView is no controller");
+}
+
+} // namespace

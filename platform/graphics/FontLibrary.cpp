@@ -91,6 +91,10 @@ extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:libfontconfig.so\n";
 }
+extern "C" const char* __asan_default_options();
+extern "C" const char* __asan_default_options() {
+    return "print_suppressions=0";
+}
 #endif
 
 FontLibrary& FontLibrary::shared() {

@@ -1,6 +1,8 @@
 #include "platform/graphics/cairo/CairoCanvas.h"
 
 #include "platform/graphics/TextLayout.h"
+#include "platform/graphics/UIImage.h"
+#include "tests/graphics/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -92,6 +94,22 @@ TEST(CairoCanvasTest, RoundedClipsCutCornersOnlyWhereTheyAre) {
     canvas.restore();
     canvas.fillRect(CGRectMake(0, 0, 40, 40), redColor);
     EXPECT_EQ(bitmap.pixel(0, 0), red);
+}
+
+TEST(CairoCanvasTest, PlainClipsAndImagesSnapToPixels) {
+    const TemporaryFolder folder;
+    const UIImage image("dot", {{folder.writePicture("dot.png", 4, 4, red), 1}});
+    Bitmap bitmap(20, 20);
+    CairoCanvas canvas(bitmap, 1);
+    canvas.drawImage(image, CGRectMake(10.4, 10.6, 4, 4), std::nullopt);
+    canvas.clipRect(CGRectMake(1.4, 1.6, 4, 4));
+    canvas.fillRect(CGRectMake(0, 0, 8, 8), redColor);
+    for (const std::uint32_t pixel : bitmap.pixels()) {
+        ASSERT_TRUE(pixel == 0 || pixel == red);
+    }
+    EXPECT_EQ(bitmap.pixel(1, 2), red);
+    EXPECT_EQ(bitmap.pixel(10, 11), red);
+    EXPECT_EQ(inkOf(bitmap).bottom, 14);
 }
 
 TEST(CairoCanvasTest, AGroupIsPutDownAsOnePicture) {

@@ -88,8 +88,17 @@ TEST(ModeListDecoder, ReportsTheFirstFailureInTheOrderOfReading) {
     const std::string bothKeysWrong = R"([{"items": 1, "sectionTitle": 2}])";
     EXPECT_EQ(errorOf(bothKeysWrong),
               R"(section 1: "sectionTitle" must be a text, but is a number (line 1, column 15))");
-    const std::string laterItemWrong = R"([{"sectionTitle": "S", "items": [
-        {"isSelected": 1, "subtitle": 2, "title": 3, "icon": "i"}, {}]}, 5])";
-    EXPECT_EQ(errorOf(laterItemWrong),
-              R"(section 1, item 1: "title" must be a text, but is a number (line 2, column 42))");
+    const struct {
+        const char* item;
+        const char* key;
+    } cases[] = {
+        {R"({"isSelected": 1, "subtitle": 2, "title": 3, "icon": 4})", "icon"},
+        {R"({"isSelected": 1, "subtitle": 2, "title": 3, "icon": "i"})", "title"},
+        {R"({"isSelected": 1, "subtitle": 2, "title": "T", "icon": "i"})", "subtitle"},
+    };
+    for (const auto& [item, key] : cases) {
+        const std::string later = "{}]}, 5]"; // more that is wrong, but comes later
+        const std::string error = errorOf(R"([{"sectionTitle": "S", "items": [)" + std::string(item) + ", " + later);
+        EXPECT_TRUE(error.starts_with("section 1, item 1: \"" + std::string(key) + "\" must be a text")) << error;
+    }
 }

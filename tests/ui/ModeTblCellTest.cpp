@@ -1,0 +1,86 @@
+#include "ui/ModeTblCell.h"
+#include "tests/ui/Catalog.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A cell with its outlets connected, in front of a catalogue. The named text colours are looked up once per process,
+/// so every test here needs a process of its own, as it has under ctest.
+class ModeTblCellTest : public testing::Test {
+protected:
+    ModeTblCellTest() {
+        for (const char* name : {"icon_rose", "list_arrow"}) {
+            catalog->addImage(name);
+        }
+        cell->iconImageView = icon;
+        cell->lblTitle = title;
+        cell->lblDesc = subtitle;
+        cell->imgSelection = arrow;
+        cell->viewBackground = background;
+    }
+    void addTextColors() {
+        catalog->colors["TextColor"] = UIColor::colorWithRedGreenBlueAlpha(0.1, 0, 0, 1);
+        catalog->colors["TextGrey"] = UIColor::colorWithRedGreenBlueAlpha(0.2, 0, 0, 1);
+    }
+    void expectHighlighted() {
+        EXPECT_EQ(background->backgroundColor()->components(), support::rgb(77, 162, 137));
+        EXPECT_TRUE(*title->textColor() == *UIColor::whiteColor());
+        EXPECT_TRUE(*subtitle->textColor() == *UIColor::whiteColor());
+    }
+    void expectPlain() {
+        EXPECT_TRUE(*background->backgroundColor() == *UIColor::whiteColor());
+        EXPECT_TRUE(*title->textColor() == UIColor(0.1, 0, 0, 1));
+        EXPECT_TRUE(*subtitle->textColor() == UIColor(0.2, 0, 0, 1));
+    }
+
+    const std::shared_ptr<support::Catalog> catalog = support::installCatalog();
+    const std::shared_ptr<ModeTblCell> cell = std::make_shared<ModeTblCell>(UITableViewCellStyle::standard, "");
+    const std::shared_ptr<UIImageView> icon = std::make_shared<UIImageView>();
+    const std::shared_ptr<UILabel> title = std::make_shared<UILabel>();
+    const std::shared_ptr<UILabel> subtitle = std::make_shared<UILabel>();
+    const std::shared_ptr<UIImageView> arrow = std::make_shared<UIImageView>();
+    const std::shared_ptr<UIView> background = std::make_shared<UIView>();
+    const ModeItem highlighted{.icon = "icon_rose", .title = "T", .subtitle = "U", .isSelected = true};
+    const ModeItem plain{.icon = std::nullopt, .title = "V", .subtitle = "", .isSelected = false};
+};
+
+} // namespace
+
+TEST_F(ModeTblCellTest, ShowsNothingOfTheItemBefore) {
+    addTextColors();
+    cell->configure(highlighted);
+    EXPECT_EQ(icon->image(), catalog->images["icon_rose"]);
+    EXPECT_EQ(title->text(), "T");
+    EXPECT_EQ(subtitle->text(), "U");
+    EXPECT_EQ(arrow->image(), catalog->images["list_arrow"]);
+    expectHighlighted();
+
+    cell->configure(plain);
+    EXPECT_EQ(icon->image(), nullptr);
+    EXPECT_EQ(title->text(), "V");
+    EXPECT_EQ(subtitle->text(), "");
+    EXPECT_EQ(arrow->image(), catalog->images["list_arrow"]);
+    expectPlain();
+
+    cell->configure(highlighted);
+    expectHighlighted();
+}
+
+TEST_F(ModeTblCellTest, ShowsNoIconForAnUnknownName) {
+    cell->configure(highlighted);
+    cell->configure({.icon = "no such icon", .title = "T", .subtitle = "", .isSelected = false});
+    EXPECT_EQ(icon->image(), nullptr);
+}
+
+TEST_F(ModeTblCellTest, TakesThePlatformsTextColourWhereTheCatalogueHasNone) {
+    cell->configure(highlighted);
+    cell->configure(plain);
+    EXPECT_TRUE(*title->textColor() == *UILabel().textColor());
+    EXPECT_TRUE(*subtitle->textColor() == *UILabel().textColor());
+}
+
+TEST_F(ModeTblCellTest, StopsWithTheNameOfAnUnconnectedOutlet) {
+    const auto unconnected = std::make_shared<ModeTblCell>(UITableViewCellStyle::standard, "");
+    EXPECT_DEATH(unconnected->configure(plain), "iconImageView");
+}

@@ -1,0 +1,107 @@
+#include "host/LaunchLink.h"
+
+#include "platform/foundation/NSURLComponents.h"
+#include "platform/uikit/UIViewController.h"
+
+#include <gtest/gtest.h>
+
+using namespace std::string_literals;
+
+namespace {
+
+class Context : public NSExtensionContext {
+public:
+    void openURLCompletionHandler(const NSURL& url, std::function<void(bool)> completionHandler) override {
+        EXPECT_FALSE(completionHandler);
+        opened.push_back(url.absoluteString());
+    }
+    std::vector<std::string> opened;
+};
+
+const ModeSection section{.sectionTitle = "S", .items = {}};
+const ModeItem item{.icon = "I", .title = "T", .subtitle = "never sent", .isSelected = true};
+
+std::string linkOf(CurrentOption option, const ModeSection& inSection, const ModeItem& forItem) {
+    const std::optional<NSURL> link = launchLink(option, inSection, forItem);
+    return link ? link->absoluteString() : "none";
+}
+
+} // namespace
+
+TEST(LaunchLink, NamesTheOptionAsItStands) {
+    const std::pair<CurrentOption, const char*> cases[] = {
+        {CurrentOption::Adult_18_Plus, "Adult%20(18+)"},
+        {CurrentOption::Friends, "Friends"},
+        {CurrentOption::Couple, "Couple"},
+        {CurrentOption::Family, "Family"},
+        {CurrentOption::SpinTheBottle, "Spin%20The%20Bottle"},
+        {CurrentOption::IsItCheating, "Is%20It%20Cheating?"},
+        {CurrentOption::PickupLines, "Pickup%20Lines"},
+        {CurrentOption::PutAFingerDown, "Put%20A%20Finger%20Down"},
+        {CurrentOption::WhoIsMostLikely, "Who%E2%80%99s%20Most%20Likely"},
+        {CurrentOption::Dating, "Dating"},
+        {CurrentOption::IceBreaker, "Ice%20Breaker"},
+    };
+    for (const auto& [option, written] : cases) {
+        EXPECT_EQ(linkOf(option, section, item), "https://truths-and-dares.example/Category?mainCategory="s + written +
+                                                     "&sectionCategory=S&sectionItem=T&icon=I");
+    }
+}
+
+TEST(LaunchLink, EncodesTextsSoThatTheyComeBackUnchanged) {
+    const struct {
+        std::string text;
+        const char* written;
+    } cases[] = {
+        {"", ""},
+        {"Truth & Dare", "Truth%20%26%20Dare"},
+        {"1+1=2", "1+1%3D2"},
+        {"a/b?c:d@e!$'()*,;-._~", "a/b?c:d@e!$'()*,;-._~"},
+        {"100% #1", "100%25%20%231"},
+        {"[x]{y}|\\^`\"<>", "%5Bx%5D%7By%7D%7C%5C%5E%60%22%3C%3E"},
+        {"Who’s", "Who%E2%80%99s"},
+        {"é😀", "%C3%A9%F0%9F%98%80"},
+        {" two\nlines\t", "%20two%0Alines%09"},
+        {"a\0b"s, "a%00b"},
+        {"%41", "%2541"},
+    };
+    for (const auto& [text, written] : cases) {
+        const std::optional<NSURL> link =
+            launchLink(CurrentOption::Couple, {.sectionTitle = text, .items = {}},
+                       {.icon = text, .title = text, .subtitle = "", .isSelected = false});
+        ASSERT_TRUE(link) << text;
+        EXPECT_EQ(link->query(),
+                  "mainCategory=Couple&sectionCategory="s + written + "&sectionItem=" + written + "&icon=" + written);
+        const NSURLQueryItem expected[] = {
+            {"mainCategory", "Couple"}, {"sectionCategory", text}, {"sectionItem", text}, {"icon", text}};
+        const std::vector<NSURLQueryItem> decoded = NSURLComponents::componentsWithURL(*link).queryItems;
+        EXPECT_EQ(decoded, std::vector<NSURLQueryItem>(std::begin(expected), std::end(expected))) << text;
+    }
+}
+
+TEST(LaunchLink, WritesABareNameForAMissingIcon) {
+    const ModeItem bare{.icon = std::nullopt, .title = "T", .subtitle = "", .isSelected = false};
+    EXPECT_EQ(linkOf(CurrentOption::Family, section, bare),
+              "https://truths-and-dares.example/Category?mainCategory=Family&sectionCategory=S&sectionItem=T&icon");
+}
+
+TEST(LaunchLink, GoesToTheContextOfTheNearestAncestorAtEveryTap) {
+    const auto context = std::make_shared<Context>();
+    const auto parent = std::make_shared<UIViewController>();
+    const auto screen = std::make_shared<UIViewController>();
+    openCategoryLink(*screen, CurrentOption::Friends, section, item); // no context: nothing
+    parent->setExtensionContext(context);
+    parent->addChildViewController(screen);
+    openCategoryLink(*screen, CurrentOption::Friends, section, item);
+    openCategoryLink(*screen, CurrentOption::Friends, section, item);
+    const std::string link = linkOf(CurrentOption::Friends, section, item);
+    EXPECT_EQ(context->opened, (std::vector<std::string>{link, link}));
+}
+
+TEST(LaunchLink, IsNotOpenedWhenATextIsNoText) {
+    const auto context = std::make_shared<Context>();
+    const auto screen = std::make_shared<UIViewController>();
+    screen->setExtensionContext(context);
+    openCategoryLink(*screen, CurrentOption::Friends, {.sectionTitle = "\xFF", .items = {}}, item);
+    EXPECT_TRUE(context->opened.empty());
+}

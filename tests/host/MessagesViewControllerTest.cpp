@@ -1,0 +1,212 @@
+#include "host/MessagesViewController.h"
+
+#include "platform/dispatch/MainRunLoop.h"
+#include "platform/uikit/UIStoryboard.h"
+#include "platform/uikit/UIWindow.h"
+#include "tests/support/Output.h"
+
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// A screen in place of the category screen, which writes down what becomes of it.
+class Screen : public UIViewController {
+public:
+    explicit Screen(std::string& calls) : m_calls(calls) {}
+    void viewDidLoad() override { m_calls += "load "; }
+    void willMoveToParentViewController(UIViewController* parent) override {
+        m_calls += parent == nullptr ? "leave " : "enter ";
+    }
+    void didMoveToParentViewController(UIViewController* parent) override {
+        const bool isShown = view()->superview() != nullptr;
+        m_calls += parent == nullptr ? (isShown ? "left-in-view " : "left ") : (isShown ? "entered " : "no view ");
+    }
+
+private:
+    std::string& m_calls;
+};
+
+class Storyboard : public UIStoryboard {
+public:
+    std::shared_ptr<UIViewController> instantiateInitialViewController() override { return nullptr; }
+    std::shared_ptr<UIViewController> instantiateViewControllerWithIdentifier(const std::string& identifier) override {
+        EXPECT_EQ(identifier, "CategoriesVC");
+        return std::make_shared<Screen>(calls);
+    }
+    std::string calls;
+};
+
+class Host : public MSMessagesAppHost {
+public:
+    void presentationStyleRequested(MSMessagesAppViewController&, MSMessagesAppPresentationStyle style) override {
+        EXPECT_EQ(style, MSMessagesAppPresentationStyle::expanded);
+        requests.push_back(MainRunLoop::shared().now() / 1ms);
+    }
+    std::vector<std::int64_t> requests; // in milliseconds
+};
+
+/// The controller in its window, as the host has it.
+class MessagesViewControllerTest : public testing::Test {
+protected:
+    MessagesViewControllerTest() {
+        loop.useVirtualClock();
+        controller->setStoryboardSource(storyboard, nullptr);
+        controller->setHost(host);
+        window->setRootViewController(controller);
+    }
+    ~MessagesViewControllerTest() override { loop.useVirtualClock(); }
+
+    [[nodiscard]] std::shared_ptr<MSConversation> conversation(const std::shared_ptr<MSMessage>& selected) const {
+        return std::make_shared<MSConversation>(me, remotes, selected);
+    }
+    [[nodiscard]] static std::shared_ptr<MSMessage> bubble(const NSUUID& from, bool withLink = true) {
+        return std::make_shared<MSMessage>(from, withLink ? NSURL::URLWithString("https://a.example") : std::nullopt);
+    }
+    void activate(const std::shared_ptr<MSMessage>& selected = nullptr) {
+        controller->willBecomeActiveWithConversation(conversation(selected));
+    }
+    [[nodiscard]] std::shared_ptr<UIViewController> screen() const {
+        EXPECT_EQ(controller->childViewControllers().size(), 1U);
+        return controller->childViewControllers().at(0);
+    }
+
+    MainRunLoop& loop = MainRunLoop::shared();
+    const NSUUID me = NSUUID::UUID();
+    const NSUUID first = NSUUID::UUID();
+    const NSUUID second = NSUUID::UUID();
+    std::vector<NSUUID> remotes{first, second};
+    const std::shared_ptr<Storyboard> storyboard = std::make_shared<Storyboard>();
+    const std::shared_ptr<Host> host = std::make_shared<Host>();
+    const std::shared_ptr<UIWindow> window = std::make_shared<UIWindow>(CGRectMake(0, 0, 390, 500));
+    std::shared_ptr<MessagesViewController> controller = std::make_shared<MessagesViewController>();
+};
+
+const std::string received = "----------------\nRecieved\n----------------\n";
+
+} // namespace
+
+TEST_F(MessagesViewControllerTest, ShowsOneScreenThatFillsItsView) {
+    EXPECT_TRUE(controller->childViewControllers().empty());
+    activate();
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
+    EXPECT_EQ(storyboard->calls, "enter load entered ");
+    EXPECT_EQ(controller->view()->subviews().back(), screen()->view());
+    window->setFrame(CGRectMake(0, 0, 430, 300));
+    window->layoutIfNeeded();
+    EXPECT_EQ(screen()->view()->frame(), CGRectMake(0, 0, 430, 300));
+}
+
+TEST_F(MessagesViewControllerTest, AsksForTheExpandedStyleHalfASecondAfterAStartWithoutABubble) {
+    for (const auto& selected : {std::shared_ptr<MSMessage>(), bubble(first, false)}) {
+        host->requests.clear();
+        const std::int64_t start = loop.now() / 1ms;
+        activate(selected);
+        loop.advance(499ms);
+        EXPECT_TRUE(host->requests.empty());
+        loop.advance(10s);
+        EXPECT_EQ(host->requests, std::vector<std::int64_t>{start + 500});
+        EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
+    }
+}
+
+TEST_F(MessagesViewControllerTest, TellsABubbleOfTheFirstRemoteParticipantOnly) {
+    const struct {
+        const char* name;
+        NSUUID sender;
+        std::vector<NSUUID> remotes;
+        bool isReceived;
+    } cases[] = {
+        {"the first", first, {first, second}, true}, {"the second", second, {first, second}, false},
+        {"the player", me, {first, second}, false},  {"nobody else there", first, {}, false},
+        {"the only one", second, {second}, true},
+    };
+    for (const auto& sample : cases) {
+        remotes = sample.remotes;
+        activate(bubble(sample.sender));
+        EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n" + (sample.isReceived ? received : ""))
+            << sample.name;
+        EXPECT_NE(screen(), nullptr);
+    }
+    loop.advance(10s);
+    EXPECT_TRUE(host->requests.empty());
+}
+
+TEST_F(MessagesViewControllerTest, StartsAfreshWithEveryMessage) {
+    activate();
+    std::weak_ptr<UIViewController> before = screen();
+    storyboard->calls.clear();
+    controller->didReceiveMessageConversation(bubble(first), conversation(nullptr));
+    EXPECT_EQ(storyboard->calls, "leave left enter load entered ");
+    EXPECT_TRUE(before.expired());
+    EXPECT_EQ(controller->view()->subviews().size(), 1U);
+
+    before = screen();
+    controller->didReceiveMessageConversation(bubble(second), conversation(bubble(first)));
+    EXPECT_TRUE(before.expired());
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\ndidReceive\ndidReceive\n" + received);
+    loop.advance(10s);
+    EXPECT_EQ(host->requests.size(), 2U) << "none for the third start, which had a bubble";
+}
+
+TEST_F(MessagesViewControllerTest, AsksOnceForEachOfTwoActivationsWithinHalfASecond) {
+    activate();
+    const std::weak_ptr<UIViewController> before = screen();
+    loop.advance(300ms);
+    activate();
+    EXPECT_TRUE(before.expired());
+    loop.advance(10s);
+    EXPECT_EQ(host->requests, (std::vector<std::int64_t>{500, 800}));
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\nwillBecomeActive\n");
+}
+
+TEST_F(MessagesViewControllerTest, IsKeptByItsOutstandingRequest) {
+    activate();
+    window->setRootViewController(nullptr);
+    const std::weak_ptr<MessagesViewController> weak = controller;
+    controller = nullptr;
+    EXPECT_FALSE(weak.expired());
+    loop.advance(1s);
+    EXPECT_EQ(host->requests.size(), 1U);
+    EXPECT_TRUE(weak.expired());
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
+}
+
+TEST_F(MessagesViewControllerTest, OnlyWritesDownTheOtherEvents) {
+    activate();
+    const auto before = screen();
+    storyboard->calls.clear();
+    (void)support::takeStandardOutput();
+    controller->didStartSendingMessageConversation(bubble(me), conversation(nullptr));
+    controller->didCancelSendingMessageConversation(bubble(me), conversation(nullptr));
+    controller->willTransitionToPresentationStyle(MSMessagesAppPresentationStyle::expanded);
+    controller->didTransitionToPresentationStyle(MSMessagesAppPresentationStyle::expanded);
+    controller->didResignActiveWithConversation(conversation(nullptr));
+    EXPECT_EQ(support::takeStandardOutput(),
+              "didStartSending\ndidCancelSending\nwillTransition\ndidTransition\ndidResignActive\n");
+    EXPECT_EQ(screen(), before);
+    EXPECT_EQ(storyboard->calls, "");
+    loop.advance(10s);
+    EXPECT_EQ(host->requests.size(), 1U) << "of the activation";
+}
+
+TEST_F(MessagesViewControllerTest, FiltersWhatIsTypedIntoAFieldAndClosesTheKeyboard) {
+    const auto field = std::make_shared<UITextField>();
+    field->setDelegate(controller);
+    controller->view()->addSubview(field);
+    ASSERT_TRUE(field->becomeFirstResponder());
+    EXPECT_FALSE(field->text());
+    EXPECT_TRUE(field->insertText("Q"));
+    EXPECT_TRUE(field->insertText("uestions"));
+    EXPECT_FALSE(field->insertText("7"));
+    EXPECT_TRUE(field->insertText("x"));
+    EXPECT_FALSE(field->insertText("y"));
+    EXPECT_EQ(field->text(), "Questionsx");
+    EXPECT_TRUE(field->deleteBackward());
+    EXPECT_EQ(field->text(), "Questions");
+    EXPECT_TRUE(field->isFirstResponder());
+    field->pressReturn();
+    EXPECT_FALSE(field->isFirstResponder());
+    EXPECT_TRUE(controller->textFieldShouldReturn(*field));
+}

@@ -33,12 +33,16 @@ public:
     void setShadowOffset(CGSize offset);
     [[nodiscard]] CGFloat shadowRadius() const { return m_shadowRadius; }
     void setShadowRadius(CGFloat radius);
+    /// Where the shadow falls, in the view's coordinates; empty without a shadow.
+    [[nodiscard]] CGRect shadowRect() const;
 
     /// Called by the view when it goes away before the layer does.
     void detach() { m_view = nullptr; }
 
 private:
     void changed();
+    template <class T>
+    void change(T& field, const T& value);
 
     UIView* m_view;
     CGFloat m_cornerRadius = 0;

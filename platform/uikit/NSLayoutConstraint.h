@@ -44,11 +44,13 @@ public:
     void setIdentifier(const std::string& identifier) { m_identifier = identifier; }
 
     [[nodiscard]] bool isActive() const { return m_active; }
+    /// For the view that holds the constraint from now on; none when it is dropped.
+    void setHolder(const std::weak_ptr<UIView>& holder, bool active);
     /// Activating hands the constraint to the nearest common ancestor of its views; without one the program stops.
     void setActive(bool active);
 
 private:
-    void ownersNeedLayout() const;
+    void systemNeedsSolving() const;
 
     LayoutEnd m_first;
     LayoutRelation m_relation;
@@ -57,5 +59,6 @@ private:
     double m_constant;
     UILayoutPriority m_priority = UILayoutPriorityRequired;
     std::string m_identifier;
+    std::weak_ptr<UIView> m_holder;
     bool m_active = false;
 };

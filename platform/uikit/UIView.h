@@ -14,6 +14,7 @@
 
 class UIViewController;
 class UIWindow;
+class ViewSystem;
 
 enum class UIViewContentMode {
     scaleToFill,
@@ -82,7 +83,8 @@ public:
     [[nodiscard]] std::shared_ptr<UIView> viewWithTag(int tag);
     /// The controller whose view this is; null for other views.
     [[nodiscard]] UIViewController* viewController() const { return m_viewController; }
-    void setViewController(UIViewController* controller) { m_viewController = controller; }
+    /// For the controller; its root view has wider margins unless they were set.
+    void setViewController(UIViewController* controller);
     virtual void didMoveToSuperview() {}
     virtual void didMoveToWindow() {}
 
@@ -153,6 +155,8 @@ public:
     [[nodiscard]] virtual std::optional<CGFloat> firstBaseline(CGSize size) const;
     [[nodiscard]] virtual std::optional<CGFloat> lastBaseline(CGSize size) const;
     void invalidateIntrinsicContentSize();
+    /// Has the constraints around this view solved again at the next pass.
+    void setNeedsUpdateConstraints();
     /// The smallest height that satisfies the constraints inside this view at exactly this width.
     [[nodiscard]] CGFloat heightFittingWidth(CGFloat width); // systemLayoutSizeFittingSize: with a required width
     /// The smallest (or the only) size of the view's own content within `size`; by default intrinsicContentSize().
@@ -160,7 +164,7 @@ public:
 
     [[nodiscard]] const UIEdgeInsets& layoutMargins() const { return m_layoutMargins; }
     void setLayoutMargins(const UIEdgeInsets& margins);
-    /// How far the device's rounded corners, bars and indicators reach into this view.
+    /// How far the device's rounded corners, bars and indicators reach into this view; never into scrolled content.
     [[nodiscard]] UIEdgeInsets safeAreaInsets() const;
 
     void setNeedsLayout();
@@ -169,8 +173,10 @@ public:
     virtual void layoutSubviews(); // called by the layout pass; overrides call the base class first
 
 protected:
+    friend class CALayer;
     friend class LayoutPass;
     friend class UIWindow;
+    friend class ViewSystem;
     /// Whether this view's subviews are laid out apart from the tree above it (scroll views, whose content has
     /// coordinates of its own). Such a view is solved as the root of its own system.
     [[nodiscard]] virtual bool isLayoutRoot() const { return false; }
@@ -180,9 +186,23 @@ protected:
 private:
     void attach(const std::shared_ptr<UIView>& view, std::size_t index);
     void detachFromSuperview();
-    void windowChanged(UIWindow* before, UIWindow* after);
+    void dropConstraintsInto(const UIView& subtree);
+    void windowChanged(bool inWindow);
+    /// Sets the frame without having the constraints solved again.
+    void place(const CGRect& frame);
+    void applyGeometry(CGPoint center, const CGRect& bounds);
     void resizeSubviews(CGSize before);
-    void decodeCommon(const NSCoder& coder);
+    void decodeAutoresizingMask(const NSCoder& coder);
+    void decodePriorities(const NSCoder& coder);
+    void decodeAccessibility(const NSCoder& coder);
+    /// What this view and its subviews paint, with shadows, in its own coordinates.
+    [[nodiscard]] CGRect paintedRect() const;
+    [[nodiscard]] UIView& topView() const;
+    [[nodiscard]] bool isSystemRoot() const;
+    [[nodiscard]] UIView& systemRoot();
+    /// Views or constraints came or went: the descriptions kept for the solver are worthless.
+    void systemStructureChanged();
+    void ancestorsNeedVisit();
 
     CGRect m_bounds;
     CGPoint m_center;
@@ -198,6 +218,7 @@ private:
     bool m_needsLayout = true;            // this view's layoutSubviews must run
     bool m_descendantNeedsLayout = false; // one further down must run
     bool m_constraintsChanged = true;     // the system this view is the root of must be solved again
+    bool m_isLayoutItem = false;          // the solver places this view or takes account of it
     UIViewContentMode m_contentMode = UIViewContentMode::scaleToFill;
     unsigned m_autoresizingMask = UIViewAutoresizingNone;
     int m_tag = 0;
@@ -207,5 +228,8 @@ private:
     UILayoutPriority m_hugging[2] = {UILayoutPriorityDefaultLow, UILayoutPriorityDefaultLow};
     UILayoutPriority m_compressionResistance[2] = {UILayoutPriorityDefaultHigh, UILayoutPriorityDefaultHigh};
     UIEdgeInsets m_layoutMargins{8, 8, 8, 8};
+    bool m_ownLayoutMargins = false;       // the margins were set, so no context chooses them
+    std::unique_ptr<ViewSystem> m_system;  // of the system this view is the root of; made by the layout pass
+    std::unique_ptr<ViewSystem> m_fitting; // the same for heightFittingWidth
     UIViewController* m_viewController = nullptr;
 };

@@ -4,6 +4,7 @@
 #include "platform/graphics/UIImage.h"
 #include "platform/uikit/UIControl.h"
 
+class UIImageView;
 class UILabel;
 
 /// A control with a title, an image, or neither. Shows the title and image of its normal state.
@@ -23,10 +24,16 @@ public:
     [[nodiscard]] CGSize intrinsicContentSize() const override;
     void layoutSubviews() override;
 
+protected:
+    void stateChanged() override;
+
 private:
     void makeParts();
+    [[nodiscard]] UIEdgeInsets contentInsets() const;
 
     std::shared_ptr<UILabel> m_titleLabel;
-    std::shared_ptr<UIView> m_imageView;
+    std::shared_ptr<UIImageView> m_imageView;
+    std::shared_ptr<UIColor> m_titleColor; // null for the kind's own: the tint colour, or white
     UIEdgeInsets m_contentInsets;
+    bool m_system = false;
 };

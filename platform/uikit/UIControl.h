@@ -37,7 +37,13 @@ public:
     void touchesEndedWithEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesCancelledWithEvent(const TouchSet& touches, UIEvent* event) override;
 
+protected:
+    /// Enabled or highlighted changed.
+    virtual void stateChanged() { setNeedsDisplay(); }
+
 private:
+    void finishTracking(unsigned events);
+
     struct Target {
         std::weak_ptr<NSObject> target;
         std::string selector;
@@ -46,4 +52,5 @@ private:
     std::vector<Target> m_targets;
     bool m_enabled = true;
     bool m_highlighted = false;
+    bool m_tracking = false;
 };

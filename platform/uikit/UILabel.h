@@ -35,11 +35,18 @@ public:
     [[nodiscard]] CGSize intrinsicContentSizeForWidth(CGFloat width) const override;
     [[nodiscard]] std::optional<CGFloat> firstBaseline(CGSize size) const override;
     [[nodiscard]] std::optional<CGFloat> lastBaseline(CGSize size) const override;
+    [[nodiscard]] CGSize sizeThatFits(CGSize size) const override;
     /// The text laid out for a width (absent = unbounded); the last few are kept. Null without text.
-    [[nodiscard]] std::shared_ptr<TextLayout> textLayout(std::optional<CGFloat> width) const;
+    [[nodiscard]] std::shared_ptr<const TextLayout> textLayout(std::optional<CGFloat> width) const;
+    /// The text as it is drawn in a box of that size: with fewer lines where its height does not hold all. Null without
+    /// text.
+    [[nodiscard]] std::shared_ptr<const TextLayout> textLayoutFitting(CGSize size) const;
+    void drawRect(const CGRect& rect) override;
 
 private:
     void contentChanged();
+    [[nodiscard]] TextRequest textRequest(std::optional<CGFloat> width) const;
+    [[nodiscard]] CGFloat topOfText(const TextLayout& layout, CGSize size) const;
 
     std::optional<std::string> m_text;
     std::optional<NSMutableAttributedString> m_attributed;
@@ -50,7 +57,7 @@ private:
     int m_numberOfLines = 1;
     struct LaidOut {
         std::optional<CGFloat> width;
-        std::shared_ptr<TextLayout> layout;
+        std::shared_ptr<const TextLayout> layout;
     };
     mutable std::vector<LaidOut> m_layouts;
 };

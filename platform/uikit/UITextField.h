@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/foundation/NSParagraphStyle.h"
 #include "platform/foundation/NSRange.h"
+#include "platform/graphics/UIFont.h"
 #include "platform/uikit/UIControl.h"
 
 class UITextField;
@@ -21,8 +23,8 @@ public:
 /// One line of text that the player edits. A touch makes it first responder; typing goes to the first responder.
 class UITextField : public UIControl {
 public:
-    UITextField() = default;
-    explicit UITextField(const CGRect& frame) : UIControl(frame) {}
+    UITextField() : UITextField(CGRect{}) {}
+    explicit UITextField(const CGRect& frame);
     explicit UITextField(const NSCoder& coder);
 
     /// Absent when the field has none.
@@ -30,6 +32,8 @@ public:
     void setText(const std::optional<std::string>& text);
     [[nodiscard]] const std::string& placeholder() const { return m_placeholder; }
     void setPlaceholder(const std::string& placeholder);
+    [[nodiscard]] std::shared_ptr<UIFont> font() const { return m_font; }
+    [[nodiscard]] NSTextAlignment textAlignment() const { return m_alignment; }
     void setDelegate(std::weak_ptr<UITextFieldDelegate> delegate) { m_delegate = std::move(delegate); }
 
     /// What the keyboard does: asks the delegate, and edits when it agrees. Returns whether the text was edited.
@@ -43,9 +47,12 @@ public:
     [[nodiscard]] bool canBecomeFirstResponder() const override { return isEnabled(); }
     void touchesEndedWithEvent(const TouchSet& touches, UIEvent* event) override;
     [[nodiscard]] CGSize intrinsicContentSize() const override;
+    void drawRect(const CGRect& rect) override;
 
 private:
     std::optional<std::string> m_text;
     std::string m_placeholder;
+    std::shared_ptr<UIFont> m_font;
+    NSTextAlignment m_alignment = NSTextAlignment::natural;
     std::weak_ptr<UITextFieldDelegate> m_delegate;
 };

@@ -1,0 +1,106 @@
+#include "platform/uikit/UITextField.h"
+
+#include "platform/foundation/Text.h"
+#include "platform/graphics/TextLayout.h"
+#include "platform/uikit/CoderWords.h"
+#include "platform/uikit/PixelGrid.h"
+#include "platform/uikit/UITouch.h"
+
+namespace {
+
+constexpr CGFloat defaultFontSize = 17;
+constexpr CGFloat padding = 6; // above and below the line
+
+bool isContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0u) == 0x80;
+}
+
+/// How many bytes the text has without its last user-perceived character.
+std::size_t lengthWithoutLastCharacter(const std::string& text) {
+    const std::string_view view = text;
+    const std::size_t count = characterCount(view);
+    std::size_t length = text.size();
+    while (length > 0 && characterCount(view.substr(0, length)) == count) {
+        do {
+            --length;
+        } while (length > 0 && isContinuation(text[length]));
+    }
+    return length;
+}
+
+} // namespace
+
+UITextField::UITextField(const CGRect& frame) : UIControl(frame), m_font(UIFont::systemFontOfSize(defaultFontSize)) {}
+
+UITextField::UITextField(const NSCoder& coder)
+    : UIControl(coder), m_text(coder.string("text")), m_placeholder(coder.string("placeholder").value_or("")),
+      m_font(coder.objectOf<UIFont>("fontDescription", "a font").value_or(nullptr)),
+      m_alignment(decodedTextAlignment(coder)) {
+    if (!m_font) {
+        m_font = UIFont::systemFontOfSize(defaultFontSize);
+    }
+}
+
+void UITextField::setText(const std::optional<std::string>& text) {
+    if (m_text != text) {
+        m_text = text;
+        invalidateIntrinsicContentSize();
+        setNeedsDisplay();
+    }
+}
+
+void UITextField::setPlaceholder(const std::string& placeholder) {
+    if (m_placeholder != placeholder) {
+        m_placeholder = placeholder;
+        invalidateIntrinsicContentSize();
+        setNeedsDisplay();
+    }
+}
+
+bool UITextField::replaceCharactersInRange(NSRange range, const std::string& replacement) {
+    const std::shared_ptr<UITextField> self = strong(this);
+    const std::shared_ptr<UITextFieldDelegate> delegate = m_delegate.lock();
+    if (delegate && !delegate->textFieldShouldChangeCharactersInRangeReplacementString(*this, range, replacement)) {
+        return false;
+    }
+    setText(stringByReplacingCharactersInRange(m_text.value_or(""), range, replacement));
+    sendActionsForControlEvents(UIControlEventEditingChanged);
+    return true;
+}
+
+bool UITextField::insertText(const std::string& text) {
+    return replaceCharactersInRange(NSMakeRange(utf16Length(m_text.value_or("")), 0), text);
+}
+
+bool UITextField::deleteBackward() {
+    if (!m_text || m_text->empty()) {
+        return false;
+    }
+    const std::size_t start = utf16Length(std::string_view(*m_text).substr(0, lengthWithoutLastCharacter(*m_text)));
+    return replaceCharactersInRange(NSMakeRange(start, utf16Length(*m_text) - start), "");
+}
+
+void UITextField::pressReturn() {
+    const std::shared_ptr<UITextField> self = strong(this);
+    if (const std::shared_ptr<UITextFieldDelegate> delegate = m_delegate.lock()) {
+        (void)delegate->textFieldShouldReturn(*this); // a line break has no place in a field, whatever the answer
+    }
+}
+
+void UITextField::touchesEndedWithEvent(const TouchSet& touches, UIEvent* event) {
+    const std::shared_ptr<UITextField> self = strong(this);
+    const bool isInside = !touches.empty() && pointInsideWithEvent((*touches.begin())->locationInView(this), event);
+    UIControl::touchesEndedWithEvent(touches, event);
+    if (isInside && window() != nullptr) {
+        becomeFirstResponder();
+    }
+}
+
+CGSize UITextField::intrinsicContentSize() const {
+    TextRequest request;
+    request.text = m_text && !m_text->empty() ? *m_text : m_placeholder;
+    request.font = m_font;
+    request.maximumLines = 1;
+    const CGSize text = TextLayout::make(request)->size();
+    return ceiledToPixel(CGSize{text.width, text.height + 2 * padding});
+}

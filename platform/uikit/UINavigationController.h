@@ -7,6 +7,8 @@ class UINavigationController : public UIViewController {
 public:
     using UIViewController::UIViewController;
 
+    void loadView() override;
+
     [[nodiscard]] const std::vector<std::shared_ptr<UIViewController>>& viewControllers() const {
         return childViewControllers();
     }

@@ -24,6 +24,9 @@ public:
     /// Loads the view at the first call: loadView, then viewDidLoad.
     [[nodiscard]] std::shared_ptr<UIView> view();
     void setView(const std::shared_ptr<UIView>& view);
+    /// Empty when it has none.
+    [[nodiscard]] const std::string& title() const { return m_title; }
+    void setTitle(const std::string& title) { m_title = title; }
     [[nodiscard]] bool isViewLoaded() const { return m_view != nullptr; }
     /// Makes the scene's view, or an empty one for a controller without a scene.
     virtual void loadView();
@@ -60,10 +63,16 @@ public:
 
 protected:
     friend class UIView;
-    /// Called by the view when it enters or leaves a window: the appearance calls.
-    void viewMovedToWindow(bool inWindow);
+    /// Called by the view before and after it enters or leaves a window: the appearance calls, each once a change.
+    void viewWillMoveToWindow(bool inWindow);
+    void viewDidMoveToWindow(bool inWindow);
 
 private:
+    void forgetChild(const UIViewController& child);
+
+    std::string m_title;
+    bool m_appearing = false; // the last "will" call said that the view appears
+    bool m_appeared = false;  // the same of the last "did" call
     std::shared_ptr<UIView> m_view;
     std::function<std::shared_ptr<UIView>(UIViewController&)> m_viewLoader;
     std::vector<std::shared_ptr<UIViewController>> m_children;

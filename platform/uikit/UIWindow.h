@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/graphics/UIUserInterfaceStyle.h"
+#include "platform/uikit/UITouch.h"
 #include "platform/uikit/UIView.h"
 
 class UIEvent;
@@ -34,6 +35,14 @@ protected:
     void invalidate(const CGRect& rect) override;
 
 private:
+    struct ActiveTouch {
+        std::shared_ptr<UITouch> touch;
+        std::shared_ptr<UIView> view;
+    };
+    void beginTouches(const TouchSet& touches, UIEvent& event);
+    void deliver(const TouchSet& touches, UITouchPhase phase, UIEvent& event);
+
+    std::vector<ActiveTouch> m_activeTouches;
     std::shared_ptr<UIViewController> m_root;
     UIEdgeInsets m_safeArea;
     UIUserInterfaceStyle m_style = UIUserInterfaceStyle::light;

@@ -1,0 +1,90 @@
+#include "platform/uikit/UIKitClasses.h"
+
+#include "platform/runtime/ClassBuilder.h"
+#include "platform/uikit/UIButton.h"
+#include "platform/uikit/UIImageView.h"
+#include "platform/uikit/UILabel.h"
+#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UITableView.h"
+#include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/UITableViewHeaderFooterView.h"
+#include "platform/uikit/UITextField.h"
+#include "platform/uikit/UIWindow.h"
+
+// Files write texts as plain strings; an absent text cannot be written.
+
+namespace {
+
+void setLabelText(UILabel& label, const std::string& text) {
+    label.setText(text);
+}
+
+void setFieldText(UITextField& field, const std::string& text) {
+    field.setText(text);
+}
+
+void registerViews() {
+    ClassBuilder<CALayer>("CALayer", "NSObject")
+        .property("cornerRadius", &CALayer::setCornerRadius)
+        .property("borderWidth", &CALayer::setBorderWidth)
+        .property("borderColor", &CALayer::setBorderColor)
+        .property("masksToBounds", &CALayer::setMasksToBounds)
+        .property("shadowColor", &CALayer::setShadowColor)
+        .property("shadowOpacity", &CALayer::setShadowOpacity)
+        .property("shadowOffset", &CALayer::setShadowOffset)
+        .property("shadowRadius", &CALayer::setShadowRadius);
+    ClassBuilder<UIView>("UIView", "UIResponder")
+        .madeByCoder()
+        .object("layer", &UIView::layer)
+        .property("alpha", &UIView::setAlpha)
+        .property("hidden", &UIView::setHidden)
+        .property("tag", &UIView::setTag)
+        .property("clipsToBounds", &UIView::setClipsToBounds)
+        .property("backgroundColor", &UIView::setBackgroundColor)
+        .property("tintColor", &UIView::setTintColor)
+        .property("accessibilityIdentifier", &UIView::setAccessibilityIdentifier)
+        .property("accessibilityLabel", &UIView::setAccessibilityLabel);
+    ClassBuilder<UIWindow>("UIWindow", "UIView"); // made by the host only
+    ClassBuilder<UIImageView>("UIImageView", "UIView").madeByCoder().property("image", &UIImageView::setImage);
+    ClassBuilder<UILabel>("UILabel", "UIView")
+        .madeByCoder()
+        .property("text", &setLabelText)
+        .property("textColor", &UILabel::setTextColor)
+        .property("numberOfLines", &UILabel::setNumberOfLines);
+}
+
+void registerControls() {
+    ClassBuilder<UIControl>("UIControl", "UIView").madeByCoder().property("enabled", &UIControl::setEnabled);
+    ClassBuilder<UIButton>("UIButton", "UIControl").madeByCoder();
+    ClassBuilder<UITextField>("UITextField", "UIControl")
+        .madeByCoder()
+        .outlet("delegate", &UITextField::setDelegate)
+        .property("text", &setFieldText)
+        .property("placeholder", &UITextField::setPlaceholder);
+}
+
+void registerTables() {
+    ClassBuilder<UIScrollView>("UIScrollView", "UIView")
+        .madeByCoder()
+        .property("showsVerticalScrollIndicator", &UIScrollView::setShowsVerticalScrollIndicator);
+    ClassBuilder<UITableView>("UITableView", "UIScrollView")
+        .madeByCoder()
+        .outlet("dataSource", &UITableView::setDataSource)
+        .outlet("delegate", &UITableView::setDelegate);
+    ClassBuilder<UITableViewCell>("UITableViewCell", "UIView").madeByCoder();
+    ClassBuilder<UITableViewHeaderFooterView>("UITableViewHeaderFooterView", "UIView").madeByCoder();
+}
+
+} // namespace
+
+void registerUIKitClasses() {
+    ClassBuilder<UIResponder>("UIResponder", "NSObject");
+    ClassBuilder<NSLayoutConstraint>("NSLayoutConstraint", "NSObject");
+    registerViews();
+    registerControls();
+    registerTables();
+    ClassBuilder<UIViewController>("UIViewController", "UIResponder")
+        .madeByCoder()
+        .outlet("view", &UIViewController::setView);
+    ClassBuilder<UINavigationController>("UINavigationController", "UIViewController").madeByCoder();
+}

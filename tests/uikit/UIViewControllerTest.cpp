@@ -1,0 +1,170 @@
+#include "platform/uikit/UIViewController.h"
+
+#include "platform/uikit/UINavigationController.h"
+
+#include "tests/uikit/ViewFixture.h"
+
+namespace {
+
+using Log = std::vector<std::string>;
+
+/// Writes down what it is told, with its name.
+class Screen : public UIViewController {
+public:
+    Screen(std::string name, Log& log) : m_name(std::move(name)), m_log(log) {}
+
+    void viewDidLoad() override { note("didLoad"); }
+    void viewWillAppear(bool) override { note("willAppear"); }
+    void viewDidAppear(bool) override { note("didAppear"); }
+    void viewWillDisappear(bool) override { note("willDisappear"); }
+    void viewDidDisappear(bool) override { note("didDisappear"); }
+    void willMoveToParentViewController(UIViewController* parent) override {
+        note(parent != nullptr ? "willMove" : "willLeave");
+    }
+    void didMoveToParentViewController(UIViewController* parent) override {
+        note(parent != nullptr ? "didMove" : "didLeave");
+    }
+
+private:
+    void note(const std::string& what) { m_log.push_back(m_name + " " + what); }
+
+    std::string m_name;
+    Log& m_log;
+};
+
+class SomeContext : public NSExtensionContext {
+public:
+    void openURLCompletionHandler(const NSURL&, std::function<void(bool)>) override {}
+};
+
+class UIViewControllerTest : public support::OnScreen {
+protected:
+    ~UIViewControllerTest() override { window.reset(); } // screens still write to the log as they leave it
+    [[nodiscard]] std::shared_ptr<Screen> screen(const std::string& name) {
+        return std::make_shared<Screen>(name, log);
+    }
+
+    Log log;
+};
+
+TEST_F(UIViewControllerTest, TheViewIsLoadedAtItsFirstUseOnly) {
+    const auto controller = screen("a");
+    EXPECT_FALSE(controller->isViewLoaded());
+    int loads = 0;
+    controller->setStoryboardSource(nullptr, [&](UIViewController&) {
+        ++loads;
+        return std::make_shared<UIView>(CGRectMake(0, 0, 7, 7));
+    });
+    EXPECT_TRUE(log.empty());
+    EXPECT_EQ(controller->view()->frame().size.width, 7);
+    EXPECT_EQ(controller->view()->viewController(), controller.get());
+    EXPECT_EQ(loads, 1);
+    EXPECT_EQ(log, (Log{"a didLoad"}));
+}
+
+TEST_F(UIViewControllerTest, AddingTellsTheChildFirstAndRemovingTellsItAfterwards) {
+    const auto parent = screen("p");
+    std::weak_ptr<Screen> child;
+    {
+        const auto made = screen("c");
+        child = made;
+        parent->addChildViewController(made);
+    }
+    EXPECT_EQ(log, (Log{"c willMove"}));
+    EXPECT_EQ(child.lock()->parentViewController(), parent.get());
+    child.lock()->didMoveToParentViewController(parent.get());
+    child.lock()->willMoveToParentViewController(nullptr);
+    child.lock()->removeFromParentViewController();
+    EXPECT_EQ(log, (Log{"c willMove", "c didMove", "c willLeave", "c didLeave"}));
+    EXPECT_TRUE(child.expired());
+}
+
+TEST_F(UIViewControllerTest, AChildLeavesItsEarlierParent) {
+    const auto first = screen("1");
+    const auto second = screen("2");
+    const auto child = screen("c");
+    first->addChildViewController(child);
+    second->addChildViewController(child);
+    EXPECT_TRUE(first->childViewControllers().empty());
+    EXPECT_EQ(child->parentViewController(), second.get());
+    EXPECT_EQ(log, (Log{"c willMove", "c didLeave", "c willMove"}));
+}
+
+TEST_F(UIViewControllerTest, AppearanceCallsComeOnceForEachChange) {
+    const auto parent = screen("p");
+    const auto child = screen("c");
+    parent->view()->addSubview(child->view());
+    log.clear();
+    window->setRootViewController(parent);
+    EXPECT_EQ(log, (Log{"p willAppear", "c willAppear", "p didAppear", "c didAppear"}));
+    log.clear();
+    window->addSubview(parent->view());
+    EXPECT_TRUE(log.empty());
+    child->view()->removeFromSuperview();
+    EXPECT_EQ(log, (Log{"c willDisappear", "c didDisappear"}));
+    log.clear();
+    window.reset();
+    EXPECT_EQ(log, (Log{"p willDisappear", "p didDisappear"}));
+}
+
+TEST_F(UIViewControllerTest, TheRootFillsTheWindowAndGrowsWithIt) {
+    const auto root = screen("r");
+    window->setRootViewController(root);
+    window->setFrame(CGRectMake(0, 0, 430, 932));
+    EXPECT_EQ(root->view()->frame(), window->bounds());
+    EXPECT_EQ(root->view()->layoutMargins(), (UIEdgeInsets{0, 16, 0, 16}));
+}
+
+TEST_F(UIViewControllerTest, TheContextIsTheNearestAncestors) {
+    const auto top = screen("t");
+    const auto middle = screen("m");
+    const auto bottom = screen("b");
+    top->addChildViewController(middle);
+    middle->addChildViewController(bottom);
+    EXPECT_EQ(bottom->extensionContext(), nullptr);
+    top->setExtensionContext(std::make_shared<SomeContext>());
+    EXPECT_EQ(bottom->extensionContext(), top->extensionContext());
+    middle->setExtensionContext(std::make_shared<SomeContext>());
+    EXPECT_EQ(bottom->extensionContext(), middle->extensionContext());
+    EXPECT_EQ(bottom->navigationController(), nullptr);
+}
+
+TEST_F(UIViewControllerTest, AViewForgetsItsControllerWhenThatGoesFirst) {
+    auto controller = screen("a");
+    const auto view = controller->view();
+    window->addSubview(view);
+    controller.reset();
+    EXPECT_EQ(view->viewController(), nullptr);
+    EXPECT_EQ(view->nextResponder(), window.get());
+    tap({5, 5});
+}
+
+TEST_F(UIViewControllerTest, ANavigationControllerShowsTheTopOfItsStack) {
+    const auto navigation = std::make_shared<UINavigationController>();
+    const auto first = screen("1");
+    const auto second = screen("2");
+    navigation->pushViewControllerAnimated(first, false);
+    EXPECT_FALSE(first->isViewLoaded());
+    window->setRootViewController(navigation);
+    EXPECT_EQ(first->navigationController(), navigation);
+    log.clear();
+    navigation->pushViewControllerAnimated(second, true);
+    EXPECT_EQ(log, (Log{"2 willMove", "1 willDisappear", "1 didDisappear", "2 didLoad", "2 willAppear", "2 didAppear",
+                        "2 didMove"}));
+    EXPECT_EQ(second->view()->frame(), window->bounds());
+    EXPECT_EQ(navigation->popViewControllerAnimated(true), second);
+    EXPECT_EQ(navigation->topViewController(), first);
+    EXPECT_NE(first->view()->window(), nullptr);
+    EXPECT_EQ(navigation->popViewControllerAnimated(true), nullptr);
+}
+
+using UIViewControllerDeathTest = UIViewControllerTest;
+
+TEST_F(UIViewControllerDeathTest, AControllerIsNeverItsOwnChild) {
+    const auto parent = screen("p");
+    const auto child = screen("c");
+    parent->addChildViewController(child);
+    EXPECT_DEATH(child->addChildViewController(parent), "cannot be its own child");
+}
+
+} // namespace

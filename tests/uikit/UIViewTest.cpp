@@ -1,0 +1,187 @@
+#include "platform/uikit/UIView.h"
+
+#include "tests/uikit/Attributes.h"
+#include "tests/uikit/ViewFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+
+class UIViewTest : public support::OnScreen {
+protected:
+    [[nodiscard]] std::shared_ptr<UIView> hitAt(CGFloat x, CGFloat y) const {
+        return window->hitTestWithEvent({x, y}, nullptr);
+    }
+    CGRect damage() const {
+        CGRect all;
+        for (const CGRect& rect : window->takeDamage()) {
+            all = all.unionWith(rect);
+        }
+        return all;
+    }
+};
+
+TEST_F(UIViewTest, APointHitsTheTopmostViewUnderIt) {
+    const auto below = add(CGRectMake(10, 10, 100, 100));
+    const auto above = add(CGRectMake(50, 50, 100, 100));
+    const auto inside = add(CGRectMake(10, 10, 20, 20), above);
+    EXPECT_EQ(hitAt(20, 20), below);
+    EXPECT_EQ(hitAt(55, 55), above);
+    EXPECT_EQ(hitAt(60, 60), inside);
+    EXPECT_EQ(hitAt(300, 300), window);
+    window->bringSubviewToFront(*below);
+    EXPECT_EQ(hitAt(60, 60), below);
+}
+
+TEST_F(UIViewTest, ViewsThatCannotBeTouchedAreNotHit) {
+    const auto below = add(CGRectMake(0, 0, 100, 100));
+    const auto above = add(CGRectMake(0, 0, 100, 100));
+    const auto inside = add(CGRectMake(0, 0, 50, 50), above);
+    above->setHidden(true);
+    EXPECT_EQ(hitAt(10, 10), below);
+    above->setHidden(false);
+    above->setAlpha(0.01);
+    EXPECT_EQ(hitAt(10, 10), below);
+    above->setAlpha(0.02);
+    EXPECT_EQ(hitAt(10, 10), inside);
+    inside->setUserInteractionEnabled(false);
+    EXPECT_EQ(hitAt(10, 10), above);
+    inside->setUserInteractionEnabled(true);
+    inside->setFrame(CGRectMake(150, 0, 50, 50)); // drawn outside of its superview, but not reachable there
+    EXPECT_EQ(hitAt(160, 10), window);
+}
+
+TEST_F(UIViewTest, ScrolledContentIsHitWhereItIsSeen) {
+    const auto scrolled = add(CGRectMake(0, 100, 320, 100));
+    const auto row = add(CGRectMake(0, 500, 320, 20), scrolled);
+    scrolled->setBounds(CGRectMake(0, 490, 320, 100));
+    EXPECT_EQ(hitAt(5, 115), row);
+    EXPECT_EQ(row->convertPointToView({1, 2}, nullptr), (CGPoint{1, 112}));
+    EXPECT_EQ(row->convertPointFromView({1, 112}, window.get()), (CGPoint{1, 2}));
+    EXPECT_EQ(row->convertRectToView(row->bounds(), scrolled.get()), CGRectMake(0, 500, 320, 20));
+}
+
+TEST_F(UIViewTest, AViewHasOneSuperviewAtATime) {
+    const auto first = add(CGRectMake(0, 0, 10, 10));
+    const auto second = add(CGRectMake(0, 0, 10, 10));
+    const auto child = add(CGRectMake(0, 0, 5, 5), first);
+    second->insertSubviewAtIndex(child, 99);
+    EXPECT_TRUE(first->subviews().empty());
+    EXPECT_EQ(child->superview(), second.get());
+    EXPECT_EQ(child->window(), window.get());
+    child->removeFromSuperview();
+    EXPECT_EQ(child->superview(), nullptr);
+    EXPECT_EQ(child->window(), nullptr);
+}
+
+TEST_F(UIViewTest, AChildOutlivesItsSuperviewWithoutOne) {
+    const auto child = std::make_shared<UIView>();
+    {
+        const auto parent = std::make_shared<UIView>();
+        parent->addSubview(child);
+    }
+    EXPECT_EQ(child->superview(), nullptr);
+    child->layoutIfNeeded();
+}
+
+TEST_F(UIViewTest, ATagIsFoundAnywhereBelow) {
+    const auto parent = add(CGRect{});
+    const auto child = add(CGRect{}, parent);
+    child->setTag(7);
+    EXPECT_EQ(window->viewWithTag(7), child);
+    EXPECT_EQ(window->viewWithTag(8), nullptr);
+}
+
+TEST_F(UIViewTest, ManySubviewsAreNoTrouble) {
+    for (int count = 0; count < 10000; ++count) {
+        add(CGRectMake(0, count, 10, 1));
+    }
+    window->layoutIfNeeded();
+    EXPECT_FALSE(window->needsLayout());
+    EXPECT_EQ(hitAt(5, 100.5), window->subviews()[100]);
+}
+
+TEST_F(UIViewTest, AutoresizingSpreadsTheChangeOverTheFlexibleParts) {
+    const auto parent = add(CGRectMake(0, 0, 100, 100));
+    const auto filling = add(CGRectMake(10, 10, 80, 80), parent);
+    filling->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+    const auto centred = add(CGRectMake(40, 40, 20, 20), parent);
+    centred->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin |
+                                 UIViewAutoresizingFlexibleTopMargin);
+    const auto fixed = add(CGRectMake(1, 2, 3, 4), parent);
+    parent->setFrame(CGRectMake(0, 0, 200, 140));
+    EXPECT_EQ(filling->frame(), CGRectMake(10, 10, 180, 120));
+    EXPECT_EQ(centred->frame(), CGRectMake(90, 80, 20, 20));
+    EXPECT_EQ(fixed->frame(), CGRectMake(1, 2, 3, 4));
+}
+
+TEST_F(UIViewTest, AChangeDamagesWhatWasAndWhatIs) {
+    const auto view = add(CGRectMake(10, 10, 20, 20));
+    damage();
+    view->setFrame(CGRectMake(50, 10, 20, 20));
+    EXPECT_EQ(damage(), CGRectMake(10, 10, 60, 20));
+    view->setFrame(CGRectMake(50, 10, 20, 20));
+    EXPECT_TRUE(damage().isEmpty());
+    view->setHidden(true);
+    EXPECT_EQ(damage(), CGRectMake(50, 10, 20, 20));
+    view->setBackgroundColor(UIColor::blackColor());
+    EXPECT_TRUE(damage().isEmpty());
+}
+
+TEST_F(UIViewTest, AShadowIsDamagedWithItsView) {
+    const auto view = add(CGRectMake(10, 10, 20, 20));
+    view->layer()->setShadowColor(UIColor::blackColor());
+    view->layer()->setShadowRadius(0);
+    view->layer()->setShadowOffset({0, 3});
+    view->layer()->setShadowOpacity(0.3F);
+    damage();
+    view->layer()->setShadowOpacity(0);
+    EXPECT_EQ(damage(), CGRectMake(10, 10, 20, 23));
+}
+
+TEST_F(UIViewTest, DamageIsClippedWhereViewsClip) {
+    const auto parent = add(CGRectMake(10, 10, 20, 20));
+    const auto child = add(CGRectMake(10, 10, 20, 20), parent);
+    parent->setClipsToBounds(true);
+    damage();
+    child->setNeedsDisplay();
+    EXPECT_EQ(damage(), CGRectMake(20, 20, 10, 10));
+}
+
+TEST_F(UIViewTest, AFileSaysHowAViewIsAndBehaves) {
+    support::Attributes file;
+    file.rects["frame"] = CGRectMake(1, 2, 30, 40);
+    file.strings["contentMode"] = "sideways";
+    file.booleans = {{"hidden", true}, {"clipsSubviews", true}, {"translatesAutoresizingMaskIntoConstraints", false}};
+    file.numbers = {{"alpha", 0.5}, {"tag", 9}, {"verticalHuggingPriority", 999}};
+    file.objects["backgroundColor"] = UIColor::blackColor();
+    file.objects["tintColor"] = std::make_shared<UIView>();
+    file.children["autoresizingMask"] = std::make_shared<support::Attributes>();
+    file.children["autoresizingMask"]->booleans = {{"widthSizable", true}, {"flexibleMaxY", true}};
+    file.children["accessibilityConfiguration"] = std::make_shared<support::Attributes>();
+    file.children["accessibilityConfiguration"]->strings = {{"identifier", "box"}, {"label", "A box"}};
+
+    const auto view = std::make_shared<UIView>(static_cast<const NSCoder&>(file));
+    EXPECT_EQ(view->frame(), CGRectMake(1, 2, 30, 40));
+    EXPECT_TRUE(view->isHidden() && view->clipsToBounds() && !view->translatesAutoresizingMaskIntoConstraints());
+    EXPECT_EQ(view->alpha(), 0.5);
+    EXPECT_EQ(view->tag(), 9);
+    EXPECT_EQ(view->contentHuggingPriority(UILayoutConstraintAxis::vertical), 999);
+    EXPECT_EQ(*view->backgroundColor(), *UIColor::blackColor());
+    EXPECT_EQ(view->autoresizingMask(), UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleBottomMargin);
+    EXPECT_EQ(view->accessibilityIdentifier(), "box");
+    EXPECT_EQ(view->accessibilityLabel(), "A box");
+    EXPECT_THAT(file.reports, ElementsAre(testing::StartsWith("contentMode: expected one of scaleToFill"),
+                                          "tintColor: expected a colour"));
+}
+
+using UIViewDeathTest = UIViewTest;
+
+TEST_F(UIViewDeathTest, AViewIsNeverInsideItself) {
+    const auto child = add(CGRect{});
+    EXPECT_DEATH(child->addSubview(window), "cannot be added to itself");
+}
+
+} // namespace

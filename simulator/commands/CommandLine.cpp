@@ -29,7 +29,9 @@ constexpr const char* treeExamples = "Examples:\n"
 void addShared(CLI::App& command, RunOptions& options) {
     command.add_option("--bundle", options.bundle, "The extension's bundle (default: the one beside this program)")
         ->type_name("DIR");
-    command.add_option("--device", options.device, "se, 8plus, 15 (default), 15max, or a size such as 390x844@3")
+    command
+        .add_option("--device", options.device,
+                    "se, 8plus, 15, 15max, or a size such as 390x844@3 (default: the flow's own, or 15)")
         ->type_name("NAME");
     command
         .add_option("--content", options.content,

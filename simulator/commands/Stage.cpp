@@ -23,12 +23,23 @@ std::nullopt_t refuse(const std::string& why, ExitStatus& status) {
 
 } // namespace
 
+Device setStage(const Stage& stage, const Flow& flow) {
+    std::vector<ResourceOverride> overrides = stage.overrides;
+    overrides.insert(overrides.end(), flow.overrides.begin(), flow.overrides.end());
+    openExtensionBundle(stage.bundle, overrides);
+    return stage.deviceIsAsked || flow.device.empty() ? stage.device : deviceNamed(flow.device).value();
+}
+
 std::optional<Stage> prepareStage(const RunOptions& options, ExitStatus& status) {
-    const Result<Device> device = deviceNamed(options.device);
+    const bool deviceIsAsked = !options.device.empty();
+    const Result<Device> device = deviceNamed(deviceIsAsked ? options.device : "15");
     if (!device) {
         return refuse(device.error(), status);
     }
-    Stage stage{options.bundle.empty() ? besideProgram("TruthsAndDares.appex") : options.bundle, device.value(), {}};
+    Stage stage{options.bundle.empty() ? besideProgram("TruthsAndDares.appex") : options.bundle,
+                device.value(),
+                deviceIsAsked,
+                {}};
     std::error_code error;
     if (!std::filesystem::exists(stage.bundle / "Info.plist", error)) {
         return refuse(stage.bundle.string() + " is no extension bundle: it has no Info.plist", status);

@@ -7,13 +7,17 @@
 #include <optional>
 #include <vector>
 
-/// What a command line gives every flow: the bundle, the device and the content file to show. Made once the options
+/// What a command line gives every flow: the bundle, perhaps a device and a content file to show. Made once the options
 /// have been found good.
 struct Stage {
     std::filesystem::path bundle;
     Device device;
+    bool deviceIsAsked = false; // the command line names it; then it stands in for a flow's own
     std::vector<ResourceOverride> overrides;
 };
+
+/// Sets the bundle up for a flow and gives the device that it is played on.
+[[nodiscard]] Device setStage(const Stage& stage, const Flow& flow);
 
 /// Checks options and bundle; says on standard error what is wrong. `status` tells why there is no stage, or with one
 /// whether the bundle's own data has faults.

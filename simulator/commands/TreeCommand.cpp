@@ -1,7 +1,7 @@
 #include "simulator/commands/TreeCommand.h"
 
+#include "simulator/commands/FlowFiles.h"
 #include "simulator/commands/Stage.h"
-#include "simulator/conversation/ExtensionBundle.h"
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
 #include "simulator/flows/FlowReader.h"
@@ -32,13 +32,12 @@ private:
 };
 
 std::optional<Flow> flowToPlay(const RunOptions& options) {
-    FlowProblems problems(options.flows.empty() ? "opening" : options.flows.front());
-    std::optional<Flow> flow = options.flows.empty() ? readFlow("- launchApp\n- waitForAnimationToEnd\n", problems)
-                                                     : readFlowFile(options.flows.front(), problems);
-    for (const Finding& problem : problems.findings()) {
-        std::cerr << problem.describe() << '\n';
+    if (options.flows.empty()) {
+        FlowProblems none("opening");
+        return readFlow("- launchApp\n- waitForAnimationToEnd\n", none);
     }
-    return flow;
+    const std::optional<std::vector<Flow>> flows = readFlows(options.flows);
+    return flows ? std::optional(flows->front()) : std::nullopt;
 }
 
 } // namespace
@@ -53,10 +52,7 @@ ExitStatus printTree(const RunOptions& options) {
     std::string tree;
     {
         const OutputAside aside;
-        std::vector<ResourceOverride> overrides = stage->overrides;
-        overrides.insert(overrides.end(), flow->overrides.begin(), flow->overrides.end());
-        openExtensionBundle(stage->bundle, overrides);
-        FlowPlayer player(*flow, stage->device, {});
+        FlowPlayer player(*flow, setStage(*stage, *flow), {});
         const FlowResult result = player.play();
         for (const Finding& failure : result.failures) {
             std::cerr << failure.describe() << '\n';

@@ -1,15 +1,12 @@
 #include "platform/interface/Connections.h"
 
-#include "platform/foundation/Nearest.h"
+#include "platform/interface/WordTable.h"
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/UIControl.h"
 
-#include <array>
-#include <utility>
-
 namespace {
 
-constexpr std::array<std::pair<std::string_view, unsigned>, 15> controlEvents{{
+constexpr WordTable<unsigned, 15> controlEvents{{
     {"touchDown", UIControlEventTouchDown},
     {"touchDownRepeat", 1u << 1},
     {"touchDragInside", 1u << 2},
@@ -52,15 +49,11 @@ unsigned eventOf(const InterfaceElement& action, InterfaceReport& report) {
     if (word == nullptr) {
         return UIControlEventTouchUpInside;
     }
-    std::vector<std::string> known;
-    for (const auto& [name, event] : controlEvents) {
-        if (name == *word) {
-            return event;
-        }
-        known.emplace_back(name);
+    if (const unsigned* event = meaningOf(*word, controlEvents)) {
+        return *event;
     }
     report.error(action, "eventType is " + quoted(*word) + ", the name of a control's event is expected" +
-                             suggestion(*word, known));
+                             suggestionFrom(*word, controlEvents));
     return 0;
 }
 

@@ -1,57 +1,49 @@
 #include "platform/interface/ConstraintReader.h"
 
-#include "platform/foundation/Nearest.h"
 #include "platform/interface/ElementValues.h"
 #include "platform/interface/NumberText.h"
+#include "platform/interface/WordTable.h"
 #include "platform/uikit/UIView.h"
-
-#include <array>
-#include <filesystem>
 
 namespace {
 
-struct AttributeName {
-    std::string_view name;
+struct AttributeMeaning {
     LayoutAttribute attribute;
     bool insideMargins = false;
 };
 
-constexpr std::array<AttributeName, 21> attributeNames{{
-    {"left", LayoutAttribute::left},
-    {"right", LayoutAttribute::right},
-    {"top", LayoutAttribute::top},
-    {"bottom", LayoutAttribute::bottom},
-    {"leading", LayoutAttribute::leading},
-    {"trailing", LayoutAttribute::trailing},
-    {"width", LayoutAttribute::width},
-    {"height", LayoutAttribute::height},
-    {"centerX", LayoutAttribute::centerX},
-    {"centerY", LayoutAttribute::centerY},
-    {"firstBaseline", LayoutAttribute::firstBaseline},
-    {"baseline", LayoutAttribute::lastBaseline},
-    {"lastBaseline", LayoutAttribute::lastBaseline},
-    {"leftMargin", LayoutAttribute::left, true},
-    {"rightMargin", LayoutAttribute::right, true},
-    {"topMargin", LayoutAttribute::top, true},
-    {"bottomMargin", LayoutAttribute::bottom, true},
-    {"leadingMargin", LayoutAttribute::leading, true},
-    {"trailingMargin", LayoutAttribute::trailing, true},
-    {"centerXWithinMargins", LayoutAttribute::centerX, true},
-    {"centerYWithinMargins", LayoutAttribute::centerY, true},
+constexpr WordTable<AttributeMeaning, 21> attributeNames{{
+    {"left", {LayoutAttribute::left}},
+    {"right", {LayoutAttribute::right}},
+    {"top", {LayoutAttribute::top}},
+    {"bottom", {LayoutAttribute::bottom}},
+    {"leading", {LayoutAttribute::leading}},
+    {"trailing", {LayoutAttribute::trailing}},
+    {"width", {LayoutAttribute::width}},
+    {"height", {LayoutAttribute::height}},
+    {"centerX", {LayoutAttribute::centerX}},
+    {"centerY", {LayoutAttribute::centerY}},
+    {"firstBaseline", {LayoutAttribute::firstBaseline}},
+    {"baseline", {LayoutAttribute::lastBaseline}},
+    {"lastBaseline", {LayoutAttribute::lastBaseline}},
+    {"leftMargin", {LayoutAttribute::left, true}},
+    {"rightMargin", {LayoutAttribute::right, true}},
+    {"topMargin", {LayoutAttribute::top, true}},
+    {"bottomMargin", {LayoutAttribute::bottom, true}},
+    {"leadingMargin", {LayoutAttribute::leading, true}},
+    {"trailingMargin", {LayoutAttribute::trailing, true}},
+    {"centerXWithinMargins", {LayoutAttribute::centerX, true}},
+    {"centerYWithinMargins", {LayoutAttribute::centerY, true}},
 }};
 
-const AttributeName* attributeNamed(const InterfaceElement& element, std::string_view key, InterfaceReport& report) {
+const AttributeMeaning* attributeNamed(const InterfaceElement& element, std::string_view key, InterfaceReport& report) {
     const std::string_view word = element.value(key);
-    std::vector<std::string> known;
-    for (const AttributeName& each : attributeNames) {
-        if (each.name == word) {
-            return &each;
-        }
-        known.emplace_back(each.name);
+    const AttributeMeaning* meaning = meaningOf(word, attributeNames);
+    if (meaning == nullptr) {
+        report.error(element, std::string(key) + " is \"" + std::string(word) + "\", a layout attribute is expected" +
+                                  suggestionFrom(word, attributeNames));
     }
-    report.error(element, std::string(key) + " is \"" + std::string(word) + "\", a layout attribute is expected" +
-                              suggestion(word, known));
-    return nullptr;
+    return meaning;
 }
 
 std::optional<LayoutRelation> relationOf(const InterfaceElement& element, InterfaceReport& report) {
@@ -111,16 +103,16 @@ public:
             resolved = named != nullptr && named->object;
             entry = resolved ? *named : entry;
         }
-        const AttributeName* name = attributeNamed(m_element, attributeKey, m_report);
+        const AttributeMeaning* meaning = attributeNamed(m_element, attributeKey, m_report);
         const auto view = std::dynamic_pointer_cast<UIView>(entry.object);
         if (!view) {
             m_report.error(m_element, std::string(itemKey) + " is no view");
         }
-        if (!resolved || name == nullptr || !view) {
+        if (!resolved || meaning == nullptr || !view) {
             return std::nullopt;
         }
-        return LayoutEnd{view, name->insideMargins ? LayoutGuide::margins : entry.guide,
-                         entry.edge.value_or(name->attribute)};
+        return LayoutEnd{view, meaning->insideMargins ? LayoutGuide::margins : entry.guide,
+                         entry.edge.value_or(meaning->attribute)};
     }
 
 private:
@@ -136,12 +128,13 @@ bool isInside(const LayoutEnd& end, const UIView& owner) {
 }
 
 std::string identifierOf(const InterfaceElement& element, const InterfaceDocument& document) {
-    std::string_view name = element.id();
+    std::string identifier(element.id());
     for (const char* key : {"userLabel", "identifier"}) {
-        name = element.attribute(key) != nullptr ? element.value(key) : name;
+        if (const std::string* given = element.attribute(key)) {
+            identifier = *given;
+        }
     }
-    return std::string(name) + " (" + std::filesystem::path(document.path()).filename().string() + ":" +
-           std::to_string(element.line) + ")";
+    return identifier.append(" (").append(document.fileName()).append(":") + std::to_string(element.line) + ")";
 }
 
 } // namespace

@@ -1,13 +1,9 @@
-#include "platform/foundation/Nearest.h"
 #include "platform/interface/ElementValues.h"
-#include "platform/interface/NumberText.h"
-
-#include <array>
-#include <utility>
+#include "platform/interface/WordTable.h"
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, UIFontWeight>, 9> weights{{
+constexpr WordTable<UIFontWeight, 9> weights{{
     {"ultraLight", UIFontWeight::ultraLight},
     {"thin", UIFontWeight::thin},
     {"light", UIFontWeight::light},
@@ -24,15 +20,11 @@ UIFontWeight weightOf(const InterfaceElement& element, InterfaceReport& report) 
     if (word == nullptr) {
         return UIFontWeight::regular;
     }
-    std::vector<std::string> known;
-    for (const auto& [name, weight] : weights) {
-        if (name == *word) {
-            return weight;
-        }
-        known.emplace_back(name);
+    if (const UIFontWeight* weight = meaningOf(*word, weights)) {
+        return *weight;
     }
-    report.error(element,
-                 "weight is \"" + *word + "\", a weight of the system font is expected" + suggestion(*word, known));
+    report.error(element, "weight is \"" + *word + "\", a weight of the system font is expected" +
+                              suggestionFrom(*word, weights));
     return UIFontWeight::regular;
 }
 

@@ -151,6 +151,11 @@ InterfaceDocument::InterfaceDocument(std::string path, InterfaceElement root)
     }
 }
 
+std::string_view InterfaceDocument::fileName() const {
+    const std::size_t slash = m_path->rfind('/');
+    return slash == std::string::npos ? std::string_view(*m_path) : std::string_view(*m_path).substr(slash + 1);
+}
+
 const InterfaceScene* InterfaceDocument::sceneWith(std::string_view attribute, std::string_view value) const {
     for (const InterfaceScene& scene : m_scenes) {
         const std::string* own = scene.controller->attribute(attribute);

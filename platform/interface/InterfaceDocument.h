@@ -41,6 +41,8 @@ public:
     InterfaceDocument& operator=(const InterfaceDocument&) = delete;
 
     [[nodiscard]] const std::string& path() const { return *m_path; }
+    /// The path's last part.
+    [[nodiscard]] std::string_view fileName() const;
     [[nodiscard]] const std::shared_ptr<const std::string>& sharedPath() const { return m_path; }
     [[nodiscard]] const InterfaceElement& root() const { return m_root; }
     [[nodiscard]] Kind kind() const { return m_kind; }

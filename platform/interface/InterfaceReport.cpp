@@ -21,7 +21,7 @@ std::string InterfaceReport::errorText() const {
     std::string text;
     for (const InterfaceFinding& finding : m_findings) {
         if (finding.severity == Severity::error) {
-            text += (text.empty() ? "" : "\n") + finding.describe();
+            text.append(text.empty() ? "" : "\n").append(finding.describe());
         }
     }
     return text;

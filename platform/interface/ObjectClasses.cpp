@@ -1,13 +1,10 @@
 #include "platform/interface/ObjectClasses.h"
 
-#include "platform/foundation/Nearest.h"
-
-#include <array>
-#include <utility>
+#include "platform/interface/WordTable.h"
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 11> standardClasses{{
+constexpr WordTable<std::string_view, 11> standardClasses{{
     {"view", "UIView"},
     {"label", "UILabel"},
     {"imageView", "UIImageView"},
@@ -21,32 +18,22 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 11> standard
     {"navigationController", "UINavigationController"},
 }};
 
-std::string standardClassOf(const InterfaceElement& element, InterfaceReport& report) {
-    std::vector<std::string> known;
-    for (const auto& [name, className] : standardClasses) {
-        if (name == element.name) {
-            return std::string(className);
-        }
-        known.emplace_back(name);
-    }
-    report.error(element, "unknown element" + suggestion(element.name, known));
-    return {};
-}
-
 } // namespace
 
 const ObjectClass* classToMake(const InterfaceElement& element, InterfaceReport& report) {
-    const std::string standard = standardClassOf(element, report);
-    if (standard.empty()) {
+    const std::string_view* standard = meaningOf(element.name, standardClasses);
+    if (standard == nullptr) {
+        report.error(element, "unknown element" + suggestionFrom(element.name, standardClasses));
         return nullptr;
     }
     const std::string* custom = element.attribute("customClass");
-    const std::string& name = custom != nullptr ? *custom : standard;
+    const std::string_view name = custom != nullptr ? std::string_view(*custom) : *standard;
     const ObjectClass* found = ClassRegistry::shared().find(name);
     if (found == nullptr) {
-        report.error(element, "there is no class \"" + name + "\"" + suggestion(name, ClassRegistry::shared().names()));
+        report.error(element, "there is no class \"" + std::string(name) + "\"" +
+                                  suggestion(name, ClassRegistry::shared().names()));
     } else if (!found->factory) {
-        report.error(element, "interface files cannot make objects of the class " + name);
+        report.error(element, "interface files cannot make objects of the class " + found->name);
         return nullptr;
     }
     return found;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <compare>
+
 /// A row of a table: its section and its place there, both from 0.
 struct NSIndexPath {
     int section = 0;

@@ -12,7 +12,7 @@ constexpr CGFloat defaultRowHeight = 44;
 /// No screen is taller; a table that a wrong document makes taller shows the beginning only.
 constexpr Pixels tallestPart = 16'384;
 /// Rows without height never fill a screen: so many are asked for their height in one layout, then the next goes on.
-constexpr int mostMeasuredAtOnce = 5'000;
+constexpr int mostMeasuredAtOnce = 2'000;
 
 bool isRow(const TableItem& item) {
     return item.kind == TableItem::Kind::row;

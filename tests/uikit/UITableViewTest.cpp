@@ -105,7 +105,7 @@ TEST(UITableView, MakesNoMoreCellsThanFitTheScreenAndUsesThemAgain) {
     EXPECT_LE(screen.list->heightsAsked, rowsSeenInAll);
     const auto last = screen.table->visibleCells().back();
     EXPECT_GT(dynamic_cast<ListCell&>(*last).reuses, 0);
-    EXPECT_EQ(screen.table->subviews().size(), screen.table->visibleCells().size() + 0);
+    EXPECT_EQ(screen.table->subviews().size(), screen.table->visibleCells().size());
 }
 
 TEST(UITableView, CostsNoMoreForManyRowsOrSectionsThanForFew) {

@@ -15,6 +15,7 @@ public:
     void setImage(const std::shared_ptr<UIImage>& image);
 
     [[nodiscard]] CGSize intrinsicContentSize() const override;
+    void drawRect(const CGRect& rect) override;
 
 private:
     std::shared_ptr<UIImage> m_image;

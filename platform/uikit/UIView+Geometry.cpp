@@ -68,6 +68,10 @@ void UIView::applyGeometry(CGPoint center, const CGRect& bounds) {
         return;
     }
     const CGSize sizeBefore = m_bounds.size;
+    if (center == m_center && bounds.size == sizeBefore && bounds.minX() == m_bounds.minX()) {
+        moveContent(m_bounds.minY() - bounds.minY());
+        return;
+    }
     invalidate(paintedRect());
     m_center = center;
     m_bounds = bounds;
@@ -79,6 +83,13 @@ void UIView::applyGeometry(CGPoint center, const CGRect& bounds) {
         }
     }
     invalidate(paintedRect());
+}
+
+void UIView::moveContent(CGFloat distance) {
+    m_bounds.origin.y -= distance;
+    if (UIWindow* shownIn = window()) {
+        shownIn->contentMoved(*this, distance);
+    }
 }
 
 void UIView::resizeSubviews(CGSize before) {

@@ -107,6 +107,8 @@ public:
     // Drawing. setNeedsDisplay marks the whole view, or a rectangle of it, to be drawn again.
     void setNeedsDisplay();
     virtual void drawRect(const CGRect& rect); // drawRect:
+    /// What this view and its subviews paint, with shadows, in its own coordinates.
+    [[nodiscard]] CGRect paintedRect() const;
 
     // Touches.
     [[nodiscard]] bool isUserInteractionEnabled() const { return m_userInteractionEnabled; }
@@ -191,12 +193,12 @@ private:
     /// Sets the frame without having the constraints solved again.
     void place(const CGRect& frame);
     void applyGeometry(CGPoint center, const CGRect& bounds);
+    /// Down, in points; what is painted of it can be moved along.
+    void moveContent(CGFloat distance);
     void resizeSubviews(CGSize before);
     void decodeAutoresizingMask(const NSCoder& coder);
     void decodePriorities(const NSCoder& coder);
     void decodeAccessibility(const NSCoder& coder);
-    /// What this view and its subviews paint, with shadows, in its own coordinates.
-    [[nodiscard]] CGRect paintedRect() const;
     [[nodiscard]] UIView& topView() const;
     [[nodiscard]] bool isSystemRoot() const;
     [[nodiscard]] UIView& systemRoot();

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::size_t mostDamagedRects = 8; // beyond that, one rectangle around all is cheaper
+constexpr std::size_t mostChanges = 64;
 
 bool covers(const CGRect& outer, const CGRect& inner) {
     return outer.minX() <= inner.minX() && outer.minY() <= inner.minY() && outer.maxX() >= inner.maxX() &&
@@ -114,27 +114,42 @@ bool UIWindow::needsLayout() const {
     return LayoutPass::isDue(*this);
 }
 
-// Damage.
+// Changes to the picture.
 
-std::vector<CGRect> UIWindow::takeDamage() {
-    return std::exchange(m_damage, {});
+std::vector<WindowChange> UIWindow::takeChanges() {
+    return std::exchange(m_changes, {});
 }
 
-void UIWindow::invalidate(const CGRect& rect) {
-    const CGRect visible = rect.intersection(bounds());
-    if (visible.isEmpty() ||
-        std::any_of(m_damage.begin(), m_damage.end(), [&](const CGRect& known) { return covers(known, visible); })) {
+void UIWindow::contentMoved(const UIView& scrolled, CGFloat distance) {
+    const std::shared_ptr<const UIView> view = std::static_pointer_cast<const UIView>(scrolled.shared_from_this());
+    if (!m_changes.empty() && m_changes.back().isMove() && m_changes.back().scrolled.lock() == view) {
+        m_changes.back().distance += distance;
         return;
     }
-    m_damage.erase(
-        std::remove_if(m_damage.begin(), m_damage.end(), [&](const CGRect& known) { return covers(visible, known); }),
-        m_damage.end());
-    m_damage.push_back(visible);
-    if (m_damage.size() > mostDamagedRects) {
-        CGRect all;
-        for (const CGRect& known : m_damage) {
-            all = all.unionWith(known);
-        }
-        m_damage = {all};
+    note({.area = {}, .scrolled = view, .distance = distance});
+}
+
+/// A window that nobody draws forgets the details.
+void UIWindow::note(const WindowChange& change) {
+    if (m_changes.size() < mostChanges) {
+        m_changes.push_back(change);
+    } else {
+        m_changes = {{.area = bounds(), .scrolled = {}, .distance = 0}};
     }
+}
+
+/// Joins what has been invalidated since the last move; what came before it stays apart, for the move carries it along.
+void UIWindow::invalidate(const CGRect& rect) {
+    const CGRect visible = rect.intersection(bounds());
+    const auto first = std::find_if(m_changes.rbegin(), m_changes.rend(), [](const WindowChange& change) {
+                           return change.isMove();
+                       }).base();
+    if (visible.isEmpty() ||
+        std::any_of(first, m_changes.end(), [&](const WindowChange& known) { return covers(known.area, visible); })) {
+        return;
+    }
+    m_changes.erase(
+        std::remove_if(first, m_changes.end(), [&](const WindowChange& known) { return covers(visible, known.area); }),
+        m_changes.end());
+    note({.area = visible, .scrolled = {}, .distance = 0});
 }

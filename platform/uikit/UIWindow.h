@@ -3,6 +3,7 @@
 #include "platform/graphics/UIUserInterfaceStyle.h"
 #include "platform/uikit/UITouch.h"
 #include "platform/uikit/UIView.h"
+#include "platform/uikit/WindowChange.h"
 
 class UIEvent;
 
@@ -28,8 +29,10 @@ public:
 
     /// True when something was marked for layout since the last pass.
     [[nodiscard]] bool needsLayout() const;
-    /// What must be painted again, in the window's coordinates; the call empties the list.
-    [[nodiscard]] std::vector<CGRect> takeDamage();
+    /// What happened to the picture since the last call, in order.
+    [[nodiscard]] std::vector<WindowChange> takeChanges();
+    /// The content of a scroll view in this window went down by `distance` points.
+    void contentMoved(const UIView& scrolled, CGFloat distance);
 
 protected:
     void invalidate(const CGRect& rect) override;
@@ -41,10 +44,11 @@ private:
     };
     void beginTouches(const TouchSet& touches, UIEvent& event);
     void deliver(const TouchSet& touches, UITouchPhase phase, UIEvent& event);
+    void note(const WindowChange& change);
 
     std::vector<ActiveTouch> m_activeTouches;
     std::shared_ptr<UIViewController> m_root;
     UIEdgeInsets m_safeArea;
     UIUserInterfaceStyle m_style = UIUserInterfaceStyle::light;
-    std::vector<CGRect> m_damage;
+    std::vector<WindowChange> m_changes;
 };

@@ -57,7 +57,7 @@ protected:
         canvas->drawRect(canvas->bounds());
         return recording.text();
     }
-    [[nodiscard]] bool asksToBeDrawn() const { return !window->takeDamage().empty(); }
+    [[nodiscard]] bool asksToBeDrawn() const { return !window->takeChanges().empty(); }
     [[nodiscard]] std::shared_ptr<UIView> pencil() const { return canvas->viewWithTag(100001); }
 
     std::shared_ptr<support::Catalog> catalog = support::installCatalog();
@@ -101,7 +101,7 @@ TEST_F(DrawingViewTest, SmoothsAStrokeThroughTheMidpointsOfItsTouches) {
 TEST_F(DrawingViewTest, ForgetsATouchThatDidNotMove) {
     const auto delegate = std::make_shared<BothDelegate>();
     canvas->setDelegate(delegate);
-    static_cast<void>(window->takeDamage());
+    static_cast<void>(window->takeChanges());
     down({5, 5});
     up({5, 5});
     EXPECT_EQ(canvas->numberOfStrokes(), 0);
@@ -130,7 +130,7 @@ TEST_F(DrawingViewTest, TellsADelegateWhatItImplements) {
 
 TEST_F(DrawingViewTest, KeepsColourAndWidthOfFinishedStrokes) {
     stroke({0, 0}, {2, 0});
-    static_cast<void>(window->takeDamage());
+    static_cast<void>(window->takeChanges());
     canvas->setStrokeColor(UIColor::whiteColor());
     EXPECT_TRUE(asksToBeDrawn());
     canvas->setStrokeWidth(3);
@@ -152,7 +152,7 @@ TEST_F(DrawingViewTest, StoresTheStrokeInProgressAgainAfterClear) {
     stroke({0, 0}, {2, 0});
     down({0, 10});
     move({2, 10});
-    static_cast<void>(window->takeDamage());
+    static_cast<void>(window->takeChanges());
     canvas->clear();
     EXPECT_TRUE(asksToBeDrawn());
     EXPECT_EQ(canvas->numberOfStrokes(), 0);

@@ -16,8 +16,8 @@ protected:
     }
     CGRect damage() const {
         CGRect all;
-        for (const CGRect& rect : window->takeDamage()) {
-            all = all.unionWith(rect);
+        for (const WindowChange& change : window->takeChanges()) {
+            all = all.unionWith(change.area);
         }
         return all;
     }

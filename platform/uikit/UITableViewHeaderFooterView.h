@@ -12,9 +12,6 @@ public:
 
     [[nodiscard]] const std::string& reuseIdentifier() const { return m_reuseIdentifier; }
 
-protected:
-    [[nodiscard]] bool isLayoutRoot() const override { return true; }
-
 private:
     std::string m_reuseIdentifier;
 };

@@ -1,6 +1,9 @@
 #include "simulator/commands/CommandLine.h"
 
+#include "content/DropdownRows.h"
+#include "simulator/commands/GalleryCommand.h"
 #include "simulator/commands/RunCommand.h"
+#include "simulator/commands/ShotCommand.h"
 #include "simulator/commands/TreeCommand.h"
 
 #include <CLI/CLI.hpp>
@@ -26,17 +29,61 @@ constexpr const char* treeExamples = "Examples:\n"
                                      "  parlor tree flows/friends.yaml              after playing a flow\n"
                                      "  parlor tree --content MyList.json --device 320x568@2\n";
 
-void addShared(CLI::App& command, RunOptions& options) {
+constexpr const char* shotExamples = "Examples:\n"
+                                     "  parlor shot -o screen.png\n"
+                                     "  parlor shot --group Family --dark --device se -o family.png\n"
+                                     "  parlor shot --content MyList.json --open-dropdown --bare -o - | display\n"
+                                     "\n"
+                                     "A file that exists and is no PNG picture is left alone.\n";
+
+constexpr const char* galleryExamples = "Examples:\n"
+                                        "  parlor gallery -o out/gallery\n"
+                                        "  parlor gallery -o out/gallery --device se --device 15max\n";
+
+void addBundle(CLI::App& command, RunOptions& options) {
     command.add_option("--bundle", options.bundle, "The extension's bundle (default: the one beside this program)")
         ->type_name("DIR");
-    command
-        .add_option("--device", options.device,
-                    "se, 8plus, 15, 15max, or a size such as 390x844@3 (default: the flow's own, or 15)")
-        ->type_name("NAME");
     command
         .add_option("--content", options.content,
                     "Shows this content file for the group it is named after, or else for \"Adult (18+)\"")
         ->type_name("FILE");
+}
+
+void addShared(CLI::App& command, RunOptions& options) {
+    addBundle(command, options);
+    command
+        .add_option("--device", options.device,
+                    "se, 8plus, 15, 15max, or a size such as 390x844@3 (default: the flow's own, or 15)")
+        ->type_name("NAME");
+}
+
+CLI::App* addShot(CLI::App& app, RunOptions& options, ShotOptions& shot) {
+    CLI::App* command = app.add_subcommand("shot", "Takes a picture of the screen");
+    command->add_option("-o,--output", shot.file, "The PNG file; - for standard output")->type_name("FILE")->required();
+    addShared(*command, options);
+    command->add_option("--group", shot.group, "The group to show")
+        ->check(CLI::IsMember(playerGroupTitles()))
+        ->option_text("NAME");
+    command->add_flag("--dark", shot.dark, "In the dark appearance");
+    command->add_option("--style", shot.style, "compact or expanded (default)")
+        ->check(CLI::IsMember({"compact", "expanded"}))
+        ->option_text("STYLE");
+    command->add_flag("--open-dropdown", shot.openDropdown, "With the list of groups open");
+    command->add_option("--scroll", shot.scroll, "How far the modes are scrolled")->type_name("POINTS");
+    command->add_flag("--bare", shot.bare, "Without the conversation around the extension");
+    command->footer(shotExamples);
+    return command;
+}
+
+CLI::App* addGallery(CLI::App& app, RunOptions& options, GalleryOptions& gallery) {
+    CLI::App* command = app.add_subcommand("gallery", "Takes pictures of everything, with a page and a contact sheet");
+    command->add_option("-o,--output", gallery.folder, "Where the pictures go")->type_name("DIR")->required();
+    addBundle(*command, options);
+    command->add_option("--device", gallery.devices, "As for run; may be given several times (default: 15)")
+        ->type_name("NAME");
+    command->add_flag("--force", gallery.force, "Also overwrites files that are not of an earlier gallery");
+    command->footer(galleryExamples);
+    return command;
 }
 
 } // namespace
@@ -53,6 +100,8 @@ int runCommandLine(int argc, const char* const* argv) {
         ->type_name("FLOW");
     addShared(*run, options);
     run->add_option("--report", options.report, "Writes what happened to this file, as JSON")->type_name("FILE");
+    run->add_option("--output", options.output, "Where pictures go (default: out)")->type_name("DIR");
+    run->add_flag("--update-goldens", options.updateGoldens, "Takes the golden pictures anew (never where CI is set)");
     run->add_flag("--quiet", options.quiet, "Tells failures only");
     run->footer(runExamples);
 
@@ -63,10 +112,21 @@ int runCommandLine(int argc, const char* const* argv) {
     addShared(*tree, options);
     tree->footer(treeExamples);
 
+    ShotOptions shot;
+    GalleryOptions gallery;
+    const CLI::App* shotCommand = addShot(app, options, shot);
+    const CLI::App* galleryCommand = addGallery(app, options, gallery);
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? exitFine : exitUsage;
+    }
+    if (shotCommand->parsed()) {
+        return takeShot(options, shot);
+    }
+    if (galleryCommand->parsed()) {
+        return makeGallery(options, gallery);
     }
     return run->parsed() ? runFlows(options) : printTree(options);
 }

@@ -6,6 +6,7 @@
 #include "simulator/flows/FlowPlayer.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <iostream>
 
@@ -17,7 +18,8 @@ void printEvent(const Event& event) {
     std::cerr << time << event.text << std::endl;
 }
 
-FlowResult playOn(const Stage& stage, const Flow& flow, bool quiet) {
+FlowResult playOn(const Stage& stage, const Flow& flow, const RunOptions& options) {
+    const bool quiet = options.quiet;
     const Device device = setStage(stage, flow);
     if (!quiet) {
         std::cerr << flow.name << " (" << flow.file << ", device " << device.name << ")" << std::endl;
@@ -27,7 +29,8 @@ FlowResult playOn(const Stage& stage, const Flow& flow, bool quiet) {
                           if (!quiet || event.kind == "failure") {
                               printEvent(event);
                           }
-                      })
+                      },
+                      {options.output, options.updateGoldens})
         .play();
 }
 
@@ -42,6 +45,10 @@ bool writeReport(const std::string& path, const std::vector<FlowResult>& results
 } // namespace
 
 ExitStatus runFlows(const RunOptions& options) {
+    if (options.updateGoldens && std::getenv("CI") != nullptr) {
+        std::cerr << "parlor: golden pictures are not updated where CI is set in the environment\n";
+        return exitUsage;
+    }
     const std::vector<std::string> named =
         options.flows.empty() ? std::vector{besideProgram("flows/typical-road.yaml").string()} : options.flows;
     const std::optional<std::vector<Flow>> flows = readFlows(flowFiles(named));
@@ -60,7 +67,7 @@ ExitStatus runFlows(const RunOptions& options) {
     std::vector<FlowResult> results;
     std::size_t failed = 0;
     for (const Flow& flow : *flows) {
-        results.push_back(playOn(*stage, flow, options.quiet));
+        results.push_back(playOn(*stage, flow, options));
         failed += results.back().failures.empty() ? 0 : 1;
     }
     if (!options.quiet || failed > 0) {

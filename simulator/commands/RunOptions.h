@@ -7,11 +7,13 @@
 
 /// What a command line asks for.
 struct RunOptions {
-    std::vector<std::string> flows;     // files and folders; empty: the typical road
-    std::filesystem::path bundle;       // empty: the one that was built beside the program
-    std::string device;                 // empty: each flow's own, or 15
-    std::optional<std::string> content; // a content file to show
-    std::optional<std::string> report;  // where to write what happened
+    std::vector<std::string> flows;       // files and folders; empty: the typical road
+    std::filesystem::path bundle;         // empty: the one that was built beside the program
+    std::string device;                   // empty: each flow's own, or 15
+    std::optional<std::string> content;   // a content file to show
+    std::optional<std::string> report;    // where to write what happened
+    std::filesystem::path output = "out"; // for pictures
+    bool updateGoldens = false;
     bool quiet = false;
 };
 

@@ -26,7 +26,7 @@ std::nullopt_t refuse(const std::string& why, ExitStatus& status) {
 Device setStage(const Stage& stage, const Flow& flow) {
     std::vector<ResourceOverride> overrides = stage.overrides;
     overrides.insert(overrides.end(), flow.overrides.begin(), flow.overrides.end());
-    openExtensionBundle(stage.bundle, overrides);
+    openExtensionBundle(flow.scene.empty() ? stage.bundle : besideProgram("Canvas.appex"), overrides);
     return stage.deviceIsAsked || flow.device.empty() ? stage.device : deviceNamed(flow.device).value();
 }
 

@@ -1,35 +1,15 @@
 #include "simulator/commands/TreeCommand.h"
 
 #include "simulator/commands/FlowFiles.h"
+#include "simulator/commands/OutputAside.h"
 #include "simulator/commands/Stage.h"
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
 #include "simulator/flows/FlowReader.h"
 
-#include <cstdio>
 #include <iostream>
-#include <unistd.h>
 
 namespace {
-
-/// Sends what is written to standard output to standard error while it lives.
-class OutputAside {
-public:
-    OutputAside() : m_output(dup(STDOUT_FILENO)) {
-        std::fflush(stdout);
-        dup2(STDERR_FILENO, STDOUT_FILENO);
-    }
-    ~OutputAside() {
-        std::fflush(stdout);
-        dup2(m_output, STDOUT_FILENO);
-        close(m_output);
-    }
-    OutputAside(const OutputAside&) = delete;
-    OutputAside& operator=(const OutputAside&) = delete;
-
-private:
-    int m_output;
-};
 
 std::optional<Flow> flowToPlay(const RunOptions& options) {
     if (options.flows.empty()) {

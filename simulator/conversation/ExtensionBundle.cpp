@@ -6,6 +6,7 @@
 #include "platform/interface/InterfaceReaders.h"
 #include "platform/messages/MessagesClasses.h"
 #include "platform/uikit/UIKitClasses.h"
+#include "simulator/scenes/SceneClasses.h"
 #include "ui/UiClasses.h"
 
 void openExtensionBundle(const std::filesystem::path& folder, const std::vector<ResourceOverride>& overrides) {
@@ -14,6 +15,7 @@ void openExtensionBundle(const std::filesystem::path& folder, const std::vector<
     registerUiClasses();
     registerHostClasses();
     registerGameClasses();
+    registerSceneClasses();
     NSBundle::setMainBundle(folder);
     for (const ResourceOverride& replaced : overrides) {
         NSBundle::mainBundle().setResourceOverride(replaced.name, replaced.file.value_or(""));

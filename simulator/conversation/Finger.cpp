@@ -16,7 +16,7 @@ void Finger::tap(CGPoint point) {
     report(touch);
 }
 
-void Finger::drag(const std::vector<CGPoint>& points) {
+void Finger::drag(const std::vector<CGPoint>& points, const std::function<void()>& beforeLifting) {
     constexpr int steps = 20; // a line
     const std::chrono::milliseconds pause(400 / (steps * (points.size() - 1)));
     const auto touch = std::make_shared<UITouch>(points.front());
@@ -30,6 +30,9 @@ void Finger::drag(const std::vector<CGPoint>& points) {
             report(touch);
             m_host.advance(pause);
         }
+    }
+    if (beforeLifting) {
+        beforeLifting();
     }
     touch->moveTo(points.back(), UITouchPhase::ended);
     report(touch);

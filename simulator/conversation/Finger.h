@@ -2,6 +2,7 @@
 
 #include "platform/uikit/UITouch.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,7 +17,8 @@ public:
 
     void tap(CGPoint point);
     /// Down at the first point, along straight lines to the last, up. Takes 400 virtual milliseconds.
-    void drag(const std::vector<CGPoint>& points);
+    /// `beforeLifting` is called while the finger is still down.
+    void drag(const std::vector<CGPoint>& points, const std::function<void()>& beforeLifting = {});
 
     /// A text as single presses of keys.
     [[nodiscard]] static std::vector<std::string> keystrokes(const std::string& text);

@@ -22,6 +22,9 @@ const std::vector<FlowCommand>& flowCommands() {
         {"assertDebug", readAssertDebug},
         {"assertTree", readAssertTree},
         {"assertStyleRequests", readAssertStyleRequests},
+        {"takeScreenshot", readTakeScreenshot},
+        {"assertScreenshot", readAssertScreenshot},
+        {"setAppearance", readSetAppearance},
     };
     return commands;
 }

@@ -43,3 +43,8 @@ FlowAction readAssertLink(const FlowValue& value);
 FlowAction readAssertDebug(const FlowValue& value);
 FlowAction readAssertTree(const FlowValue& value);
 FlowAction readAssertStyleRequests(const FlowValue& value);
+
+// What it looks like.
+FlowAction readTakeScreenshot(const FlowValue& value);
+FlowAction readAssertScreenshot(const FlowValue& value);
+FlowAction readSetAppearance(const FlowValue& value);

@@ -12,8 +12,9 @@ constexpr std::chrono::milliseconds step(50);
 
 } // namespace
 
-FlowPlayer::FlowPlayer(const Flow& flow, Device device, std::function<void(const Event&)> listener)
-    : m_flow(flow), m_log(std::move(listener)) {
+FlowPlayer::FlowPlayer(const Flow& flow, Device device, std::function<void(const Event&)> listener,
+                       PictureSettings pictures)
+    : m_flow(flow), m_pictures(std::move(pictures)), m_log(std::move(listener)) {
     MainRunLoop::shared().useVirtualClock();
     m_host = ConversationHost::create(std::move(device), flow.participants, m_log);
     MainRunLoop::shared().setTurnObserver([this] {

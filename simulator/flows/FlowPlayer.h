@@ -6,6 +6,7 @@
 #include "simulator/findings/Finding.h"
 #include "simulator/flows/Flow.h"
 #include "simulator/flows/FlowResult.h"
+#include "simulator/pictures/PictureSettings.h"
 
 #include <functional>
 #include <memory>
@@ -17,7 +18,8 @@
 /// it to reach the host and to wait for what they are about. The main bundle is set up by the caller.
 class FlowPlayer {
 public:
-    FlowPlayer(const Flow& flow, Device device, std::function<void(const Event&)> listener);
+    FlowPlayer(const Flow& flow, Device device, std::function<void(const Event&)> listener,
+               PictureSettings pictures = {});
     ~FlowPlayer();
     FlowPlayer(const FlowPlayer&) = delete;
     FlowPlayer& operator=(const FlowPlayer&) = delete;
@@ -26,6 +28,7 @@ public:
 
     // For the commands.
     [[nodiscard]] ConversationHost& host() { return *m_host; }
+    [[nodiscard]] const PictureSettings& pictures() const { return m_pictures; }
     /// Lets virtual time pass until the condition holds, seven seconds at most.
     bool waitUntil(const std::function<bool()>& condition);
     [[nodiscard]] std::optional<ScreenElement> waitForElement(const Selector& selector);
@@ -41,6 +44,7 @@ private:
     void playStep(const FlowStep& step);
 
     const Flow& m_flow;
+    PictureSettings m_pictures;
     EventLog m_log;
     std::shared_ptr<ConversationHost> m_host;
     ScreenStory m_story;

@@ -23,7 +23,7 @@ void readOverride(const FlowValue& value, Flow& flow) {
 }
 
 void readSettings(const FlowValue& settings, Flow& flow) {
-    settings.allowOnly({"appId", "name", "tags", "device", "participants", "withoutResource", "resource"});
+    settings.allowOnly({"appId", "name", "tags", "device", "scene", "participants", "withoutResource", "resource"});
     if (const auto appId = settings.find("appId")) {
         static_cast<void>(appId->name()); // there is one extension; the key is for readers and other tools
     }
@@ -35,6 +35,9 @@ void readSettings(const FlowValue& settings, Flow& flow) {
     }
     if (const auto device = settings.find("device")) {
         flow.device = device->name();
+    }
+    if (const auto scene = settings.find("scene")) {
+        flow.scene = scene->word({"canvas"});
     }
     if (const auto participants = settings.find("participants")) {
         flow.participants = participants->texts();

@@ -34,12 +34,12 @@ std::string readDirection(const FlowValue& value) {
     return value.word({"UP", "DOWN", "LEFT", "RIGHT"});
 }
 
-void drag(FlowPlayer& player, const Stroke& stroke) {
+void drag(FlowPlayer& player, const Stroke& stroke, const std::function<void()>& beforeLifting = {}) {
     std::vector<CGPoint> points;
     for (const FlowPoint& point : stroke) {
         points.push_back(point.in(player.host().window().bounds().size));
     }
-    Finger(player.host()).drag(points);
+    Finger(player.host()).drag(points, beforeLifting);
 }
 
 Outcome tapElement(FlowPlayer& player, const Selector& selector) {
@@ -76,15 +76,29 @@ Outcome scrollTo(FlowPlayer& player, const Selector& selector, const std::string
     }
 }
 
+Stroke readStroke(const FlowValue& value) {
+    Stroke stroke;
+    for (const FlowValue& point : value.list()) {
+        stroke.push_back(readPoint(point));
+    }
+    if (stroke.size() < 2) {
+        value.complain("a swipe needs two points at least");
+    }
+    return stroke;
+}
+
 Stroke readSwipeMap(const FlowValue& value) {
-    value.allowOnly({"direction", "start", "end"});
+    value.allowOnly({"direction", "start", "end", "points", "takeScreenshot"});
+    if (const auto points = value.find("points")) {
+        return readStroke(*points);
+    }
     if (const auto direction = value.find("direction")) {
         return strokeTowards(readDirection(*direction));
     }
     const auto start = value.find("start");
     const auto end = value.find("end");
     if (!start || !end) {
-        value.complain("'direction', or 'start' and 'end', must say where the finger goes");
+        value.complain("'direction', 'points', or 'start' and 'end', must say where the finger goes");
         return {};
     }
     return {readPoint(*start), readPoint(*end)};
@@ -107,20 +121,19 @@ FlowAction readTapOn(const FlowValue& value) {
 }
 
 FlowAction readSwipe(const FlowValue& value) {
-    Stroke stroke;
-    if (value.isList()) {
-        for (const FlowValue& point : value.list()) {
-            stroke.push_back(readPoint(point));
-        }
-        if (stroke.size() < 2) {
-            value.complain("a swipe needs two points at least");
-        }
-    } else {
-        stroke = readSwipeMap(value);
+    const Stroke stroke = value.isList() ? readStroke(value) : readSwipeMap(value);
+    FlowAction picture; // of the moment before the finger is lifted
+    if (const auto name = value.find("takeScreenshot")) {
+        picture = readTakeScreenshot(*name);
     }
-    return [stroke](FlowPlayer& player) -> Outcome {
-        drag(player, stroke);
-        return std::nullopt;
+    return [stroke, picture](FlowPlayer& player) -> Outcome {
+        Outcome outcome;
+        drag(player, stroke, [&] {
+            if (picture) {
+                outcome = picture(player);
+            }
+        });
+        return outcome;
     };
 }
 

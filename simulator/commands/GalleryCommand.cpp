@@ -1,0 +1,91 @@
+#include "simulator/commands/GalleryCommand.h"
+
+#include "content/DropdownRows.h"
+#include "simulator/commands/ScreenScript.h"
+#include "simulator/commands/Stage.h"
+#include "simulator/flows/FlowPlayer.h"
+#include "simulator/pictures/ContactSheet.h"
+#include "simulator/pictures/GalleryFolder.h"
+#include "simulator/pictures/PictureComparison.h"
+#include "simulator/pictures/ScreenPicture.h"
+
+#include <iostream>
+
+namespace {
+
+/// Takes the picture for the folder and, at one pixel a point, for the sheet.
+Outcome addPicture(FlowPlayer& player, GalleryFolder& folder, ContactSheet& sheet, const std::string& what,
+                   const std::string& appearance) {
+    ConversationHost& host = player.host();
+    const std::string name = host.device().name + "-" + appearance + "-" + fileNameOf(what) + ".png";
+    const Outcome failure = folder.save(takePicture(host, PictureExtent::screen), name);
+    if (!failure) {
+        const std::string caption = what + ", " + appearance + ", " + host.device().name;
+        sheet.add(takePicture(host, PictureExtent::screen, 1), caption);
+        folder.show(name, caption);
+    }
+    return failure;
+}
+
+/// One visit to the conversation; each state is seen light and dark.
+ScreenScript tour(GalleryFolder& folder, ContactSheet& light, ContactSheet& dark) {
+    ScreenScript script;
+    const auto show = [&](const std::string& what) {
+        for (const std::string appearance : {"light", "dark"}) {
+            script.add("- setAppearance: " + appearance + "\n");
+            ContactSheet& sheet = appearance == "dark" ? dark : light;
+            script.addStep("picture", [&folder, &sheet, what, appearance](FlowPlayer& player) {
+                return addPicture(player, folder, sheet, what, appearance);
+            });
+        }
+    };
+    for (const std::string& group : playerGroupTitles()) {
+        script.choose(group);
+        show(group);
+    }
+    script.openDropdown();
+    show("Dropdown open");
+    return script;
+}
+
+/// The rows of one device, or nothing when something went wrong.
+bool visit(const Stage& stage, GalleryFolder& folder, std::vector<ContactSheet>& rows) {
+    ContactSheet light;
+    ContactSheet dark;
+    const ScreenScript script = tour(folder, light, dark);
+    const FlowResult result = FlowPlayer(script.flow(), setStage(stage, script.flow()), {}).play();
+    for (const Finding& failure : result.failures) {
+        std::cerr << "parlor: " << failure.message << '\n';
+    }
+    rows.push_back(std::move(light));
+    rows.push_back(std::move(dark));
+    return result.failures.empty();
+}
+
+} // namespace
+
+ExitStatus makeGallery(RunOptions options, const GalleryOptions& gallery) {
+    GalleryFolder folder(gallery.folder, gallery.force ? Overwriting::everything : Overwriting::own);
+    std::vector<ContactSheet> rows;
+    ExitStatus status = exitFine;
+    const std::vector<std::string> usual{"15"};
+    for (const std::string& device : gallery.devices.empty() ? usual : gallery.devices) {
+        options.device = device;
+        const std::optional<Stage> stage = prepareStage(options, status);
+        if (!stage) {
+            return status;
+        }
+        if (!visit(*stage, folder, rows)) {
+            return exitFailed;
+        }
+    }
+    Outcome failure = folder.save(ContactSheet::stack(rows), "gallery.png");
+    failure = failure ? failure : folder.savePage();
+    if (failure) {
+        std::cerr << "parlor: " << failure->message << '\n';
+        return exitUsage;
+    }
+    std::cerr << "parlor: gallery " << (gallery.folder / "index.html").string() << ", all on one sheet "
+              << (gallery.folder / "gallery.png").string() << '\n';
+    return status;
+}

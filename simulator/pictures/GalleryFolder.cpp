@@ -1,0 +1,81 @@
+#include "simulator/pictures/GalleryFolder.h"
+
+#include "platform/foundation/FileReading.h"
+#include "simulator/pictures/PictureComparison.h"
+
+#include <cctype>
+#include <fstream>
+
+namespace {
+
+constexpr const char* pageName = "index.html";
+constexpr const char* generator = R"(<meta name="generator" content="parlor gallery">)";
+
+constexpr const char* head = R"(
+<style>
+body { font: 15px/1.4 system-ui, sans-serif; margin: 24px; background: #e5e5ea; color: #333; }
+main { display: flex; flex-wrap: wrap; gap: 24px; }
+figure { margin: 0; width: 260px; }
+figcaption { margin-bottom: 8px; }
+img { width: 100%; display: block; border-radius: 12px; }
+</style>
+<h1>Truths &amp; Dares</h1>
+<p><a href="gallery.png">All on one sheet</a></p>
+<main>
+)";
+
+} // namespace
+
+GalleryFolder::GalleryFolder(std::filesystem::path folder, Overwriting overwriting)
+    : m_folder(std::move(folder)), m_overwriting(overwriting) {
+    const Result<std::string> page = readWholeFile(m_folder / pageName);
+    if (page && page.value().find(generator) != std::string::npos) {
+        m_earlierPage = page.value();
+    }
+}
+
+bool GalleryFolder::mayWrite(const std::string& name) const {
+    std::error_code error;
+    const bool own =
+        name == pageName ? !m_earlierPage.empty() : m_earlierPage.find('"' + name + '"') != std::string::npos;
+    return own || m_overwriting == Overwriting::everything || !std::filesystem::exists(m_folder / name, error);
+}
+
+std::optional<Failure> GalleryFolder::save(const Bitmap& picture, const std::string& name) {
+    if (!mayWrite(name)) {
+        return Failure{(m_folder / name).string() + " is not of this gallery; --force overwrites it"};
+    }
+    return savePicture(picture, m_folder / name);
+}
+
+std::optional<Failure> GalleryFolder::savePage() {
+    const std::filesystem::path path = m_folder / pageName;
+    if (!mayWrite(pageName)) {
+        return Failure{path.string() + " is not of this gallery; --force overwrites it"};
+    }
+    std::ofstream page(path, std::ios::binary);
+    page << "<!DOCTYPE html>\n<html lang=\"en\">\n<meta charset=\"utf-8\">\n"
+         << generator << "\n<title>Truths &amp; Dares</title>" << head;
+    for (const Shown& shown : m_shown) {
+        page << "<figure><figcaption>" << shown.caption << "</figcaption><a href=\"" << shown.name << "\"><img src=\""
+             << shown.name << "\" alt=\"" << shown.caption << "\" loading=\"lazy\"></a></figure>\n";
+    }
+    page << "</main>\n</html>\n";
+    page.close();
+    return page ? std::nullopt : std::optional(Failure{"cannot write " + path.string()});
+}
+
+std::string fileNameOf(const std::string& text) {
+    std::string name;
+    for (const unsigned char byte : text) {
+        if (std::isalnum(byte) != 0) {
+            name += static_cast<char>(std::tolower(byte));
+        } else if (!name.empty() && name.back() != '-') {
+            name += '-';
+        }
+    }
+    while (!name.empty() && name.back() == '-') {
+        name.pop_back();
+    }
+    return name;
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/foundation/Result.h"
+#include "platform/graphics/Bitmap.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+enum class Overwriting { own, everything };
+
+/// A folder of pictures and a page that shows them. Files that it did not write itself are left alone unless asked; its
+/// own are those that its page of an earlier time names.
+class GalleryFolder {
+public:
+    GalleryFolder(std::filesystem::path folder, Overwriting overwriting);
+
+    [[nodiscard]] std::optional<Failure> save(const Bitmap& picture, const std::string& name);
+    /// Lists a picture on the page.
+    void show(const std::string& name, const std::string& caption) { m_shown.push_back({name, caption}); }
+    /// Writes the page; the last thing to do.
+    [[nodiscard]] std::optional<Failure> savePage();
+
+private:
+    struct Shown {
+        std::string name;
+        std::string caption;
+    };
+    [[nodiscard]] bool mayWrite(const std::string& name) const;
+
+    std::filesystem::path m_folder;
+    Overwriting m_overwriting;
+    std::string m_earlierPage; // empty: there is none of ours
+    std::vector<Shown> m_shown;
+};
+
+/// A text as part of a file's name: small letters and digits, "adult-18".
+[[nodiscard]] std::string fileNameOf(const std::string& text);

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/messages/MSMessagesAppViewController.h"
+#include "platform/runtime/Outlet.h"
+#include "platform/uikit/UIButton.h"
+#include "platform/uikit/UILabel.h"
+#include "ui/DrawingView.h"
+
+/// A place to try the drawing canvas, which no screen of the extension shows: a canvas under a row of buttons and the
+/// number of its strokes. Made from Canvas.storyboard, by the host, in the extension's stead.
+class CanvasSceneController : public MSMessagesAppViewController, public DrawingViewDelegate {
+public:
+    using MSMessagesAppViewController::MSMessagesAppViewController;
+
+    void viewDidLoad() override;
+
+    // Actions of the storyboard.
+    void btnPencilWithSender(NSObject* sender); // btnPencilWithSender:
+    void btnColorWithSender(NSObject* sender);  // btnColorWithSender:
+    void btnClearWithSender(NSObject* sender);  // btnClearWithSender:
+
+    // DrawingViewDelegate.
+    void didBeginDrawing(); // didBeginDrawing
+    void didEndDrawing();   // didEndDrawing
+
+    Outlet<DrawingView> canvas{"canvas"};
+    Outlet<UILabel> lblStrokes{"lblStrokes"};
+    Outlet<UIButton> btnPencil{"btnPencil"};
+    Outlet<UIButton> btnColor{"btnColor"};
+
+private:
+    void showButtons();
+    void showCount();
+
+    std::size_t m_color = 0;
+};

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Makes the classes of the developer scenes known by name.
+void registerSceneClasses();

@@ -1,0 +1,207 @@
+#include "platform/runtime/ClassRegistry.h"
+#include "platform/uikit/UINavigationController.h"
+#include "tests/game/GameFixture.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// What the dropdown box and panel look like.
+struct DropdownLook {
+    bool isOpen;
+    bool hasShadow;
+};
+
+void expectLook(const CategoriesVC& screen, DropdownLook look, const char* when) {
+    SCOPED_TRACE(when);
+    const CALayer& layer = *screen.viewDropDownButton->layer();
+    EXPECT_EQ(screen.viewDropDown->isHidden(), !look.isOpen);
+    EXPECT_EQ(layer.borderWidth(), look.isOpen ? 0 : 1);
+    EXPECT_TRUE(*layer.borderColor() == (look.isOpen ? *UIColor::clearColor() : *UIColor::whiteColor()));
+    EXPECT_EQ(screen.imgDropDown->image(), UIImage::imageNamed(look.isOpen ? "drowdown_up" : "drowdown_down"));
+    EXPECT_NE(screen.imgDropDown->image(), nullptr);
+    EXPECT_EQ(layer.shadowOpacity(), look.hasShadow ? 0.3f : 0);
+}
+
+using CategoryScreen = GameTest;
+using GameTypeMode = GameTest;
+
+} // namespace
+
+TEST_F(CategoryScreen, OffersFourGroupsAndNoModesUntilItsContentHasCome) {
+    open();
+    MainRunLoop::shared().setBackgroundLatency(100ms);
+    host->activate(nullptr);
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
+    CategoriesVC& shown = *screen();
+    EXPECT_EQ(shown.lblDropDown->text(), "Adult (18+)");
+    EXPECT_EQ(marksOf(shown), "Adult (18+);");
+    EXPECT_EQ(shown.heightOfTblView->constant(), 293);
+    EXPECT_EQ(shown.tableView->numberOfSections(), 0);
+    EXPECT_EQ(shown.tblDropDown->numberOfSections(), 1);
+    EXPECT_EQ(shown.tblDropDown->numberOfRowsInSection(0), 4);
+    EXPECT_EQ(shown.tableView->separatorStyle(), UITableViewCellSeparatorStyle::none);
+    EXPECT_EQ(shown.tableView->contentInset(), (UIEdgeInsets{10, 0, 80, 0}));
+    EXPECT_FALSE(shown.tableView->showsVerticalScrollIndicator());
+    EXPECT_FALSE(shown.tblDropDown->showsVerticalScrollIndicator());
+
+    host->advance(200ms);
+    EXPECT_EQ(shown.arrAllCategories().size(), 11U);
+    EXPECT_EQ(titlesOf(shown), "|Adult (18+) titled|");
+    EXPECT_EQ(shown.tableView->numberOfSections(), 2);
+    expectLook(shown, {.isOpen = false, .hasShadow = true}, "after the hand-over");
+}
+
+TEST_F(CategoryScreen, LosesTheShadowOfItsBoxUntilTheButtonClosesTheDropdown) {
+    openAndSettle();
+    const CategoriesVC& shown = *screen();
+    tapBox();
+    expectLook(shown, {.isOpen = true, .hasShadow = false}, "opened");
+    tapBox();
+    expectLook(shown, {.isOpen = false, .hasShadow = true}, "closed by the button");
+    choose(1);
+    expectLook(shown, {.isOpen = false, .hasShadow = false}, "closed by a choice");
+    tapBox();
+    expectLook(shown, {.isOpen = true, .hasShadow = false}, "opened again");
+    tapBox();
+    expectLook(shown, {.isOpen = false, .hasShadow = true}, "closed by the button again");
+}
+
+TEST_F(CategoryScreen, ShowsTheGroupChosenLastWhenTheContentComes) {
+    open();
+    MainRunLoop::shared().setBackgroundLatency(2s);
+    host->activate(nullptr);
+    host->advance(1s);
+    (void)support::takeStandardOutput();
+    CategoriesVC& shown = *screen();
+    choose(1);
+    choose(2);
+    EXPECT_EQ(shown.lblDropDown->text(), "Couple");
+    EXPECT_EQ(shown.tableView->numberOfSections(), 0);
+    tapBox();
+    host->advance(5s);
+    EXPECT_EQ(titlesOf(shown), "|Couple titled|");
+    EXPECT_EQ(shown.tableView->numberOfSections(), 2);
+    EXPECT_EQ(marksOf(shown), "Couple;");
+    expectLook(shown, {.isOpen = false, .hasShadow = false}, "closed by the hand-over");
+}
+
+TEST_F(CategoryScreen, TellsItsTableOfNewSectionsOnALaterTurn) {
+    openAndSettle();
+    CategoriesVC& shown = *screen();
+    shown.showSections("no such key");
+    EXPECT_TRUE(shown.sections().empty());
+    EXPECT_EQ(shown.tableView->numberOfSections(), 2);
+    host->settle();
+    EXPECT_EQ(shown.tableView->numberOfSections(), 0);
+}
+
+TEST_F(CategoryScreen, BeginsAnewWithEveryMessage) {
+    openAndSettle();
+    const std::weak_ptr<CategoriesVC> before = screen();
+    choose(2);
+    tapBox();
+    host->receive(host->makeMessage("A", std::nullopt));
+    EXPECT_TRUE(before.expired());
+    host->advance(1s);
+    EXPECT_EQ(screen()->lblDropDown->text(), "Adult (18+)");
+    EXPECT_EQ(titlesOf(*screen()), "|Adult (18+) titled|");
+    expectLook(*screen(), {.isOpen = false, .hasShadow = true}, "a fresh screen");
+    EXPECT_EQ(support::takeStandardOutput(), "didReceive\n");
+}
+
+// The height of the device's screen is read once per process, so each of these must run in one of its own, as it does
+// under ctest.
+
+TEST_F(CategoryScreen, KeepsItsButtonTwentyPointsFromTheBottomAt667Points) {
+    openAndSettle("375x667@2");
+    EXPECT_EQ(screen()->cnBottomOfLetsPlay->constant(), 20);
+}
+
+TEST_F(CategoryScreen, KeepsItsButtonTwentyPointsFromTheBottomAt736Points) {
+    openAndSettle("8plus");
+    EXPECT_EQ(screen()->cnBottomOfLetsPlay->constant(), 20);
+}
+
+TEST_F(CategoryScreen, LeavesItsButtonWhereTheLayoutHasItAt812Points) {
+    openAndSettle("375x812@3");
+    EXPECT_NE(screen()->cnBottomOfLetsPlay->constant(), 20);
+}
+
+TEST_F(CategoryScreen, HidesTheBarOfItsNavigationControllerAndGoesBack) {
+    open();
+    const auto screen = screenByItself();
+    const auto root = std::make_shared<UIViewController>();
+    const auto navigation = std::make_shared<UINavigationController>();
+    navigation->pushViewControllerAnimated(root, false);
+    navigation->pushViewControllerAnimated(screen, false);
+    EXPECT_FALSE(navigation->isNavigationBarHidden());
+    host->window().setRootViewController(navigation);
+    EXPECT_TRUE(navigation->isNavigationBarHidden());
+    screen->btnOptionsClickedWithSender(nullptr);
+    screen->btnLetsPlayWithSender(nullptr);
+    EXPECT_EQ(navigation->topViewController(), screen);
+    screen->btnBackWithSender(nullptr);
+    EXPECT_EQ(navigation->topViewController(), root);
+    screen->btnBackWithSender(nullptr); // in no navigation controller any more: nothing
+    EXPECT_EQ(navigation->topViewController(), root);
+}
+
+TEST_F(CategoryScreen, HasOutletsForScenesThatConnectMore) {
+    open();
+    const auto screen = screenByItself();
+    const ObjectClass* names = ClassRegistry::shared().classOf(*screen);
+    const auto label = std::make_shared<UILabel>();
+    for (const char* name : {"lblFriends", "lblFamily", "lblCouple", "lblRandom"}) {
+        ASSERT_NE(names->outlet(name), nullptr) << name;
+        EXPECT_EQ((*names->outlet(name))(*screen, label), Acceptance::accepted);
+    }
+    EXPECT_EQ(screen->lblRandom.get(), label);
+    for (const char* name : {"viewOptions1", "viewOptions2", "viewOptions3", "viewOptions4", "imgSelect1", "imgSelect2",
+                             "imgSelect3", "imgSelect4"}) {
+        ASSERT_NE(names->outlet(name), nullptr) << name;
+        EXPECT_EQ((*names->outlet(name))(*screen, label), Acceptance::wrongType) << name;
+    }
+}
+
+TEST_F(CategoryScreen, StopsWithTheNameOfAnOutletThatTheSceneLacks) {
+    open();
+    EXPECT_DEATH((void)std::make_shared<CategoriesVC>()->view(), "lblDropDown");
+}
+
+TEST_F(GameTypeMode, OffersTheGameTypesInPlaceOfTheGroups) {
+    open();
+    const auto screen = screenByItself();
+    screen->setSelectedMoreGameType(MoreGameTypes::Dating);
+    host->window().setRootViewController(screen);
+    EXPECT_EQ(screen->arrMainCategories().size(), 7U);
+    EXPECT_EQ(marksOf(*screen), "Dating;");
+    EXPECT_EQ(screen->lblDropDown->text(), "Dating");
+    EXPECT_EQ(screen->heightOfTblView->constant(), 500);
+    host->settle();
+    EXPECT_EQ(screen->currentOption(), CurrentOption::Dating);
+    EXPECT_EQ(titlesOf(*screen), "|Dating titled|");
+}
+
+TEST_F(GameTypeMode, TakesAChoiceForTheGameTypeOfTheRow) {
+    open();
+    const auto screen = screenByItself();
+    screen->setSelectedMoreGameType(MoreGameTypes::SpinTheBottle);
+    host->window().setRootViewController(screen);
+    host->settle();
+    for (int row = 6; row >= 0; --row) {
+        screen->btnDropdownWithSender(nullptr);
+        screen->tableViewDidSelectRowAtIndexPath(*screen->tblDropDown, {0, row});
+        const std::string& title = rawValue(screen->currentOption());
+        EXPECT_EQ(static_cast<int>(screen->currentOption()), static_cast<int>(CurrentOption::SpinTheBottle) + row);
+        EXPECT_EQ(marksOf(*screen), title + ";");
+        EXPECT_EQ(screen->lblDropDown->text(), title);
+        EXPECT_TRUE(screen->viewDropDown->isHidden());
+        EXPECT_FALSE(screen->sections().empty()) << title;
+    }
+    screen->btnDropdownWithSender(nullptr);
+    screen->tableViewDidSelectRowAtIndexPath(*screen->tblDropDown, {0, 7});
+    EXPECT_EQ(screen->currentOption(), CurrentOption::SpinTheBottle) << "a row that is not there changes nothing";
+    EXPECT_EQ(marksOf(*screen), "");
+    EXPECT_TRUE(screen->viewDropDown->isHidden());
+}

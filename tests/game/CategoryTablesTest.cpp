@@ -1,0 +1,243 @@
+#include "platform/uikit/UINib.h"
+#include "tests/game/GameFixture.h"
+#include "ui/HexColor.h"
+#include "ui/ModeHeaderView.h"
+#include "ui/ModeTblCell.h"
+#include "ui/VibeDropdownTblCell.h"
+
+#include <limits>
+#include <typeinfo>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr CGFloat collapsed = std::numeric_limits<CGFloat>::min();
+
+/// A nib of these objects; one may have the id a00-00-000.
+std::string nibOf(const std::string& objects) {
+    return R"(<?xml version="1.0" encoding="UTF-8"?>
+<document type="com.apple.InterfaceBuilder3.CocoaTouch.XIB" version="3.0">
+    <objects>
+        <placeholder placeholderIdentifier="IBFilesOwner" id="-1" userLabel="File's Owner"/>
+        )" +
+           objects + R"(
+    </objects>
+</document>)";
+}
+
+const std::string plainView = R"(<view id="a00-00-000"><rect key="frame" x="0" y="0" width="9" height="9"/></view>)";
+
+using CategoryTables = GameTest;
+using SectionHeaders = GameTest;
+using GroupChoice = GameTest;
+using ModeLaunch = GameTest;
+
+std::string queryOf(const std::string& group, const std::string& section, const std::string& item) {
+    return "https://truths-and-dares.example/Category?mainCategory=" + group + "&sectionCategory=" + section +
+           "&sectionItem=" + item;
+}
+
+} // namespace
+
+TEST_F(CategoryTables, ReportTheirSizes) {
+    openAndSettle();
+    CategoriesVC& shown = *screen();
+    UITableView& modes = *shown.tableView;
+    UITableView& groups = *shown.tblDropDown;
+    EXPECT_EQ(shown.numberOfSectionsInTableView(modes), 2);
+    EXPECT_EQ(shown.tableViewNumberOfRowsInSection(modes, 0), 2);
+    EXPECT_EQ(shown.tableViewNumberOfRowsInSection(modes, 1), 1);
+    EXPECT_EQ(shown.tableViewHeightForRowAtIndexPath(modes, {0, 0}), UITableViewAutomaticDimension);
+    EXPECT_EQ(shown.tableViewHeightForHeaderInSection(modes, 0), 30);
+    EXPECT_EQ(shown.tableViewHeightForHeaderInSection(modes, 1), collapsed) << "without a title";
+    EXPECT_EQ(shown.tableViewHeightForFooterInSection(modes, 1), 20);
+    EXPECT_EQ(shown.numberOfSectionsInTableView(groups), 1);
+    EXPECT_EQ(shown.tableViewNumberOfRowsInSection(groups, 0), 4);
+    EXPECT_EQ(shown.tableViewHeightForRowAtIndexPath(groups, {0, 0}), 69);
+    EXPECT_EQ(shown.tableViewHeightForHeaderInSection(groups, 0), collapsed);
+    EXPECT_EQ(shown.tableViewHeightForFooterInSection(groups, 0), 0);
+    EXPECT_EQ(shown.tableViewViewForHeaderInSection(groups, 0), nullptr);
+}
+
+TEST_F(CategoryTables, TellATableByIdentity) {
+    openAndSettle();
+    CategoriesVC& shown = *screen();
+    const auto other = std::make_shared<UITableView>();
+    EXPECT_EQ(shown.numberOfSectionsInTableView(*other), 1) << "questions take it for the dropdown";
+    EXPECT_EQ(shown.tableViewNumberOfRowsInSection(*other, 0), 4);
+    EXPECT_EQ(shown.tableViewHeightForRowAtIndexPath(*other, {0, 0}), 69);
+    shown.tableViewDidSelectRowAtIndexPath(*other, {1, 0});
+    EXPECT_EQ(host->links().size(), 1U) << "a choice takes it for the modes";
+
+    const auto modes = shown.tableView.get();
+    shown.tableView = nullptr;
+    EXPECT_EQ(shown.numberOfSectionsInTableView(*modes), 1);
+    EXPECT_EQ(shown.tableViewHeightForFooterInSection(*modes, 0), 0);
+    EXPECT_EQ(shown.tableViewViewForHeaderInSection(*modes, 0), nullptr);
+    const auto groups = shown.tblDropDown.get();
+    shown.tblDropDown = nullptr;
+    shown.tableViewDidSelectRowAtIndexPath(*groups, {0, 1});
+    EXPECT_EQ(host->links().size(), 2U);
+    EXPECT_EQ(shown.currentOption(), CurrentOption::Adult_18_Plus);
+    shown.tableView = modes;
+    shown.tblDropDown = groups;
+}
+
+TEST_F(CategoryTables, ShowModesWithTheirHighlight) {
+    openAndSettle();
+    UITableView& modes = *screen()->tableView;
+    const auto first = std::dynamic_pointer_cast<ModeTblCell>(modes.cellForRowAtIndexPath({0, 0}));
+    const auto third = std::dynamic_pointer_cast<ModeTblCell>(modes.cellForRowAtIndexPath({1, 0}));
+    ASSERT_TRUE(first && third);
+    EXPECT_EQ(first->lblTitle->text(), "One & two");
+    EXPECT_TRUE(*first->viewBackground->backgroundColor() == *colorFromHex("4DA289"));
+    EXPECT_EQ(first->iconImageView->image(), UIImage::imageNamed("icon_rose"));
+    EXPECT_EQ(third->lblTitle->text(), "Third");
+    EXPECT_TRUE(*third->viewBackground->backgroundColor() == *UIColor::whiteColor());
+    EXPECT_EQ(third->iconImageView->image(), nullptr);
+}
+
+TEST_F(CategoryTables, ShowAPlainEmptyRowWhereTheNibHoldsAnotherCell) {
+    replace("ModeTblCell.xib", nibOf(R"(<tableViewCell reuseIdentifier="ModeTblCell" id="a00-00-000">
+        <rect key="frame" x="0" y="0" width="300" height="50"/>
+        <tableViewCellContentView key="contentView" tableViewCell="a00-00-000" id="a00-00-001">
+            <rect key="frame" x="0" y="0" width="300" height="50"/>
+            <subviews><view id="a00-00-002"><rect key="frame" x="0" y="0" width="9" height="9"/></view></subviews>
+        </tableViewCellContentView></tableViewCell>)"));
+    openAndSettle();
+    const auto cell = screen()->tableViewCellForRowAtIndexPath(*screen()->tableView, {0, 0});
+    const UITableViewCell& plain = *cell;
+    EXPECT_EQ(typeid(plain), typeid(UITableViewCell));
+    EXPECT_TRUE(cell->contentView()->subviews().empty());
+}
+
+TEST_F(SectionHeaders, AreNewViewsWithTheirTitlesOrNone) {
+    openAndSettle();
+    CategoriesVC& shown = *screen();
+    const auto one =
+        std::dynamic_pointer_cast<ModeHeaderView>(shown.tableViewViewForHeaderInSection(*shown.tableView, 0));
+    const auto two =
+        std::dynamic_pointer_cast<ModeHeaderView>(shown.tableViewViewForHeaderInSection(*shown.tableView, 0));
+    ASSERT_TRUE(one && two);
+    EXPECT_NE(one, two);
+    EXPECT_EQ(one->lblHeaderTitle->text(), "Adult (18+) titled");
+    EXPECT_EQ(shown.tableViewViewForHeaderInSection(*shown.tableView, 1), nullptr);
+}
+
+TEST_F(SectionHeaders, StopTheProgramWhereTheNibDoesNotYieldThem) {
+    for (const std::string& nib : {nibOf(plainView), nibOf(""), std::string("no document")}) {
+        replace("ModeHeaderView.xib", nib);
+        open();
+        host->activate(nullptr);
+        EXPECT_DEATH(host->settle(),
+                     "Fatal error: Could not load view with type ModeHeaderView: file ExtensionBundle, line 18\n$");
+    }
+    (void)support::takeStandardOutput();
+}
+
+TEST_F(SectionHeaders, NeedNoNibWhileNoSectionHasATitle) {
+    replace("ModeHeaderView.xib", "no document");
+    replace("Adult (18+).json", R"([{"sectionTitle": "", "items":
+        [{"icon": "", "title": "T", "subtitle": "", "isSelected": false}]}])");
+    openAndSettle();
+    EXPECT_EQ(screen()->tableView->visibleCells().size(), 1U);
+}
+
+TEST_F(GroupChoice, ShowsTheGroupAndMarksOnlyItsRow) {
+    openAndSettle();
+    CategoriesVC& shown = *screen();
+    std::filesystem::remove_all(folder.path()); // no file is read again
+    const CurrentOption options[] = {CurrentOption::Adult_18_Plus, CurrentOption::Friends, CurrentOption::Couple,
+                                     CurrentOption::Family};
+    for (const int row : {3, 1, 1, 2, 0}) {
+        choose(row);
+        const std::string& title = rawValue(options[row]);
+        SCOPED_TRACE(title);
+        EXPECT_EQ(shown.currentOption(), options[row]);
+        EXPECT_EQ(shown.lblDropDown->text(), title);
+        EXPECT_EQ(marksOf(shown), title + ";");
+        EXPECT_EQ(titlesOf(shown), "|" + title + " titled|");
+        const auto cell = std::dynamic_pointer_cast<ModeTblCell>(shown.tableView->cellForRowAtIndexPath({0, 1}));
+        EXPECT_EQ(cell->lblDesc->text(), "of " + title);
+    }
+}
+
+TEST_F(GroupChoice, StylesTheRowsByTheirMark) {
+    openAndSettle();
+    choose(2);
+    tapBox();
+    for (int row = 0; row < 4; ++row) {
+        SCOPED_TRACE(row);
+        const bool marked = row == 2;
+        const auto cell =
+            std::dynamic_pointer_cast<VibeDropdownTblCell>(screen()->tblDropDown->cellForRowAtIndexPath({0, row}));
+        ASSERT_NE(cell, nullptr);
+        EXPECT_EQ(cell->lblTitle->text(), screen()->arrMainCategories()[static_cast<std::size_t>(row)]->title);
+        EXPECT_EQ(cell->imgSelected->image(), UIImage::imageNamed(marked ? "tick_selected" : "tick_not_selected"));
+        EXPECT_NE(cell->imgSelected->image(), nullptr);
+        const UIColor& background = *cell->viewMain->backgroundColor();
+        EXPECT_TRUE(background == (marked ? *UIColor::colorNamed("AppGreen") : *colorFromHex("F2F2F6")));
+        const CALayer& layer = *cell->viewMain->layer();
+        EXPECT_TRUE(*layer.borderColor() == (marked ? *UIColor::whiteColor() : *colorFromHex("DDDDDD")));
+        EXPECT_EQ(layer.borderWidth(), 1);
+        EXPECT_EQ(layer.shadowOpacity(), marked ? 0.3f : 0);
+        EXPECT_TRUE(*cell->lblTitle->textColor() ==
+                    (marked ? *UIColor::whiteColor() : *UIColor::colorNamed("TextColor")));
+    }
+}
+
+TEST_F(GroupChoice, ShowsAnEmptyTableForAGroupWithoutAFile) {
+    remove("Friends.json");
+    open();
+    host->activate(nullptr);
+    host->advance(1s);
+    EXPECT_EQ(support::takeStandardOutput(),
+              "willBecomeActive\n❌ JSON file not found: Friends\nwillTransition\ndidTransition\n");
+    choose(1);
+    EXPECT_EQ(screen()->tableView->numberOfSections(), 0);
+    EXPECT_EQ(screen()->lblDropDown->text(), "Friends");
+    choose(2);
+    EXPECT_EQ(titlesOf(*screen()), "|Couple titled|");
+}
+
+TEST_F(GroupChoice, OfARowBeyondTheListGivesFamilyAndMarksNothing) {
+    openAndSettle();
+    CategoriesVC& shown = *screen();
+    tapBox();
+    shown.tableViewDidSelectRowAtIndexPath(*shown.tblDropDown, {0, 4});
+    host->settle();
+    EXPECT_EQ(shown.currentOption(), CurrentOption::Family);
+    EXPECT_EQ(marksOf(shown), "");
+    EXPECT_EQ(shown.lblDropDown->text(), "Adult (18+)");
+    EXPECT_EQ(titlesOf(shown), "|Family titled|");
+    EXPECT_TRUE(shown.viewDropDown->isHidden());
+}
+
+TEST_F(ModeLaunch, OpensTheLinkOfTheTappedRowAtEveryTap) {
+    openAndSettle();
+    UITableView& modes = *screen()->tableView;
+    tapRow(modes, {0, 0});
+    tapRow(modes, {0, 0});
+    choose(2);
+    EXPECT_EQ(host->links().size(), 2U) << "a choice in the dropdown opens nothing";
+    tapRow(modes, {1, 0});
+    ASSERT_EQ(host->links().size(), 3U);
+    const std::string first = queryOf("Adult%20(18+)", "Adult%20(18+)%20titled", "One%20%26%20two") + "&icon=icon_rose";
+    EXPECT_EQ(host->links()[0].url.absoluteString(), first);
+    EXPECT_EQ(host->links()[1].url.absoluteString(), first);
+    EXPECT_EQ(host->links()[2].url.absoluteString(), queryOf("Couple", "", "Third") + "&icon=none");
+    EXPECT_EQ(modes.indexPathForSelectedRow(), (NSIndexPath{1, 0})) << "the row is left selected";
+    EXPECT_EQ(titlesOf(*screen()), "|Couple titled|");
+    EXPECT_FALSE(screen()->sections()[1].items[0].isSelected);
+}
+
+TEST_F(ModeLaunch, DoesNothingWithoutAnExtensionContext) {
+    open();
+    const auto screen = screenByItself();
+    host->window().setRootViewController(screen);
+    host->settle();
+    ASSERT_EQ(screen->sections().size(), 2U);
+    screen->tableViewDidSelectRowAtIndexPath(*screen->tableView, {0, 0});
+    EXPECT_TRUE(host->links().empty());
+}

@@ -12,6 +12,8 @@
 #include "ui/NamedColors.h"
 #include "ui/VibeDropdownTblCell.h"
 
+#include "platform/foundation/FatalError.h"
+
 #include <cstddef>
 #include <limits>
 
@@ -64,9 +66,12 @@ std::shared_ptr<UITableViewCell> CategoriesVC::modeCell(UITableView& table, NSIn
 }
 
 std::shared_ptr<UITableViewCell> CategoriesVC::dropdownCell(UITableView& table, NSIndexPath indexPath) {
-    const std::shared_ptr<UITableViewCell> cell =
-        table.dequeueReusableCellWithIdentifierForIndexPath("VibeDropdownTblCell", indexPath);
-    styleDropdownCell(dynamic_cast<VibeDropdownTblCell&>(*cell), *m_arrMainCategories[index(indexPath.row)]);
+    const auto cell = std::dynamic_pointer_cast<VibeDropdownTblCell>(
+        table.dequeueReusableCellWithIdentifierForIndexPath("VibeDropdownTblCell", indexPath));
+    if (!cell) {
+        fatalError("the nib VibeDropdownTblCell does not hold a VibeDropdownTblCell");
+    }
+    styleDropdownCell(*cell, *m_arrMainCategories[index(indexPath.row)]);
     return cell;
 }
 

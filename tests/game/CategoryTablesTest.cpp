@@ -28,6 +28,16 @@ std::string nibOf(const std::string& objects) {
 
 const std::string plainView = R"(<view id="a00-00-000"><rect key="frame" x="0" y="0" width="9" height="9"/></view>)";
 
+/// A nib of a plain cell with a view in it.
+std::string cellNibOf(const std::string& identifier) {
+    return nibOf(R"(<tableViewCell reuseIdentifier=")" + identifier + R"(" id="a00-00-000">
+        <rect key="frame" x="0" y="0" width="300" height="50"/>
+        <tableViewCellContentView key="contentView" tableViewCell="a00-00-000" id="a00-00-001">
+            <rect key="frame" x="0" y="0" width="300" height="50"/>
+            <subviews><view id="a00-00-002"><rect key="frame" x="0" y="0" width="9" height="9"/></view></subviews>
+        </tableViewCellContentView></tableViewCell>)");
+}
+
 using CategoryTables = GameTest;
 using SectionHeaders = GameTest;
 using GroupChoice = GameTest;
@@ -99,17 +109,20 @@ TEST_F(CategoryTables, ShowModesWithTheirHighlight) {
 }
 
 TEST_F(CategoryTables, ShowAPlainEmptyRowWhereTheNibHoldsAnotherCell) {
-    replace("ModeTblCell.xib", nibOf(R"(<tableViewCell reuseIdentifier="ModeTblCell" id="a00-00-000">
-        <rect key="frame" x="0" y="0" width="300" height="50"/>
-        <tableViewCellContentView key="contentView" tableViewCell="a00-00-000" id="a00-00-001">
-            <rect key="frame" x="0" y="0" width="300" height="50"/>
-            <subviews><view id="a00-00-002"><rect key="frame" x="0" y="0" width="9" height="9"/></view></subviews>
-        </tableViewCellContentView></tableViewCell>)"));
+    replace("ModeTblCell.xib", cellNibOf("ModeTblCell"));
     openAndSettle();
     const auto cell = screen()->tableViewCellForRowAtIndexPath(*screen()->tableView, {0, 0});
     const UITableViewCell& plain = *cell;
     EXPECT_EQ(typeid(plain), typeid(UITableViewCell));
     EXPECT_TRUE(cell->contentView()->subviews().empty());
+}
+
+TEST_F(CategoryTables, StopTheProgramWhereTheDropdownsNibHoldsAnotherCell) {
+    replace("VibeDropdownTblCell.xib", cellNibOf("VibeDropdownTblCell"));
+    open();
+    EXPECT_DEATH(host->activate(nullptr),
+                 "Fatal error: the nib VibeDropdownTblCell does not hold a VibeDropdownTblCell\n$");
+    (void)support::takeStandardOutput();
 }
 
 TEST_F(SectionHeaders, AreNewViewsWithTheirTitlesOrNone) {

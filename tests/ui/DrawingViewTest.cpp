@@ -1,10 +1,13 @@
 #include "ui/DrawingView.h"
 #include "platform/graphics/DrawingContext.h"
 #include "platform/graphics/RecordingCanvas.h"
+#include "platform/interface/InterfaceReaders.h"
 #include "platform/runtime/ClassBuilder.h"
 #include "platform/uikit/UIEvent.h"
 #include "platform/uikit/UIKitClasses.h"
+#include "platform/uikit/UINib.h"
 #include "platform/uikit/UIWindow.h"
+#include "tests/foundation/TemporaryFolder.h"
 #include "tests/ui/Catalog.h"
 #include "ui/UiClasses.h"
 
@@ -205,4 +208,29 @@ TEST_F(DrawingViewTest, ShowsThePencilBesideTheFingerWhileItIsDown) {
     up({0, 0});
     EXPECT_FALSE(icon->isHidden()) << "left where it was";
     EXPECT_EQ(icon->center(), (CGPoint{190, 110}));
+}
+
+TEST_F(DrawingViewTest, IsBlackWhateverBackgroundAnInterfaceFileGives) {
+    const TemporaryFolder folder;
+    folder.write("Canvas.xib", R"(<?xml version="1.0" encoding="UTF-8"?>
+<document type="com.apple.InterfaceBuilder3.CocoaTouch.XIB" version="3.0"><objects>
+    <view id="a00-00-000" customClass="DrawingView">
+        <rect key="frame" x="0" y="0" width="50" height="60"/>
+        <color key="backgroundColor" red="1" green="1" blue="1" alpha="1" colorSpace="custom" customColorSpace="sRGB"/>
+        <userDefinedRuntimeAttributes>
+            <userDefinedRuntimeAttribute type="number" keyPath="strokeWidth"><real key="value" value="7"/>
+            </userDefinedRuntimeAttribute>
+            <userDefinedRuntimeAttribute type="boolean" keyPath="showPencil" value="YES"/>
+        </userDefinedRuntimeAttributes>
+    </view></objects></document>)");
+    NSBundle::setMainBundle(folder.path());
+    installInterfaceReaders();
+    const auto objects = loadNibNamedOwner(NSBundle::mainBundle(), "Canvas", nullptr);
+    ASSERT_TRUE(objects && objects->size() == 1);
+    const auto made = std::dynamic_pointer_cast<DrawingView>(objects->front());
+    ASSERT_NE(made, nullptr);
+    EXPECT_TRUE(*made->backgroundColor() == *UIColor::blackColor());
+    EXPECT_EQ(made->frame(), CGRectMake(0, 0, 50, 60));
+    EXPECT_EQ(made->strokeWidth(), 7);
+    EXPECT_TRUE(made->showPencil());
 }

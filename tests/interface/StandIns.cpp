@@ -9,6 +9,14 @@ void setRadius(UIView& view, CGFloat radius) {
     view.layer()->setCornerRadius(radius);
 }
 
+void setBorderColor(UIView& view, const std::shared_ptr<UIColor>& color) {
+    view.layer()->setBorderColor(color);
+}
+
+void setBorderWidth(UIView& view, CGFloat width) {
+    view.layer()->setBorderWidth(width);
+}
+
 } // namespace
 
 void StandInModeCell::awakeFromNib() {
@@ -18,7 +26,10 @@ void StandInModeCell::awakeFromNib() {
 
 void registerStandIns() {
     registerUIKitClasses();
-    ClassBuilder<UIView>("UIView", "UIResponder").property("cornerRadius", &setRadius);
+    ClassBuilder<UIView>("UIView", "UIResponder")
+        .property("cornerRadius", &setRadius)
+        .property("borderColorApp", &setBorderColor)
+        .property("borderWidth", &setBorderWidth);
     ClassBuilder<StandInView>("AppView", "UIView").madeByCoder();
     ClassBuilder<StandInButton>("GenericButton", "UIButton").madeByCoder();
     ClassBuilder<StandInModeCell>("ModeTblCell", "UITableViewCell")

@@ -84,17 +84,18 @@ private:
 
     std::optional<JSONValue> require(JSONValue object, std::string_view key, JSONKind kind, const char* expected) {
         const std::optional<JSONValue> value = object.find(key);
-        const std::string name = "\"" + std::string(key) + "\"";
         if (!value) {
-            fail(name + " is missing", firstValueIn(object));
+            fail(quoted(key) + " is missing", firstValueIn(object));
             return std::nullopt;
         }
         if (!value->is(kind)) {
-            fail(name + " must be " + expected + ", but is " + describe(*value), *value);
+            fail(quoted(key) + " must be " + expected + ", but is " + describe(*value), *value);
             return std::nullopt;
         }
         return value;
     }
+
+    static std::string quoted(std::string_view key) { return std::string(1, '"').append(key) + '"'; }
 
     /// A place inside the object rather than one before it; the object itself when it is empty.
     static JSONValue firstValueIn(JSONValue object) {

@@ -97,7 +97,8 @@ void CategoriesVC::applyContentMap(ContentMap contentMap) {
 
 void CategoriesVC::showSections(const std::string& key) {
     const auto found = m_arrAllCategories.find(key);
-    m_sections = found != m_arrAllCategories.end() ? found->second : std::vector<ModeSection>{};
+    m_sections = found != m_arrAllCategories.end() ? std::span<const ModeSection>(found->second)
+                                                   : std::span<const ModeSection>();
     dispatch_async(dispatch_get_main_queue(), [self = strong(this)] { self->tableView->reloadData(); });
 }
 

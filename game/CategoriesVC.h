@@ -13,6 +13,7 @@
 #include "platform/uikit/UIViewController.h"
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -36,7 +37,7 @@ public:
     void btnLetsPlayWithSender(NSObject* sender);       // btnLetsPlayWithSender:
 
     // What the screen shows.
-    [[nodiscard]] const std::vector<ModeSection>& sections() const { return m_sections; }
+    [[nodiscard]] std::span<const ModeSection> sections() const { return m_sections; }
     [[nodiscard]] CurrentOption currentOption() const { return m_currentOption; }
     [[nodiscard]] const std::vector<std::shared_ptr<MainCategoryModel>>& arrMainCategories() const {
         return m_arrMainCategories;
@@ -102,7 +103,7 @@ private:
     [[nodiscard]] bool offersGameTypes() const { return m_selectedMoreGameType != MoreGameTypes::None; }
     [[nodiscard]] std::shared_ptr<MainCategoryModel> dropdownEntry(int row) const;
 
-    std::vector<ModeSection> m_sections;
+    std::span<const ModeSection> m_sections; // of an entry of m_arrAllCategories
     CurrentOption m_currentOption = CurrentOption::Adult_18_Plus;
     std::vector<std::shared_ptr<MainCategoryModel>> m_arrMainCategories;
     ContentMap m_arrAllCategories;

@@ -1,5 +1,7 @@
 // Runs the limit and the extension by turns and sets their figures side by side:
+//
 // bench-compare RUNS RESULT.json LIMIT EXTENSION SMALL-BUNDLE LARGE-BUNDLE
+//
 // Prints a table; the file gets the same figures and every single run. Exit status 1 when a program fails, not when a
 // goal is missed.
 
@@ -53,8 +55,8 @@ struct Program {
     std::string path;
 };
 
-/// What one process printed, or nothing when it failed.
-std::optional<std::string> outputOf(const Program& program, const std::string& bundle) {
+/// The last line that one process printed, or nothing when it failed.
+std::optional<std::string> outputOf(const Program& program, std::vector<std::string> arguments) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
         return std::nullopt;
@@ -62,13 +64,16 @@ std::optional<std::string> outputOf(const Program& program, const std::string& b
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-    std::string path = program.path;
-    std::string argument = bundle;
-    const std::array<char*, 3> arguments{path.data(), argument.data(), nullptr};
+    arguments.insert(arguments.begin(), program.path);
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments) {
+        pointers.push_back(argument.data());
+    }
+    pointers.push_back(nullptr);
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     setenv("TD_BENCH_START", std::to_string(std::chrono::nanoseconds(now).count()).c_str(), 1);
     pid_t process = 0;
-    const int failed = posix_spawn(&process, path.c_str(), &actions, nullptr, arguments.data(), environ);
+    const int failed = posix_spawn(&process, pointers[0], &actions, nullptr, pointers.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     close(ends[1]);
     std::string output;
@@ -81,18 +86,21 @@ std::optional<std::string> outputOf(const Program& program, const std::string& b
     if (failed != 0 || waitpid(process, &status, 0) != process || status != 0) {
         return std::nullopt;
     }
-    return output;
+    while (!output.empty() && output.back() == '\n') {
+        output.pop_back();
+    }
+    return output.substr(output.rfind('\n') + 1); // debug lines of the extension come before
 }
 
 /// All runs of one program with one content, figure by figure.
 using Runs = std::map<std::string, std::vector<double>>;
 
-bool addRun(const Program& program, const std::string& bundle, Runs& runs) {
-    const std::optional<std::string> output = outputOf(program, bundle);
+bool addRun(const Program& program, const std::vector<std::string>& arguments, Runs& runs) {
+    const std::optional<std::string> output = outputOf(program, arguments);
     json::error_code error;
     const json::value figures = output ? json::parse(*output, error) : json::value();
     if (!figures.is_object()) {
-        std::fprintf(stderr, "bench-compare: %s failed with %s\n", program.path.c_str(), bundle.c_str());
+        std::fprintf(stderr, "bench-compare: %s failed with %s\n", program.path.c_str(), arguments[0].c_str());
         return false;
     }
     for (const auto& figure : figures.get_object()) {
@@ -135,7 +143,8 @@ bool measure(int rounds, std::vector<Program> programs, const std::map<std::stri
     for (int round = 0; round < rounds; ++round) {
         for (const auto& [content, bundle] : bundles) {
             for (const Program& program : programs) {
-                if (!addRun(program, bundle, measured[content][program.name])) {
+                Runs& runs = measured[content][program.name];
+                if (!addRun(program, {bundle}, runs) || !addRun(program, {bundle, "--load"}, runs)) {
                     return false;
                 }
             }

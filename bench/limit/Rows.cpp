@@ -23,7 +23,7 @@ void Rows::layOutNext() {
         Row row{m_bottom, 0, &item, layOut(item.title, Weight::semibold, points(16), textWidth),
                 layOut(item.subtitle, Weight::regular, points(13), textWidth)};
         const int texts = row.title.height + textGap + row.subtitle.height;
-        row.height = std::max(points(68), texts + 2 * points(12)) + 2 * cardMarginY;
+        row.height = std::max(points(68), texts + 2 * cardPadding) + 2 * cardMarginY;
         add(std::move(row));
     } else {
         m_bottom += footerHeight;

@@ -31,11 +31,12 @@ constexpr int iconSize = points(44);
 constexpr int arrowSize = points(24);
 constexpr int textLeft = points(12) + iconSize + points(12);
 constexpr int textWidth = cardWidth - textLeft - points(8) - arrowSize - points(12);
+constexpr int cardPadding = points(10);
 constexpr int textGap = points(3);
 
 constexpr int buttonWidth = points(200);
 constexpr int buttonHeight = points(50);
 constexpr int buttonLeft = (screenWidth - buttonWidth + 1) / 2;
-constexpr int buttonTop = screenHeight - points(12) - buttonHeight;
+constexpr int buttonTop = screenHeight - points(8) - buttonHeight;
 
 } // namespace limit

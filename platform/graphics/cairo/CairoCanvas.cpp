@@ -46,6 +46,7 @@ public:
         switch (element.type) {
         case CGPathElementType::moveToPoint:
             cairo_move_to(m_context, a.x, a.y);
+            m_begun = true;
             m_current = m_start = a;
             break;
         case CGPathElementType::addLineToPoint:
@@ -53,7 +54,7 @@ public:
             advance(a, a);
             break;
         case CGPathElementType::addQuadCurveToPoint:
-            curve(between(m_current.value_or(a), a, 2.0 / 3), between(b, a, 2.0 / 3), b);
+            curve(between(m_begun ? m_current : a, a, 2.0 / 3), between(b, a, 2.0 / 3), b);
             advance(a, b);
             break;
         case CGPathElementType::addCurveToPoint:
@@ -76,14 +77,16 @@ private:
         cairo_curve_to(m_context, control1.x, control1.y, control2.x, control2.y, end.x, end.y);
     }
     void advance(CGPoint first, CGPoint end) {
-        m_start = m_start.has_value() ? m_start : first;
+        m_start = m_begun ? m_start : first;
         m_current = end;
+        m_begun = true;
     }
 
     cairo_t* m_context;
     CGAffineTransform m_transform;
-    std::optional<CGPoint> m_start;
-    std::optional<CGPoint> m_current;
+    bool m_begun = false; // until then there is neither a start nor a current point
+    CGPoint m_start;
+    CGPoint m_current;
 };
 
 void writePath(cairo_t* context, const CGPath& path, const CGAffineTransform& transform) {

@@ -101,12 +101,12 @@ void ConversationHost::receive(const std::shared_ptr<MSMessage>& message) {
 
 void ConversationHost::startSending() {
     note("sending", "the player starts sending a message");
-    m_controller->didStartSendingMessageConversation(makeMessage("me", std::nullopt), conversation());
+    m_controller->didStartSendingMessageConversation(draft(), conversation());
 }
 
 void ConversationHost::cancelSending() {
     note("sending", "the player cancels sending");
-    m_controller->didCancelSendingMessageConversation(makeMessage("me", std::nullopt), conversation());
+    m_controller->didCancelSendingMessageConversation(draft(), conversation());
 }
 
 void ConversationHost::resign() {
@@ -183,6 +183,10 @@ NSUUID ConversationHost::identifierOf(const std::string& person) {
 
 std::shared_ptr<MSMessage> ConversationHost::makeMessage(const std::string& from, const std::optional<NSURL>& url) {
     return std::make_shared<MSMessage>(identifierOf(from), url);
+}
+
+std::shared_ptr<MSMessage> ConversationHost::draft() const {
+    return std::make_shared<MSMessage>(m_people.front().second, std::nullopt);
 }
 
 std::shared_ptr<MSConversation> ConversationHost::conversation() {

@@ -69,6 +69,7 @@ private:
     void place();
     void linkOpened(const NSURL& url);
     [[nodiscard]] NSUUID identifierOf(const std::string& person);
+    [[nodiscard]] std::shared_ptr<MSMessage> draft() const;
     [[nodiscard]] std::shared_ptr<MSConversation> conversation();
 
     Device m_device;

@@ -1,0 +1,116 @@
+#include "platform/uikit/ViewPainter.h"
+
+#include "platform/graphics/RecordingCanvas.h"
+#include "platform/uikit/UIImageView.h"
+#include "platform/uikit/UILabel.h"
+#include "tests/uikit/ViewFixture.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+std::string painted(UIView& view, const CGRect& dirty = CGRectMake(0, 0, 320, 480),
+                    UIUserInterfaceStyle style = UIUserInterfaceStyle::light) {
+    RecordingCanvas canvas;
+    ViewPainter(canvas, style).paint(view, dirty);
+    return canvas.text();
+}
+
+/// The texts stand in this order.
+void expectOrder(const std::string& text, std::initializer_list<const char*> parts) {
+    std::size_t from = 0;
+    for (const char* part : parts) {
+        const std::size_t found = text.find(part, from);
+        ASSERT_NE(found, std::string::npos) << part << " after " << from << " in\n" << text;
+        from = found + 1;
+    }
+}
+
+class ViewPainterTest : public support::OnScreen {
+protected:
+    std::shared_ptr<UIView> addCard(const CGRect& frame) {
+        const auto card = add(frame);
+        card->setBackgroundColor(UIColor::whiteColor());
+        return card;
+    }
+};
+
+} // namespace
+
+TEST_F(ViewPainterTest, StacksShadowBackgroundContentSubviewsAndBorder) {
+    const auto card = addCard(CGRectMake(10, 20, 100, 50));
+    card->layer()->setCornerRadius(8);
+    card->layer()->setBorderWidth(2);
+    card->layer()->setBorderColor(UIColor::blueColor());
+    card->layer()->setShadowColor(UIColor::blackColor());
+    card->layer()->setShadowOpacity(0.5f);
+    card->layer()->setShadowOffset({0, 3});
+    add(std::make_shared<UILabel>(CGRectMake(5, 5, 90, 40)), card)->setText("hello");
+    expectOrder(painted(*card), {"shadow", "fill roundedRect(0 0 100 50 r8) rgba(1 1 1 1)", "text", "hello", "stroke"});
+}
+
+TEST_F(ViewPainterTest, AClippedViewHasNoShadowAndClipsItsSubviews) {
+    const auto card = addCard(CGRectMake(0, 0, 100, 50));
+    card->layer()->setShadowColor(UIColor::blackColor());
+    card->layer()->setShadowOpacity(1);
+    card->setClipsToBounds(true);
+    add(CGRectMake(80, 0, 100, 50), card)->setBackgroundColor(UIColor::blueColor());
+    const std::string text = painted(*card);
+    EXPECT_THAT(text, Not(HasSubstr("shadow")));
+    expectOrder(text, {"clip rect(0 0 100 50)", "rgba(0 0 1 1)"});
+}
+
+TEST_F(ViewPainterTest, HiddenAndTransparentViewsAreLeftOutAndTranslucentOnesAreGroups) {
+    const auto hidden = addCard(CGRectMake(0, 0, 10, 10));
+    hidden->setHidden(true);
+    const auto clear = addCard(CGRectMake(0, 0, 10, 10));
+    clear->setAlpha(0);
+    EXPECT_THAT(painted(*window), Not(HasSubstr("fill")));
+    clear->setAlpha(0.25);
+    expectOrder(painted(*window), {"0.25", "fill rect(0 0 10 10)"});
+}
+
+TEST_F(ViewPainterTest, WhatAnOpaqueViewCoversIsNotPainted) {
+    window->setBackgroundColor(UIColor::grayColor());
+    addCard(CGRectMake(0, 0, 320, 480));
+    const std::string text = painted(*window, CGRectMake(10, 10, 50, 50));
+    EXPECT_THAT(text, AllOf(HasSubstr("rgba(1 1 1 1)"), Not(HasSubstr("rgba(0.5 0.5 0.5 1)"))));
+}
+
+TEST_F(ViewPainterTest, ColoursFollowTheAppearance) {
+    addCard(CGRectMake(0, 0, 10, 10))->setBackgroundColor(UIColor::dynamicColor({1, 0, 0, 1}, {0, 1, 0, 1}));
+    EXPECT_THAT(painted(*window), HasSubstr("rgba(1 0 0 1)"));
+    EXPECT_THAT(painted(*window, window->bounds(), UIUserInterfaceStyle::dark), HasSubstr("rgba(0 1 0 1)"));
+}
+
+TEST_F(ViewPainterTest, ALabelShowsOnlyTheLinesThatFitItsHeight) {
+    const auto label = add(std::make_shared<UILabel>(CGRectMake(0, 0, 100, 45)));
+    label->setNumberOfLines(0);
+    label->setText("one two three four five six seven eight nine ten eleven twelve thirteen");
+    EXPECT_GT(label->textLayout(100)->lineCount(), 2);
+    const auto fitting = label->textLayoutFitting({100, 45});
+    EXPECT_EQ(fitting->lineCount(), 2);
+    EXPECT_TRUE(fitting->isTruncated());
+}
+
+TEST_F(ViewPainterTest, OddFramesAreDrawnWithoutHarm) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (const CGRect& frame : {CGRectMake(0, 0, 0, 0), CGRectMake(5, 5, -10, 20), CGRectMake(nan, nan, nan, nan),
+                                CGRectMake(0, 0, infinity, infinity), CGRectMake(-1e308, 0, 1e308, 1e308)}) {
+        const auto odd = addCard(frame);
+        odd->layer()->setCornerRadius(9);
+        odd->setClipsToBounds(true);
+        add(std::make_shared<UILabel>(CGRectMake(0, 0, 10, 10)), odd)->setText("x");
+        add(std::make_shared<UIImageView>(frame), odd)->setImage(std::make_shared<UIImage>(
+            "missing", std::vector<UIImageRepresentation>{{.path = "/nowhere.png", .scale = 1}}));
+        static_cast<void>(painted(*window));
+        odd->removeFromSuperview();
+    }
+}

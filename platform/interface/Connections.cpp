@@ -25,7 +25,7 @@ constexpr WordTable<unsigned, 15> controlEvents{{
 }};
 
 std::string quoted(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
+    return std::string("\"").append(text).append("\"");
 }
 
 void connectOutlet(const InterfaceElement& outlet, NSObject& source, const InterfaceObjects& objects,

@@ -3,7 +3,8 @@
 std::string InterfaceFinding::describe() const {
     std::string place = path;
     if (line > 0) {
-        place += ":" + std::to_string(line) + ":" + std::to_string(column);
+        place.append(":").append(std::to_string(line)).append(":").append(std::to_string(column));
     }
-    return place + (severity == Severity::error ? ": error: " : ": warning: ") + message;
+    place.append(severity == Severity::error ? ": error: " : ": warning: ");
+    return place.append(message);
 }

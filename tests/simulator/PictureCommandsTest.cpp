@@ -1,0 +1,80 @@
+#include "platform/graphics/PNG.h"
+#include "simulator/conversation/ExtensionBundle.h"
+#include "simulator/flows/FlowPlayer.h"
+#include "simulator/flows/FlowReader.h"
+#include "tests/foundation/TemporaryFolder.h"
+#include "tests/support/Output.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// Flows that take pictures, on a small device.
+class PictureCommandsTest : public testing::Test {
+protected:
+    ~PictureCommandsTest() override { static_cast<void>(support::takeStandardOutput()); }
+
+    std::vector<Finding> play(const std::string& text, bool updateGoldens = false) {
+        openExtensionBundle(TD_BUNDLE, {});
+        FlowProblems problems((folder.path() / "test.yaml").string());
+        const std::optional<Flow> flow = readFlow(text, problems);
+        return flow ? FlowPlayer(*flow, deviceNamed("320x568@1").value(), {}, {folder.path() / "out", updateGoldens})
+                          .play()
+                          .failures
+                    : problems.findings();
+    }
+    [[nodiscard]] Bitmap pictureOf(const std::string& name) const {
+        PNGReading reading = readPNG((folder.path() / "out" / (name + ".png")).string());
+        return reading.bitmap ? *std::move(reading.bitmap) : Bitmap(0, 0);
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(PictureCommandsTest, WritesPicturesOfTheScreenAndOfTheExtensionAlone) {
+    EXPECT_THAT(play("- launchApp\n"
+                     "- takeScreenshot: deep/whole\n"
+                     "- takeScreenshot: {path: bare.png, bare: true}\n"
+                     "- setAppearance: dark\n"
+                     "- takeScreenshot: dark\n"),
+                IsEmpty());
+    EXPECT_EQ(pictureOf("deep/whole").height(), 568);
+    EXPECT_EQ(pictureOf("bare").height(), 300);
+    EXPECT_FALSE(pictureOf("dark") == pictureOf("deep/whole"));
+}
+
+TEST_F(PictureCommandsTest, ComparesWithTheGoldenBesideTheFlow) {
+    const std::string flow = "- launchApp\n- wait: 600\n- assertScreenshot: opened\n";
+    const std::vector<Finding> recorded = play(flow);
+    ASSERT_EQ(recorded.size(), 1u);
+    EXPECT_THAT(recorded[0].message, HasSubstr((folder.path() / "opened.png").string()));
+    EXPECT_THAT(play(flow), IsEmpty());
+    EXPECT_EQ(play("- launchApp\n- assertScreenshot: opened\n").size(), 1u) << "compact, not expanded";
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "out" / "opened.diff.png"));
+    EXPECT_THAT(play("- launchApp\n- assertScreenshot: opened\n", true), IsEmpty());
+    EXPECT_THAT(play("- launchApp\n- assertScreenshot: opened\n"), IsEmpty()) << "taken anew";
+}
+
+TEST_F(PictureCommandsTest, TakesAPictureBeforeTheFingerIsLifted) {
+    EXPECT_THAT(play("- launchApp\n"
+                     "- wait: 600\n"
+                     "- swipe: {points: [\"50%,80%\", \"50%,40%\"], takeScreenshot: scrolled}\n"
+                     "- takeScreenshot: after\n"),
+                IsEmpty());
+    EXPECT_EQ(pictureOf("scrolled"), pictureOf("after"));
+    EXPECT_GT(pictureOf("scrolled").height(), 0);
+}
+
+TEST_F(PictureCommandsTest, RefusesNamesOutsideTheFolderAndWordsItDoesNotKnow) {
+    EXPECT_EQ(play("- takeScreenshot: ../up\n").size(), 1u);
+    EXPECT_EQ(play("- takeScreenshot: /tmp/up\n").size(), 1u);
+    EXPECT_EQ(play("- takeScreenshot: {bare: true}\n").size(), 1u);
+    EXPECT_EQ(play("- assertScreenshot: {path: a, bare: maybe}\n").size(), 1u);
+    EXPECT_EQ(play("- setAppearance: blue\n").size(), 1u);
+}
+
+} // namespace

@@ -25,15 +25,6 @@ bool overlap(const CGRect& one, const CGRect& other) {
            other.minY() < one.maxY();
 }
 
-bool touchesCorner(const CGRoundedRect& shape, const CGRect& bounds) {
-    const CGFloat r = shape.radius;
-    const CGRect& rect = shape.rect;
-    return overlap(CGRectMake(rect.minX(), rect.minY(), r, r), bounds) ||
-           overlap(CGRectMake(rect.maxX() - r, rect.minY(), r, r), bounds) ||
-           overlap(CGRectMake(rect.minX(), rect.maxY() - r, r, r), bounds) ||
-           overlap(CGRectMake(rect.maxX() - r, rect.maxY() - r, r, r), bounds);
-}
-
 /// Puts a path into Cairo point by point; Cairo itself knows only cubic curves.
 class PathWriter {
 public:
@@ -211,6 +202,15 @@ void CairoCanvas::paint(const CGRect& bounds, const std::function<void()>& draw)
     }
     draw();
     cairo_restore(m_context.get());
+}
+
+bool CairoCanvas::touchesCorner(const CGRoundedRect& shape, const CGRect& bounds) {
+    const CGFloat r = shape.radius;
+    const CGRect& rect = shape.rect;
+    return overlap(CGRectMake(rect.minX(), rect.minY(), r, r), bounds) ||
+           overlap(CGRectMake(rect.maxX() - r, rect.minY(), r, r), bounds) ||
+           overlap(CGRectMake(rect.minX(), rect.maxY() - r, r, r), bounds) ||
+           overlap(CGRectMake(rect.maxX() - r, rect.maxY() - r, r, r), bounds);
 }
 
 CGRect CairoCanvas::clipBounds() const {

@@ -48,6 +48,8 @@ private:
     [[nodiscard]] std::optional<CGRect> deviceBounds(const CGRect& rect) const;
     void setColor(const RGBA& color);
     void addPath(const CGPath& path);
+    [[nodiscard]] std::optional<CGRect> withoutCorners(const CGPath& path) const;
+    [[nodiscard]] static bool touchesCorner(const CGRoundedRect& shape, const CGRect& bounds);
     /// Calls `draw` under those rounded clips whose corners its bounds (in pixels) touch.
     void paint(const CGRect& bounds, const std::function<void()>& draw);
     [[nodiscard]] CGRect clipBounds() const;

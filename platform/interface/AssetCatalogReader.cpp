@@ -30,11 +30,10 @@ std::shared_ptr<UIImage> AssetCatalogReader::imageNamed(std::string_view name) {
 }
 
 std::filesystem::path AssetCatalogReader::find(std::string_view name, const char* extension) {
-    // A name is one folder's, or a group's and a folder's; it never leads out of the catalogue.
-    if (name.empty() || name.front() == '/' || name.find("..") != std::string_view::npos ||
-        name.find('\0') != std::string_view::npos) {
+    if (name.empty() || name.find('\0') != std::string_view::npos) {
         return {};
     }
+    // Only a plain name becomes a path; one with a group is compared with what is there, and so never leads outside.
     const std::string file = std::string(name) + extension;
     std::error_code error;
     if (name.find('/') == std::string_view::npos && std::filesystem::is_directory(m_folder / file, error)) {

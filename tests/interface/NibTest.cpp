@@ -38,6 +38,7 @@ TEST_F(Nib, MakesACellWithItsContentConnected) {
 
 TEST_F(Nib, MakesConstraintsAndLeavesPlaceholdersOut) {
     const auto made = firstOf<StandInModeCell>(instantiateObjects(cell));
+    EXPECT_TRUE(made->lblTitle->constraints().empty()); // the placeholder
     ASSERT_EQ(made->contentView()->constraints().size(), 1u);
     const NSLayoutConstraint& constraint = *made->contentView()->constraints()[0];
     EXPECT_EQ(constraint.first().view.lock(), made->lblTitle.get());

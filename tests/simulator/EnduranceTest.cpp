@@ -28,9 +28,11 @@ TEST_F(EnduranceTest, AThousandActivationsLeaveOneScreenAndNoMemoryBehind) {
     for (int i = 0; i < 1000; ++i) {
         host->activate(nullptr);
         screens.push_back(screen());
-        host->advance(600ms);
-        static_cast<void>(support::takeStandardOutput());
-        if (i == 200) {
+        if (i % 10 == 9) { // the others are replaced before their content is read
+            host->advance(600ms);
+            static_cast<void>(support::takeStandardOutput());
+        }
+        if (i == 199) {
             settled = mallinfo2().uordblks;
         }
     }

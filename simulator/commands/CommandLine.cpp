@@ -61,7 +61,7 @@ CLI::App* addShot(CLI::App& app, RunOptions& options, ShotOptions& shot) {
     CLI::App* command = app.add_subcommand("shot", "Takes a picture of the screen");
     command->add_option("-o,--output", shot.file, "The PNG file; - for standard output")->type_name("FILE")->required();
     addShared(*command, options);
-    command->add_option("--group", shot.group, "The group to show")
+    command->add_option("--group", shot.group, "Adult (18+), Friends, Couple or Family")
         ->check(CLI::IsMember(playerGroupTitles()))
         ->option_text("NAME");
     command->add_flag("--dark", shot.dark, "In the dark appearance");

@@ -13,6 +13,13 @@
 
 namespace {
 
+constexpr const char* sheetName = "gallery.png";
+
+ExitStatus complain(const Failure& failure) {
+    std::cerr << "parlor: " << failure.message << '\n';
+    return exitUsage;
+}
+
 /// Takes the picture for the folder and, at one pixel a point, for the sheet.
 Outcome addPicture(FlowPlayer& player, GalleryFolder& folder, ContactSheet& sheet, const std::string& what,
                    const std::string& appearance) {
@@ -54,8 +61,8 @@ bool visit(const Stage& stage, GalleryFolder& folder, std::vector<ContactSheet>&
     ContactSheet dark;
     const ScreenScript script = tour(folder, light, dark);
     const FlowResult result = FlowPlayer(script.flow(), setStage(stage, script.flow()), {}).play();
-    for (const Finding& failure : result.failures) {
-        std::cerr << "parlor: " << failure.message << '\n';
+    if (!result.failures.empty()) { // the others follow from it
+        std::cerr << "parlor: " << result.failures.front().message << '\n';
     }
     rows.push_back(std::move(light));
     rows.push_back(std::move(dark));
@@ -66,6 +73,11 @@ bool visit(const Stage& stage, GalleryFolder& folder, std::vector<ContactSheet>&
 
 ExitStatus makeGallery(RunOptions options, const GalleryOptions& gallery) {
     GalleryFolder folder(gallery.folder, gallery.force ? Overwriting::everything : Overwriting::own);
+    for (const char* name : {sheetName, "index.html"}) {
+        if (const Outcome refusal = folder.refusal(name)) {
+            return complain(*refusal);
+        }
+    }
     std::vector<ContactSheet> rows;
     ExitStatus status = exitFine;
     const std::vector<std::string> usual{"15"};
@@ -79,13 +91,12 @@ ExitStatus makeGallery(RunOptions options, const GalleryOptions& gallery) {
             return exitFailed;
         }
     }
-    Outcome failure = folder.save(ContactSheet::stack(rows), "gallery.png");
+    Outcome failure = folder.save(ContactSheet::stack(rows), sheetName);
     failure = failure ? failure : folder.savePage();
     if (failure) {
-        std::cerr << "parlor: " << failure->message << '\n';
-        return exitUsage;
+        return complain(*failure);
     }
     std::cerr << "parlor: gallery " << (gallery.folder / "index.html").string() << ", all on one sheet "
-              << (gallery.folder / "gallery.png").string() << '\n';
+              << (gallery.folder / sheetName).string() << '\n';
     return status;
 }

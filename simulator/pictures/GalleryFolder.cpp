@@ -34,25 +34,26 @@ GalleryFolder::GalleryFolder(std::filesystem::path folder, Overwriting overwriti
     }
 }
 
-bool GalleryFolder::mayWrite(const std::string& name) const {
+std::optional<Failure> GalleryFolder::refusal(const std::string& name) const {
     std::error_code error;
     const bool own =
         name == pageName ? !m_earlierPage.empty() : m_earlierPage.find('"' + name + '"') != std::string::npos;
-    return own || m_overwriting == Overwriting::everything || !std::filesystem::exists(m_folder / name, error);
+    if (own || m_overwriting == Overwriting::everything || !std::filesystem::exists(m_folder / name, error)) {
+        return std::nullopt;
+    }
+    return Failure{(m_folder / name).string() + " is not of an earlier gallery; --force overwrites it"};
 }
 
 std::optional<Failure> GalleryFolder::save(const Bitmap& picture, const std::string& name) {
-    if (!mayWrite(name)) {
-        return Failure{(m_folder / name).string() + " is not of this gallery; --force overwrites it"};
-    }
-    return savePicture(picture, m_folder / name);
+    std::optional<Failure> failure = refusal(name);
+    return failure ? failure : savePicture(picture, m_folder / name);
 }
 
 std::optional<Failure> GalleryFolder::savePage() {
-    const std::filesystem::path path = m_folder / pageName;
-    if (!mayWrite(pageName)) {
-        return Failure{path.string() + " is not of this gallery; --force overwrites it"};
+    if (std::optional<Failure> failure = refusal(pageName)) {
+        return failure;
     }
+    const std::filesystem::path path = m_folder / pageName;
     std::ofstream page(path, std::ios::binary);
     page << "<!DOCTYPE html>\n<html lang=\"en\">\n<meta charset=\"utf-8\">\n"
          << generator << "\n<title>Truths &amp; Dares</title>" << head;

@@ -16,10 +16,12 @@ class GalleryFolder {
 public:
     GalleryFolder(std::filesystem::path folder, Overwriting overwriting);
 
+    /// Why a file of that name may not be written; absent when it may.
+    [[nodiscard]] std::optional<Failure> refusal(const std::string& name) const;
     [[nodiscard]] std::optional<Failure> save(const Bitmap& picture, const std::string& name);
     /// Lists a picture on the page.
     void show(const std::string& name, const std::string& caption) { m_shown.push_back({name, caption}); }
-    /// Writes the page; the last thing to do.
+    /// Writes the page, index.html; the last thing to do.
     [[nodiscard]] std::optional<Failure> savePage();
 
 private:
@@ -27,8 +29,6 @@ private:
         std::string name;
         std::string caption;
     };
-    [[nodiscard]] bool mayWrite(const std::string& name) const;
-
     std::filesystem::path m_folder;
     Overwriting m_overwriting;
     std::string m_earlierPage; // empty: there is none of ours

@@ -302,9 +302,11 @@ void LayoutSolver::placeFrames(LayoutResult& result) {
         return std::isfinite(value) ? value : 0;
     };
     result.frames.reserve(m_items.size());
+    result.givenWidths.reserve(m_items.size());
     for (int item = 0; item < static_cast<int>(m_items.size()); ++item) {
         const double width = std::max(0.0, length(LayoutRows::width(item)));
         const double height = std::max(0.0, length(LayoutRows::height(item)));
         result.frames.push_back(CGRectMake(length(m_rows.x(item)), length(m_rows.y(item)), width, height));
+        result.givenWidths.push_back(m_elimination->reduce({{{LayoutRows::width(item), 1}}, 0}).terms.empty());
     }
 }

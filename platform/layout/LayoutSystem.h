@@ -77,7 +77,8 @@ struct LayoutAmbiguity {
 };
 
 struct LayoutResult {
-    std::vector<CGRect> frames; ///< one for each item, in the system's coordinates
+    std::vector<CGRect> frames;    ///< one for each item, in the system's coordinates
+    std::vector<bool> givenWidths; ///< one for each item: the required equalities alone determine its width
     std::vector<LayoutConflict> conflicts;
     std::vector<LayoutAmbiguity> ambiguities;
 };

@@ -115,16 +115,16 @@ CGSize UILabel::intrinsicContentSize() const {
     return layout ? ceiledToPixel(layout->size()) : CGSize{};
 }
 
+/// Laid out for that width alone, as it is going to be drawn.
 CGSize UILabel::intrinsicContentSizeForWidth(CGFloat width) const {
-    const CGSize natural = intrinsicContentSize();
-    if (m_numberOfLines == 1 || width + tolerance >= natural.width) {
-        return natural;
-    }
-    return ceiledToPixel(textLayout(width)->size());
+    const std::shared_ptr<const TextLayout> layout = textLayout(width);
+    return layout ? ceiledToPixel(layout->size()) : CGSize{};
 }
 
 CGSize UILabel::sizeThatFits(CGSize size) const {
-    return size.width > 0 ? intrinsicContentSizeForWidth(size.width) : intrinsicContentSize();
+    const CGSize natural = intrinsicContentSize();
+    const bool isWideEnough = !(size.width > 0) || size.width + tolerance >= natural.width;
+    return m_numberOfLines == 1 || isWideEnough ? natural : intrinsicContentSizeForWidth(size.width);
 }
 
 /// The text stands in the middle of the label's height.

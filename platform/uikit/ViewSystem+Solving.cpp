@@ -80,19 +80,36 @@ bool ViewSystem::update() {
     if (!m_changed || isEmpty) {
         return false;
     }
+    if (!m_measuresContent) {
+        findGivenWidths();
+    }
     for (int count = 0; count < maximumSolves && m_changed; ++count) {
         m_result = solveLayout(m_items, m_constraints);
         rememberSizes();
-        m_changed = false;
-        for (std::size_t index = 0; index < m_entries.size(); ++index) {
-            m_changed = refreshItem(index) || m_changed;
-        }
+        m_changed = refreshItems();
     }
     m_changed = false;
     if (m_purpose == Purpose::placing) {
         reportLayout(m_result);
     }
     return true;
+}
+
+/// Solves before anything is measured, so that a text whose width its surroundings give is laid out for that width
+/// only.
+void ViewSystem::findGivenWidths() {
+    m_result = solveLayout(m_items, m_constraints);
+    rememberSizes();
+    m_measuresContent = true;
+    refreshItems();
+}
+
+bool ViewSystem::refreshItems() {
+    bool changed = false;
+    for (std::size_t index = 0; index < m_entries.size(); ++index) {
+        changed = refreshItem(index) || changed;
+    }
+    return changed;
 }
 
 void ViewSystem::placeViews() {
@@ -116,10 +133,7 @@ CGFloat ViewSystem::heightForWidth(CGFloat width) {
 }
 
 bool ViewSystem::refresh() {
-    bool changed = false;
-    for (std::size_t index = 0; index < m_entries.size(); ++index) {
-        changed = refreshItem(index) || changed;
-    }
+    bool changed = refreshItems();
     for (std::size_t index = 0; index < m_rows.size(); ++index) {
         changed = refreshConstraint(index) || changed;
     }
@@ -147,8 +161,11 @@ bool ViewSystem::refreshItem(std::size_t index) {
         const CGRect frame = index == 0 ? CGRect{{0, 0}, view.bounds().size} : view.frame();
         changed = assign(item.fixedFrame, std::optional(frame));
         size = frame.size;
+    } else if (!m_measuresContent) {
+        return false;
     } else {
-        CGSize natural = view.intrinsicContentSize();
+        const bool needsWidth = !entry.widthIsGiven;
+        CGSize natural = needsWidth ? view.intrinsicContentSize() : CGSize{UIView::noIntrinsicMetric, 0};
         if (entry.solvedSize) {
             natural.height = view.intrinsicContentSizeForWidth(entry.solvedSize->width).height;
         }
@@ -190,7 +207,14 @@ bool ViewSystem::refreshAutoresizing(std::size_t index, std::size_t firstConstra
 
 void ViewSystem::rememberSizes() {
     for (std::size_t index = 0; index < m_entries.size(); ++index) {
-        const CGSize size = m_result.frames[index].size;
-        m_entries[index].solvedSize = CGSize{withoutNoise(size.width), withoutNoise(size.height)};
+        Entry& entry = m_entries[index];
+        const LayoutItem& item = m_items[index];
+        entry.widthIsGiven = m_result.conflicts.empty() && m_result.givenWidths[index] &&
+                             item.horizontalHugging < UILayoutPriorityRequired &&
+                             item.horizontalCompressionResistance < UILayoutPriorityRequired;
+        if (m_measuresContent || entry.widthIsGiven) {
+            const CGSize size = m_result.frames[index].size;
+            entry.solvedSize = CGSize{withoutNoise(size.width), withoutNoise(size.height)};
+        }
     }
 }

@@ -60,7 +60,7 @@ void ViewSystem::collectRows(const UIView& view) {
 /// Leaves out what has a frame of its own and is of no interest to any constraint; false when it did.
 bool ViewSystem::collectViews(UIView& view, int parent) {
     const int index = static_cast<int>(m_entries.size());
-    m_entries.push_back({&view, false, std::nullopt});
+    m_entries.push_back({&view, false, false, std::nullopt});
     m_items.emplace_back().parent = parent;
     bool isWanted = !view.translatesAutoresizingMaskIntoConstraints() || m_referenced.count(&view) != 0;
     if (!view.isLayoutRoot()) {

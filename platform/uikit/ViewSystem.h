@@ -32,6 +32,7 @@ private:
     struct Entry {
         UIView* view = nullptr;
         bool usesBaseline = false;
+        bool widthIsGiven = false; // by its surroundings: the width that its content would like does not matter
         std::optional<CGSize> solvedSize;
     };
     /// The live side of one LayoutConstraint.
@@ -49,7 +50,9 @@ private:
     void addFittingConstraints();
     void addAutoresizingConstraints(int index);
     void add(int first, LayoutAttribute attribute, int second, double priority = UILayoutPriorityRequired);
+    void findGivenWidths();
     bool refresh();
+    bool refreshItems();
     bool refreshItem(std::size_t index);
     bool refreshConstraint(std::size_t index);
     bool refreshAutoresizing(std::size_t index, std::size_t firstConstraint);
@@ -64,5 +67,6 @@ private:
     std::vector<LayoutConstraint> m_constraints; // as m_rows, then those of this class's own for fitting
     LayoutResult m_result;
     CGFloat m_fittingWidth = 0;
-    bool m_changed = true; // since the last solve
+    bool m_measuresContent = false; // from the second solve on
+    bool m_changed = true;          // since the last solve
 };

@@ -19,6 +19,9 @@ public:
     bool render(UIWindow& window);
     /// Paints the whole window anew at the next frame.
     void forgetPicture();
+    /// Has the system give the picture its memory now, which takes milliseconds. Any thread, also beside the first
+    /// frame.
+    void populate() { m_bitmap.populate(); }
 
     [[nodiscard]] const Bitmap& bitmap() const { return m_bitmap; }
     [[nodiscard]] int scale() const { return m_scale; }

@@ -87,9 +87,11 @@ int main(int argc, char** argv) {
     if (argc > 2 && std::string(argv[2]) == "--load") {
         return measureLoad(argv[1]);
     }
-    bench::ExtensionScreen extension(argv[1]);
     WindowRenderer renderer(bench::screenSize, bench::screenScale);
+    std::thread faults([&renderer] { renderer.populate(); });
+    bench::ExtensionScreen extension(argv[1]);
     extension.waitForContent();
+    faults.join();
     renderer.render(extension.window());
     bench::Figures figures;
     figures.add("start_ms", bench::millisecondsSinceStart());

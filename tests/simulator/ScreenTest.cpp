@@ -1,6 +1,7 @@
 #include "simulator/conversation/Screen.h"
 
 #include "platform/uikit/UIButton.h"
+#include "platform/uikit/UIKitClasses.h"
 #include "platform/uikit/UILabel.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@ namespace {
 
 class ScreenTest : public testing::Test {
 protected:
+    ScreenTest() { registerUIKitClasses(); } // for the names in messages
     std::shared_ptr<UIView> addView(const CGRect& frame, const std::shared_ptr<UIView>& parent) {
         const auto view = std::make_shared<UIView>(frame);
         parent->addSubview(view);

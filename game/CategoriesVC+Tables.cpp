@@ -16,6 +16,8 @@
 
 #include <cstddef>
 #include <limits>
+#include <span>
+#include <string>
 
 namespace {
 
@@ -27,6 +29,19 @@ constexpr CGFloat collapsedHeight = std::numeric_limits<CGFloat>::min();
 
 std::size_t index(int number) {
     return static_cast<std::size_t>(number);
+}
+
+/// Null for a row that is not there any more: the table learns of other sections a turn later than the screen.
+const ModeItem* itemAt(std::span<const ModeSection> sections, NSIndexPath path) {
+    if (index(path.section) >= sections.size() || index(path.row) >= sections[index(path.section)].items.size()) {
+        return nullptr;
+    }
+    return &sections[index(path.section)].items[index(path.row)];
+}
+
+/// Empty for a section that is not there any more.
+std::string titleOf(std::span<const ModeSection> sections, int section) {
+    return index(section) < sections.size() ? sections[index(section)].sectionTitle : std::string();
 }
 
 void styleDropdownCell(VibeDropdownTblCell& cell, const MainCategoryModel& entry) {
@@ -58,10 +73,11 @@ std::shared_ptr<UITableViewCell> CategoriesVC::tableViewCellForRowAtIndexPath(UI
 std::shared_ptr<UITableViewCell> CategoriesVC::modeCell(UITableView& table, NSIndexPath indexPath) {
     const auto cell = std::dynamic_pointer_cast<ModeTblCell>(
         table.dequeueReusableCellWithIdentifierForIndexPath("ModeTblCell", indexPath));
-    if (!cell) {
+    const ModeItem* item = itemAt(m_sections, indexPath);
+    if (!cell || item == nullptr) {
         return std::make_shared<UITableViewCell>(UITableViewCellStyle::standard, "");
     }
-    cell->configure(m_sections[index(indexPath.section)].items[index(indexPath.row)]);
+    cell->configure(*item);
     return cell;
 }
 
@@ -80,16 +96,17 @@ CGFloat CategoriesVC::tableViewHeightForRowAtIndexPath(UITableView& table, NSInd
 }
 
 std::shared_ptr<UIView> CategoriesVC::tableViewViewForHeaderInSection(UITableView& table, int section) {
-    if (!tableView.is(table) || m_sections[index(section)].sectionTitle.empty()) {
+    const std::string title = tableView.is(table) ? titleOf(m_sections, section) : std::string();
+    if (title.empty()) {
         return nullptr;
     }
     const std::shared_ptr<ModeHeaderView> header = loadViewFromNib<ModeHeaderView>("ModeHeaderView");
-    header->lblHeaderTitle->setText(m_sections[index(section)].sectionTitle);
+    header->lblHeaderTitle->setText(title);
     return header;
 }
 
 CGFloat CategoriesVC::tableViewHeightForHeaderInSection(UITableView& table, int section) {
-    const bool hasHeader = tableView.is(table) && !m_sections[index(section)].sectionTitle.empty();
+    const bool hasHeader = tableView.is(table) && !titleOf(m_sections, section).empty();
     return hasHeader ? headerHeight : collapsedHeight;
 }
 
@@ -99,12 +116,17 @@ CGFloat CategoriesVC::tableViewHeightForFooterInSection(UITableView& table, int)
 
 void CategoriesVC::tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) {
     if (!tblDropDown.is(table)) {
-        const ModeSection& section = m_sections[index(indexPath.section)];
-        openCategoryLink(*this, m_currentOption, section, section.items[index(indexPath.row)]);
+        launch(indexPath);
     } else if (offersGameTypes()) {
         chooseGameType(indexPath.row);
     } else {
         chooseGroup(indexPath.row);
+    }
+}
+
+void CategoriesVC::launch(NSIndexPath indexPath) {
+    if (const ModeItem* item = itemAt(m_sections, indexPath)) {
+        openCategoryLink(*this, m_currentOption, m_sections[index(indexPath.section)], *item);
     }
 }
 

@@ -96,6 +96,7 @@ private:
 
     std::shared_ptr<UITableViewCell> modeCell(UITableView& table, NSIndexPath indexPath);
     std::shared_ptr<UITableViewCell> dropdownCell(UITableView& table, NSIndexPath indexPath);
+    void launch(NSIndexPath indexPath);
     void chooseGroup(int row);
     void chooseGameType(int row);
     void markOnlyRow(int row);

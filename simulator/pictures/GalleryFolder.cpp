@@ -68,7 +68,8 @@ std::optional<Failure> GalleryFolder::savePage() {
 
 std::string fileNameOf(const std::string& text) {
     std::string name;
-    for (const unsigned char byte : text) {
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
         if (std::isalnum(byte) != 0) {
             name += static_cast<char>(std::tolower(byte));
         } else if (!name.empty() && name.back() != '-') {

@@ -2,9 +2,12 @@
 
 #include <yaml-cpp/yaml.h>
 
+#include <algorithm>
 #include <set>
 #include <sstream>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -69,50 +72,86 @@ void checkLines(const std::string& text, FlowProblems& problems) {
     }
 }
 
-FlowNode convert(const YAML::Node& node, FlowProblems& problems);
+/// Copies one file's nodes. References (`*name`) make a file small and what it says endless, so both a node inside
+/// itself and too many nodes are problems.
+class Converter {
+public:
+    explicit Converter(FlowProblems& problems) : m_problems(problems) {}
 
-void convertEntries(const YAML::Node& node, FlowNode& result, FlowProblems& problems) {
-    std::set<std::string> seen;
-    for (const auto& pair : node) {
-        FlowEntry entry{convert(pair.first, problems), convert(pair.second, problems)};
-        if (entry.key.kind != FlowNode::Kind::text) {
-            problems.add(entry.key, "a key must be a plain word");
-        } else if (!seen.insert(entry.key.text).second) {
-            problems.add(entry.key, "'" + entry.key.text + "' is written twice");
+    FlowNode convert(const YAML::Node& node) {
+        FlowNode result;
+        result.line = node.Mark().line + 1;
+        result.column = node.Mark().column + 1;
+        if (node.IsScalar()) {
+            result.kind = FlowNode::Kind::text;
+            result.text = node.Scalar();
+        } else if (node.IsSequence() || node.IsMap()) {
+            convertInside(node, result);
         }
-        if (entry.value.kind == FlowNode::Kind::nothing) { // YAML places what is not there one line too low
-            entry.value.line = entry.key.line;
-            entry.value.column = entry.key.column;
-        }
-        result.entries.push_back(std::move(entry));
+        return result;
     }
-}
 
-FlowNode convert(const YAML::Node& node, FlowProblems& problems) {
-    FlowNode result;
-    result.line = node.Mark().line + 1;
-    result.column = node.Mark().column + 1;
-    switch (node.Type()) {
-    case YAML::NodeType::Scalar:
-        result.kind = FlowNode::Kind::text;
-        result.text = node.Scalar();
-        break;
-    case YAML::NodeType::Sequence:
-        result.kind = FlowNode::Kind::list;
+private:
+    static constexpr std::size_t mostNodes = 100'000;
+
+    void convertInside(const YAML::Node& node, FlowNode& result) {
+        const auto inItself = [&node](const YAML::Node* outer) { return outer->is(node); };
+        if (std::any_of(m_open.begin(), m_open.end(), inItself)) {
+            m_problems.add(result, "this refers to itself");
+            return;
+        }
+        m_open.push_back(&node);
+        if (node.IsMap()) {
+            result.kind = FlowNode::Kind::map;
+            convertEntries(node, result);
+        } else {
+            result.kind = FlowNode::Kind::list;
+            convertItems(node, result);
+        }
+        m_open.pop_back();
+    }
+
+    /// Whether one more node may be read; complains of the first that may not.
+    bool hasRoom(const FlowNode& place) {
+        if (++m_nodes == mostNodes) {
+            m_problems.add(place, "this is too much for one flow");
+        }
+        return m_nodes < mostNodes;
+    }
+
+    void convertItems(const YAML::Node& node, FlowNode& result) {
         for (const auto& item : node) {
-            result.items.push_back(convert(item, problems));
+            if (!hasRoom(result)) {
+                return;
+            }
+            result.items.push_back(convert(item));
         }
-        break;
-    case YAML::NodeType::Map:
-        result.kind = FlowNode::Kind::map;
-        convertEntries(node, result, problems);
-        break;
-    case YAML::NodeType::Null:
-    case YAML::NodeType::Undefined:
-        break;
     }
-    return result;
-}
+
+    void convertEntries(const YAML::Node& node, FlowNode& result) {
+        std::set<std::string> seen;
+        for (const auto& pair : node) {
+            if (!hasRoom(result)) {
+                return;
+            }
+            FlowEntry entry{convert(pair.first), convert(pair.second)};
+            if (entry.key.kind != FlowNode::Kind::text) {
+                m_problems.add(entry.key, "a key must be a plain word");
+            } else if (!seen.insert(entry.key.text).second) {
+                m_problems.add(entry.key, "'" + entry.key.text + "' is written twice");
+            }
+            if (entry.value.kind == FlowNode::Kind::nothing) { // YAML places what is not there one line too low
+                entry.value.line = entry.key.line;
+                entry.value.column = entry.key.column;
+            }
+            result.entries.push_back(std::move(entry));
+        }
+    }
+
+    FlowProblems& m_problems;
+    std::vector<const YAML::Node*> m_open; // the nodes around the one that is being read
+    std::size_t m_nodes = 0;
+};
 
 } // namespace
 
@@ -121,8 +160,9 @@ std::vector<FlowNode> readFlowDocuments(const std::string& text, FlowProblems& p
     checkLines(text, problems);
     if (problems.findings().empty()) {
         try {
+            Converter converter(problems);
             for (const YAML::Node& document : YAML::LoadAll(text)) {
-                documents.push_back(convert(document, problems));
+                documents.push_back(converter.convert(document));
             }
         } catch (const YAML::Exception& error) {
             problems.add(error.mark.line + 1, error.mark.column + 1, "not readable as YAML: " + error.msg);

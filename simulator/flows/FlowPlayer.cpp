@@ -72,7 +72,7 @@ std::optional<ScreenElement> FlowPlayer::waitForElement(const Selector& selector
 Failure FlowPlayer::missing(const Selector& selector) {
     const Screen screen(m_host->window());
     if (!m_host->isOpen()) {
-        return {"the extension has not been opened yet; begin with launchApp or openBubble"};
+        return notOpened();
     }
     if (screen.hasHidden(selector)) {
         return {describe(selector) + " is there but cannot be seen: hidden, covered or scrolled away"};
@@ -80,6 +80,10 @@ Failure FlowPlayer::missing(const Selector& selector) {
     const std::string hint = selector.text ? suggestion(*selector.text, screen.visibleTexts())
                                            : suggestion(*selector.id, screen.visibleIdentifiers());
     return {"no " + describe(selector) + " on the screen" + hint};
+}
+
+Failure FlowPlayer::notOpened() {
+    return {"the extension has not been opened yet; begin with launchApp or openBubble"};
 }
 
 std::optional<NSURL> FlowPlayer::nextLink() {

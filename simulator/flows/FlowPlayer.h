@@ -34,6 +34,8 @@ public:
     [[nodiscard]] std::optional<ScreenElement> waitForElement(const Selector& selector);
     /// Why an element was not found, with the nearest that is there.
     [[nodiscard]] Failure missing(const Selector& selector);
+    /// Why a command that needs the extension cannot do anything.
+    [[nodiscard]] static Failure notOpened();
     /// The first link that no one asked for yet.
     [[nodiscard]] std::optional<NSURL> nextLink();
     /// The debug lines since the last call.

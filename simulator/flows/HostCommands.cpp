@@ -40,16 +40,12 @@ std::shared_ptr<MSMessage> makeMessage(FlowPlayer& player, const Bubble& bubble)
     return player.host().makeMessage(bubble.from, url);
 }
 
-Outcome notRunning() {
-    return Failure{"the extension has not been opened yet; begin with launchApp or openBubble"};
-}
-
 /// A command that the host can give only to an extension that is there.
 template <class Act>
 FlowAction whenOpen(Act act) {
     return [act](FlowPlayer& player) -> Outcome {
         if (!player.host().isOpen()) {
-            return notRunning();
+            return FlowPlayer::notOpened();
         }
         act(player);
         return std::nullopt;

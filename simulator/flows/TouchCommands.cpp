@@ -56,6 +56,19 @@ Outcome tapElement(FlowPlayer& player, const Selector& selector) {
     return std::nullopt;
 }
 
+Outcome tapPlace(FlowPlayer& player, const FlowPoint& place) {
+    if (!player.host().isOpen()) {
+        return FlowPlayer::notOpened();
+    }
+    const CGRect bounds = player.host().window().bounds();
+    const CGPoint point = place.in(bounds.size);
+    if (!bounds.contains(point)) {
+        return Failure{"the point lies outside of the extension"};
+    }
+    Finger(player.host()).tap(point);
+    return std::nullopt;
+}
+
 /// What a scroll can change; equal before and after when the end is reached.
 std::string look(FlowPlayer& player) {
     return describeTree(player.host().window(), TreeDetail::stable);
@@ -110,10 +123,7 @@ FlowAction readTapOn(const FlowValue& value) {
     if (value.isMap()) {
         value.allowOnly({"text", "id", "index", "point"});
         if (const auto point = value.find("point")) {
-            return [target = readPoint(*point)](FlowPlayer& player) -> Outcome {
-                Finger(player.host()).tap(target.in(player.host().window().bounds().size));
-                return std::nullopt;
-            };
+            return [target = readPoint(*point)](FlowPlayer& player) -> Outcome { return tapPlace(player, target); };
         }
         return [selector = readSelectorKeys(value)](FlowPlayer& player) { return tapElement(player, selector); };
     }

@@ -1,5 +1,6 @@
 #include "tests/layout/LayoutFixture.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <sstream>
@@ -9,25 +10,10 @@
 namespace {
 
 LayoutAttribute attributeNamed(const std::string& name) {
-    static const std::map<std::string, LayoutAttribute> attributes{{"left", LayoutAttribute::left},
-                                                                   {"right", LayoutAttribute::right},
-                                                                   {"top", LayoutAttribute::top},
-                                                                   {"bottom", LayoutAttribute::bottom},
-                                                                   {"leading", LayoutAttribute::leading},
-                                                                   {"trailing", LayoutAttribute::trailing},
-                                                                   {"width", LayoutAttribute::width},
-                                                                   {"height", LayoutAttribute::height},
-                                                                   {"centerX", LayoutAttribute::centerX},
-                                                                   {"centerY", LayoutAttribute::centerY},
-                                                                   {"firstBaseline", LayoutAttribute::firstBaseline},
-                                                                   {"lastBaseline", LayoutAttribute::lastBaseline}};
-    return attributes.at(name);
-}
-
-LayoutRelation relationNamed(const std::string& name) {
-    if (name == "=")
-        return LayoutRelation::equal;
-    return name == ">=" ? LayoutRelation::greaterThanOrEqual : LayoutRelation::lessThanOrEqual;
+    static const std::vector<std::string> names{"left",    "right",    "top",           "bottom",
+                                                "leading", "trailing", "width",         "height",
+                                                "centerX", "centerY",  "firstBaseline", "lastBaseline"};
+    return static_cast<LayoutAttribute>(std::find(names.begin(), names.end(), name) - names.begin());
 }
 
 bool isReference(const std::string& word) {
@@ -41,7 +27,8 @@ std::string trimmed(const std::string& line) {
 
 } // namespace
 
-LayoutFixture::LayoutFixture(const std::string& text) {
+LayoutFixture::LayoutFixture(std::string text) {
+    std::replace(text.begin(), text.end(), ';', '\n');
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
         line = trimmed(line);
@@ -108,7 +95,9 @@ void LayoutFixture::addConstraint(const std::string& line) {
             if (!isFirst && constraint.constant != 0)
                 constraint.multiplier = std::exchange(constraint.constant, 0);
         } else if (word.find_first_of("<=>") != std::string::npos) {
-            constraint.relation = relationNamed(word);
+            constraint.relation = word == "="    ? LayoutRelation::equal
+                                  : word == ">=" ? LayoutRelation::greaterThanOrEqual
+                                                 : LayoutRelation::lessThanOrEqual;
         } else {
             constraint.constant = sign * std::stod(word);
         }
@@ -128,10 +117,9 @@ std::string LayoutFixture::frame(const std::string& item) const {
 std::vector<std::string> LayoutFixture::conflicts() const {
     std::vector<std::string> lines;
     for (const LayoutConflict& conflict : m_result.conflicts) {
-        std::string line = conflict.name + ": " + conflict.reason;
+        lines.push_back(conflict.name + ": " + conflict.reason);
         for (const std::string& other : conflict.others)
-            line += (&other == &conflict.others.front() ? " [" : ", ") + other;
-        lines.push_back(conflict.others.empty() ? line : line + "]");
+            lines.back() += ", " + other;
     }
     return lines;
 }

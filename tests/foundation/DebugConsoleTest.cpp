@@ -47,12 +47,6 @@ private:
 
 } // namespace
 
-TEST(DebugConsole, WritesALineAtOnceAndBehindWhatTheStreamHeld) {
-    std::fputs("earlier\n", stdout);
-    print("❌ JSON file not found: Family");
-    EXPECT_EQ(support::takeStandardOutput(), "earlier\n❌ JSON file not found: Family\n");
-}
-
 TEST(DebugConsole, KeepsLinesOfSeveralThreadsWholeAndInOrderThroughAPipe) {
     PipedOutput output;
     std::vector<std::thread> threads;
@@ -76,15 +70,16 @@ TEST(DebugConsole, KeepsLinesOfSeveralThreadsWholeAndInOrderThroughAPipe) {
     EXPECT_EQ(count, 400);
 }
 
-TEST(DebugConsole, TellsTheHostEveryLine) {
+TEST(DebugConsole, WritesALineAtOnceBehindWhatTheStreamHeldAndTellsTheHost) {
     std::vector<std::string> lines;
     setDebugConsoleObserver([&](std::string_view line) { lines.emplace_back(line); });
-    print("one");
+    std::fputs("earlier\n", stdout);
+    print("❌ JSON file not found: Family");
     print("");
     setDebugConsoleObserver(nullptr);
     print("two");
-    EXPECT_EQ(lines, (std::vector<std::string>{"one", ""}));
-    EXPECT_EQ(support::takeStandardOutput(), "one\n\ntwo\n");
+    EXPECT_EQ(lines, (std::vector<std::string>{"❌ JSON file not found: Family", ""}));
+    EXPECT_EQ(support::takeStandardOutput(), "earlier\n❌ JSON file not found: Family\n\ntwo\n");
 }
 
 TEST(FatalErrorDeathTest, NamesMessageFileAndLine) {

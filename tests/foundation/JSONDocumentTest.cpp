@@ -25,11 +25,19 @@ JSONDocument parsed(const std::string& text) {
     return std::move(document).value();
 }
 
+std::vector<JSONKind> kindsIn(const JSONValue& array) {
+    std::vector<JSONKind> kinds;
+    for (const JSONValue element : array.elements()) {
+        kinds.push_back(element.kind());
+    }
+    return kinds;
+}
+
 } // namespace
 
 TEST(JSONDocument, GivesEveryKindOfValue) {
-    const JSONDocument document =
-        parsed(R"({"s": "text", "t": true, "f": false, "n": null, "i": -3, "d": 2.5e1, "a": [1]})");
+    JSONDocument first = parsed(R"({"s": "text", "t": true, "f": false, "n": null, "i": -3, "d": 2.5e1, "a": [1]})");
+    const JSONDocument document = std::move(first); // stays whole when it is moved
     const JSONValue root = document.root();
     EXPECT_EQ(root.find("s")->string(), "text");
     EXPECT_EQ(root.find("t")->boolean(), true);
@@ -42,32 +50,22 @@ TEST(JSONDocument, GivesEveryKindOfValue) {
 }
 
 TEST(JSONDocument, DoesNotTakeOneKindForAnother) {
-    const JSONDocument document = parsed(R"([1, "true", true, {"k": 1}])");
-    auto element = document.root().elements().begin();
-    EXPECT_FALSE((*element).boolean());
-    EXPECT_FALSE((*element).find("k"));
-    ++element;
-    EXPECT_FALSE((*element).boolean());
-    ++element;
-    EXPECT_FALSE((*element).number());
-    EXPECT_FALSE((*element).string());
-    ++element;
-    EXPECT_EQ((*element).elements().size(), 0U);
-    EXPECT_FALSE(document.root().find("k"));
+    const JSONDocument document = parsed(R"({"one": 1, "text": "true", "truth": true, "nest": {"k": 1}, "list": [1]})");
+    const JSONValue root = document.root();
+    EXPECT_FALSE(root.find("one")->boolean());
+    EXPECT_FALSE(root.find("one")->find("k"));
+    EXPECT_FALSE(root.find("text")->boolean());
+    EXPECT_FALSE(root.find("truth")->number());
+    EXPECT_FALSE(root.find("truth")->string());
+    EXPECT_EQ(root.find("nest")->elements().size(), 0U);
+    EXPECT_FALSE(root.find("list")->find("k"));
 }
 
 TEST(JSONDocument, WalksNestedContainersInOrder) {
     const JSONDocument document = parsed(R"([{"items": [[], {"x": {}}, "last"]}, [], 7])");
-    std::vector<JSONKind> kinds;
-    for (const JSONValue element : document.root().elements()) {
-        kinds.push_back(element.kind());
-    }
-    EXPECT_EQ(kinds, (std::vector{JSONKind::object, JSONKind::array, JSONKind::number}));
-    std::vector<JSONKind> inner;
-    for (const JSONValue element : (*document.root().elements().begin()).find("items")->elements()) {
-        inner.push_back(element.kind());
-    }
-    EXPECT_EQ(inner, (std::vector{JSONKind::array, JSONKind::object, JSONKind::string}));
+    EXPECT_EQ(kindsIn(document.root()), (std::vector{JSONKind::object, JSONKind::array, JSONKind::number}));
+    EXPECT_EQ(kindsIn(*(*document.root().elements().begin()).find("items")),
+              (std::vector{JSONKind::array, JSONKind::object, JSONKind::string}));
 }
 
 TEST(JSONDocument, KeepsMembersInOrderAndFindsTheLastOfAName) {
@@ -85,16 +83,6 @@ TEST(JSONDocument, DecodesEscapes) {
     EXPECT_EQ(document.root().find("key")->string(), "a\n\"\\/\0é😀 z"s);
 }
 
-TEST(JSONDocument, StaysWholeWhenItIsMoved) {
-    JSONDocument first = parsed(R"(["a", "\u0062"])");
-    const JSONDocument second = std::move(first);
-    std::string texts;
-    for (const JSONValue element : second.root().elements()) {
-        texts += element.string().value();
-    }
-    EXPECT_EQ(texts, "ab");
-}
-
 TEST(JSONDocument, SkipsAByteOrderMark) {
     EXPECT_EQ(parsed("\xEF\xBB\xBF[1]").root().elements().size(), 1U);
     EXPECT_EQ(placeOfError("\xEF\xBB\xBF[x"), "line 1, column 2");
@@ -107,16 +95,10 @@ TEST(JSONDocument, SaysWhereTheTextIsWrong) {
     EXPECT_EQ(placeOfError("[1]\r\n]"), "line 2, column 1");
 }
 
-TEST(JSONDocument, RefusesWhatIsNotStrictJson) {
-    for (const std::string& text :
-         {"[1,]"s, "[01]"s, "{'a':1}"s, "[1] // c"s, "{a:1}"s, "[NaN]"s, "[\"a"s, "[\"\t\"]"s, "{\"a\"}"s}) {
-        EXPECT_NE(errorOf(text), "no error") << text;
-    }
-}
-
-TEST(JSONDocument, RefusesBrokenText) {
-    for (const std::string& text : {"[\"\xFF\"]"s, "[\"\\ud800\"]"s, "[\"\\udc00\"]"s, "[\"\\ud800x\"]"s, "[\"a\0b\"]"s,
-                                    "[1]\0"s, "\0"s, "[\"\xED\xA0\x80\"]"s}) {
+TEST(JSONDocument, RefusesWhatIsNotStrictJsonOrBrokenText) {
+    for (const std::string& text : {"[1,]"s, "[01]"s, "{'a':1}"s, "[1] // c"s, "{a:1}"s, "[NaN]"s, "[\"a"s, "[\"\t\"]"s,
+                                    "{\"a\"}"s, "[\"\xFF\"]"s, "[\"\\ud800\"]"s, "[\"\\udc00\"]"s, "[\"\\ud800x\"]"s,
+                                    "[\"a\0b\"]"s, "[1]\0"s, "\0"s, "[\"\xED\xA0\x80\"]"s}) {
         const std::string error = errorOf(text);
         EXPECT_NE(error, "no error") << testing::PrintToString(text);
         EXPECT_EQ(error.find('\n'), std::string::npos);

@@ -25,33 +25,26 @@ TEST(NSURLComponents, WritesPartsInOrder) {
     EXPECT_EQ(url->absoluteString(), "https://game.example/Category?main=Couple&section=&icon");
 }
 
-TEST(NSURLComponents, LeavesLiteralWhatAQueryMayHold) {
-    EXPECT_EQ(queryWithValue("AZaz09-._~"), "v=AZaz09-._~");
-    EXPECT_EQ(queryWithValue("!$'()*+,;:@/?"), "v=!$'()*+,;:@/?");
-    EXPECT_EQ(queryWithValue("Adult (18+)"), "v=Adult%20(18+)");
-}
-
-TEST(NSURLComponents, EncodesEverythingElseAsUpperCaseBytes) {
-    EXPECT_EQ(queryWithValue("a&b=c"), "v=a%26b%3Dc");
-    EXPECT_EQ(queryWithValue("Who’s"), "v=Who%E2%80%99s");
+TEST(NSURLComponents, EncodesWhatAQueryMayNotHoldAsUpperCaseBytes) {
+    EXPECT_EQ(queryWithValue("AZaz09-._~!$'()*+,;:@/?"), "v=AZaz09-._~!$'()*+,;:@/?");
+    EXPECT_EQ(queryWithValue("a&b=c Who’s"), "v=a%26b%3Dc%20Who%E2%80%99s");
     EXPECT_EQ(queryWithValue("😀"), "v=%F0%9F%98%80");
     EXPECT_EQ(queryWithValue("#%[]\"<>\\^`{|}"), "v=%23%25%5B%5D%22%3C%3E%5C%5E%60%7B%7C%7D");
     EXPECT_EQ(queryWithValue("\0\n\x7F"s), "v=%00%0A%7F");
     EXPECT_EQ(link({{"a&=", "1"}}).URL()->query(), "a%26%3D=1");
 }
 
-TEST(NSURLComponents, MakesNoAddressFromBrokenText) {
-    EXPECT_EQ(queryWithValue("\xFF"), "no address");
-    EXPECT_EQ(queryWithValue("\xED\xA0\x80"), "no address");
-    EXPECT_FALSE(link({{"\xC3", "1"}}).URL());
-}
-
-TEST(NSURLComponents, MakesNoAddressThatWouldReadDifferently) {
-    EXPECT_FALSE((NSURLComponents{"1http", "h", "/", {}}).URL());
-    EXPECT_FALSE((NSURLComponents{"https", "h", "noslash", {}}).URL());
-    EXPECT_FALSE((NSURLComponents{"https", "", "//h", {}}).URL());
-    EXPECT_FALSE((NSURLComponents{"", "", "a:b", {}}).URL());
-    EXPECT_FALSE(NSURLComponents{}.URL());
+TEST(NSURLComponents, MakesNoAddressThatWouldReadDifferentlyOrOfBrokenText) {
+    for (const NSURLComponents& parts : std::vector<NSURLComponents>{{"1http", "h", "/", {}},
+                                                                     {"https", "h", "noslash", {}},
+                                                                     {"https", "", "//h", {}},
+                                                                     {"", "", "a:b", {}},
+                                                                     {},
+                                                                     link({{"v", "\xFF"}}),
+                                                                     link({{"v", "\xED\xA0\x80"}}),
+                                                                     link({{"\xC3", "1"}})}) {
+        EXPECT_FALSE(parts.URL()) << parts.scheme << parts.path;
+    }
 }
 
 TEST(NSURLComponents, LeavesOutEmptyParts) {

@@ -32,21 +32,18 @@ TEST(Text, ValidUtf8IsToldFromBrokenBytes) {
     }
 }
 
-TEST(Text, ReplacingCountsUtf16CodeUnits) {
-    EXPECT_EQ(stringByReplacingCharactersInRange("", NSMakeRange(0, 0), "a"), "a");
-    EXPECT_EQ(stringByReplacingCharactersInRange("hello", NSMakeRange(1, 3), "u"), "huo");
-    EXPECT_EQ(stringByReplacingCharactersInRange("a😀b", NSMakeRange(1, 2), "x"), "axb");
-    EXPECT_EQ(stringByReplacingCharactersInRange("a😀b", NSMakeRange(3, 0), "x"), "a😀xb");
-}
-
-TEST(Text, ReplacingStopsAtTheEndOfTheText) {
-    EXPECT_EQ(stringByReplacingCharactersInRange("ab", NSMakeRange(1, 9), "x"), "ax");
-    EXPECT_EQ(stringByReplacingCharactersInRange("ab", NSMakeRange(7, static_cast<std::size_t>(-1)), "x"), "abx");
-}
-
-TEST(Text, ReplacingHalfASurrogatePairLeavesAReplacementCharacter) {
-    EXPECT_EQ(stringByReplacingCharactersInRange("a😀b", NSMakeRange(1, 1), "x"), "ax\uFFFDb");
-    EXPECT_EQ(stringByReplacingCharactersInRange("a😀b", NSMakeRange(2, 1), ""), "a\uFFFDb");
+TEST(Text, ReplacingCountsUtf16CodeUnitsAndStopsAtTheEnd) {
+    const auto replaced = [](const char* text, std::size_t location, std::size_t length) {
+        return stringByReplacingCharactersInRange(text, NSMakeRange(location, length), "x");
+    };
+    EXPECT_EQ(replaced("", 0, 0), "x");
+    EXPECT_EQ(replaced("hello", 1, 3), "hxo");
+    EXPECT_EQ(replaced("a😀b", 1, 2), "axb");
+    EXPECT_EQ(replaced("a😀b", 3, 0), "a😀xb");
+    EXPECT_EQ(replaced("ab", 1, 9), "ax");
+    EXPECT_EQ(replaced("ab", 7, static_cast<std::size_t>(-1)), "abx");
+    EXPECT_EQ(replaced("a😀b", 1, 1), "ax\uFFFDb") << "half a pair of surrogates becomes a replacement character";
+    EXPECT_EQ(replaced("a😀b", 2, 1), "a\uFFFDxb");
 }
 
 TEST(Text, TrimmingRemovesEverySpaceAndLineBreakAtBothEndsOnly) {

@@ -2,40 +2,36 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 namespace {
 
-class Held : public NSObject {
-public:
-    ~Held() override {
-        if (atEnd) {
-            atEnd();
-        }
-    }
-    std::function<void()> atEnd;
-};
-
 const std::string key = "same text";
 const std::string otherKey = "same text";
 
+void retain(NSObject& object, const std::shared_ptr<NSObject>& value, const std::string& under = key) {
+    objc_setAssociatedObject(object, &under, value, OBJC_ASSOCIATION_RETAIN);
+}
+
 } // namespace
 
-TEST(AssociatedObjects, AreFoundByTheAddressOfTheKey) {
+TEST(AssociatedObjects, AreFoundByTheAddressOfTheKeyReplacedAndRemoved) {
     const auto object = std::make_shared<NSObject>();
     const auto value = std::make_shared<NSObject>();
-    objc_setAssociatedObject(*object, &key, value, OBJC_ASSOCIATION_RETAIN);
+    retain(*object, std::make_shared<NSObject>());
+    retain(*object, value);
     EXPECT_EQ(objc_getAssociatedObject(*object, &key), value);
     EXPECT_EQ(objc_getAssociatedObject(*object, &otherKey), nullptr);
     EXPECT_EQ(objc_getAssociatedObject(*value, &key), nullptr);
+    retain(*object, nullptr);
+    EXPECT_EQ(objc_getAssociatedObject(*object, &key), nullptr);
 }
 
 TEST(AssociatedObjects, LiveAsLongAsTheObjectThatRetainsThem) {
     auto object = std::make_shared<NSObject>();
     auto value = std::make_shared<NSObject>();
     const std::weak_ptr<NSObject> observed = value;
-    objc_setAssociatedObject(*object, &key, std::move(value), OBJC_ASSOCIATION_RETAIN);
+    retain(*object, value);
     value.reset();
     EXPECT_FALSE(observed.expired());
     object.reset();
@@ -51,22 +47,13 @@ TEST(AssociatedObjects, AreNotKeptByAnAssignment) {
     EXPECT_EQ(objc_getAssociatedObject(*object, &key), nullptr);
 }
 
-TEST(AssociatedObjects, AreReplacedAndRemoved) {
-    const auto object = std::make_shared<NSObject>();
-    const auto second = std::make_shared<NSObject>();
-    objc_setAssociatedObject(*object, &key, std::make_shared<NSObject>(), OBJC_ASSOCIATION_RETAIN);
-    objc_setAssociatedObject(*object, &key, second, OBJC_ASSOCIATION_RETAIN);
-    EXPECT_EQ(objc_getAssociatedObject(*object, &key), second);
-    objc_setAssociatedObject(*object, &key, nullptr, OBJC_ASSOCIATION_RETAIN);
-    EXPECT_EQ(objc_getAssociatedObject(*object, &key), nullptr);
-}
-
 TEST(AssociatedObjects, MayComeBackWhileTheyAreReplaced) {
     const auto object = std::make_shared<NSObject>();
-    auto first = std::make_shared<Held>();
     const auto last = std::make_shared<NSObject>();
-    first->atEnd = [&] { objc_setAssociatedObject(*object, &otherKey, last, OBJC_ASSOCIATION_RETAIN); };
-    objc_setAssociatedObject(*object, &key, std::exchange(first, nullptr), OBJC_ASSOCIATION_RETAIN);
-    objc_setAssociatedObject(*object, &key, std::make_shared<NSObject>(), OBJC_ASSOCIATION_RETAIN);
+    retain(*object, std::shared_ptr<NSObject>(std::make_unique<NSObject>().release(), [&](NSObject* first) {
+        std::default_delete<NSObject>()(first);
+        retain(*object, last, otherKey);
+    }));
+    retain(*object, nullptr);
     EXPECT_EQ(objc_getAssociatedObject(*object, &otherKey), last);
 }

@@ -28,16 +28,11 @@ TEST_F(ClassRegistryTest, KnowsTheClassOfAnObjectByItsExactType) {
 TEST_F(ClassRegistryTest, LooksThroughSuperclasses) {
     const ObjectClass& derived = classNamed("Derived");
     EXPECT_NE(derived.outlet("panel"), nullptr);
-    EXPECT_NE(derived.action("closed"), nullptr);
     EXPECT_EQ(derived.action("Closed"), nullptr);
     EXPECT_EQ(derived.property("radius"), nullptr);
     EXPECT_EQ(derived.outletNames(), (std::vector<std::string>{"delegate", "panel"}));
+    registerTestClasses(); // a second time is harmless
     EXPECT_EQ(derived.actionNames(), (std::vector<std::string>{"closed", "tapped:"}));
-}
-
-TEST_F(ClassRegistryTest, RegisteringTwiceIsHarmless) {
-    registerTestClasses();
-    EXPECT_EQ(classNamed("Base").actionNames().size(), 2U);
 }
 
 TEST_F(ClassRegistryTest, SetsPropertiesOfTheRightTypeOnly) {
@@ -45,28 +40,24 @@ TEST_F(ClassRegistryTest, SetsPropertiesOfTheRightTypeOnly) {
     EXPECT_EQ(set(*object, "title", std::string("Vibes")), Acceptance::accepted);
     EXPECT_EQ(set(*object, "hidden", true), Acceptance::accepted);
     EXPECT_EQ(set(*object, "tag", 4.0), Acceptance::accepted);
-    EXPECT_EQ(set(*object, "frame", CGRectMake(1, 2, 3, 4)), Acceptance::accepted);
-    EXPECT_EQ(object->title, "Vibes");
-    EXPECT_TRUE(object->hidden);
-    EXPECT_EQ(object->tag, 4);
-    EXPECT_EQ(object->frame, CGRectMake(1, 2, 3, 4));
-    EXPECT_EQ(set(*object, "stroke", 2.0), Acceptance::accepted);
-    EXPECT_EQ(object->tag, 20);
-
     EXPECT_EQ(set(*object, "title", 1.0), Acceptance::wrongType);
     EXPECT_EQ(set(*object, "hidden", 1.0), Acceptance::wrongType);
     EXPECT_EQ(set(*object, "tag", std::string("4")), Acceptance::wrongType);
     EXPECT_EQ(object->title, "Vibes");
+    EXPECT_TRUE(object->hidden);
+    EXPECT_EQ(object->tag, 4);
+    EXPECT_EQ(set(*object, "stroke", 2.0), Acceptance::accepted); // a free function
+    EXPECT_EQ(object->tag, 20);
 }
 
 TEST_F(ClassRegistryTest, SetsObjectsOfTheRightClassAndNil) {
     const auto object = std::make_shared<Derived>();
-    EXPECT_EQ(set(*object, "colour", std::shared_ptr<NSObject>(std::make_shared<Part>())), Acceptance::wrongType);
-    EXPECT_EQ(object->colour->name, "none");
-    EXPECT_EQ(set(*object, "colour", std::shared_ptr<NSObject>(std::make_shared<Colour>("red"))), Acceptance::accepted);
-    EXPECT_EQ(object->colour->name, "red");
-    EXPECT_EQ(set(*object, "colour", std::shared_ptr<NSObject>()), Acceptance::accepted);
-    EXPECT_EQ(object->colour, nullptr);
+    const auto part = std::make_shared<Part>();
+    EXPECT_EQ(set(*object, "held", std::shared_ptr<NSObject>(part)), Acceptance::accepted);
+    EXPECT_EQ(set(*object, "held", std::shared_ptr<NSObject>(object)), Acceptance::wrongType);
+    EXPECT_EQ(object->held, part);
+    EXPECT_EQ(set(*object, "held", std::shared_ptr<NSObject>()), Acceptance::accepted);
+    EXPECT_EQ(object->held, nullptr);
 }
 
 TEST_F(ClassRegistryTest, ReachesPartsOfAnObjectByName) {
@@ -80,7 +71,7 @@ TEST_F(ClassRegistryTest, ConnectsOutletsWeaklyAndOnlyToTheirClass) {
     const auto object = std::make_shared<Derived>();
     auto part = std::make_shared<Part>();
     const auto& connect = *classNamed("Derived").outlet("panel");
-    EXPECT_EQ(connect(*object, std::make_shared<Colour>("red")), Acceptance::wrongType);
+    EXPECT_EQ(connect(*object, object), Acceptance::wrongType);
     EXPECT_EQ(connect(*object, part), Acceptance::accepted);
     EXPECT_TRUE(object->panel.is(*part));
     EXPECT_EQ((*classNamed("Derived").outlet("delegate"))(*object, part), Acceptance::accepted);
@@ -91,19 +82,15 @@ TEST_F(ClassRegistryTest, ConnectsOutletsWeaklyAndOnlyToTheirClass) {
 
 TEST_F(ClassRegistryTest, RunsActionsBySelectorText) {
     const auto object = std::make_shared<Base>();
-    const auto sender = std::make_shared<Part>();
-    EXPECT_TRUE(performSelector(*object, "tapped:", sender.get()));
-    EXPECT_EQ(object->sender, sender.get());
-    EXPECT_TRUE(performSelector(*object, "closed", sender.get()));
+    EXPECT_TRUE(performSelector(*object, "tapped:", object.get()));
+    EXPECT_EQ(object->sender, object.get());
+    EXPECT_TRUE(performSelector(*object, "closed", nullptr));
     EXPECT_EQ(object->closings, 1);
-    EXPECT_FALSE(performSelector(*object, "tapped", sender.get()));
+    EXPECT_FALSE(performSelector(*object, "tapped", nullptr));
     EXPECT_FALSE(respondsToSelector(*object, "radius"));
-}
-
-TEST_F(ClassRegistryTest, ASubclassOverridesAnAction) {
-    const auto object = std::make_shared<Derived>();
-    EXPECT_TRUE(performSelector(*object, "tapped:", nullptr));
-    EXPECT_EQ(object->closings, 2);
+    const auto derived = std::make_shared<Derived>(); // overrides the action
+    EXPECT_TRUE(performSelector(*derived, "tapped:", nullptr));
+    EXPECT_EQ(derived->closings, 2);
 }
 
 TEST_F(ClassRegistryTest, AnObjectOutlivesTheActionThatDropsIt) {
@@ -111,18 +98,20 @@ TEST_F(ClassRegistryTest, AnObjectOutlivesTheActionThatDropsIt) {
     public:
         void drop() {
             held->reset();
-            *lives = !weak_from_this().expired();
+            ASSERT_FALSE(weak_from_this().expired());
+            ++*drops;
         }
         std::shared_ptr<Owner>* held = nullptr;
-        std::shared_ptr<bool> lives = std::make_shared<bool>(false);
+        int* drops = nullptr;
     };
     ClassBuilder<Owner>("Owner", "NSObject").action("drop", &Owner::drop);
     auto object = std::make_shared<Owner>();
+    int drops = 0;
     object->held = &object;
-    const std::shared_ptr<bool> livedOn = object->lives;
+    object->drops = &drops;
     const std::weak_ptr<Owner> observed = object;
     EXPECT_TRUE(performSelector(*object, "drop", nullptr));
-    EXPECT_TRUE(*livedOn);
+    EXPECT_EQ(drops, 1);
     EXPECT_TRUE(observed.expired());
 }
 

@@ -9,17 +9,14 @@ void setStroke(Base& base, double value) {
 } // namespace
 
 void registerTestClasses() {
-    ClassBuilder<Colour>("Colour", "NSObject");
     ClassBuilder<Part>("Part", "NSObject").property("radius", &Part::setRadius);
     ClassBuilder<Base>("Base", "NSObject")
-        .madeByCoder()
         .outlet("panel", &Base::panel)
         .outlet("delegate", &Base::setDelegate)
         .property("title", &Base::setTitle)
         .property("hidden", &Base::setHidden)
         .property("tag", &Base::setTag)
-        .property("colour", &Base::setColour)
-        .property("frame", &Base::setFrame)
+        .property("held", &Base::setHeld)
         .property("stroke", &setStroke)
         .object("part", &Base::part)
         .action("tapped:", &Base::tapped)

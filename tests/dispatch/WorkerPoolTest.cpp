@@ -20,22 +20,7 @@ TEST(WorkerPool, TellsWhenEverythingHasRunAndIsDestroyed) {
     EXPECT_EQ(held.use_count(), 1);
 }
 
-TEST(WorkerPool, RunsBlocksAtTheSameTime) {
-    WorkerPool pool;
-    std::atomic<int> met = 0;
-    for (int i = 0; i < 2; ++i) {
-        pool.submit(QOS_CLASS_DEFAULT, [&met] {
-            ++met;
-            while (met < 2) {
-                std::this_thread::yield();
-            }
-        });
-    }
-    pool.waitUntilIdle();
-    EXPECT_EQ(met, 2);
-}
-
-TEST(WorkerPool, BeginsTheHigherClassFirst) {
+TEST(WorkerPool, RunsBlocksAtTheSameTimeAndBeginsTheHigherClassFirst) {
     WorkerPool pool;
     const unsigned threads = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
     std::atomic<unsigned> begun = 0;

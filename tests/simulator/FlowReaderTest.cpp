@@ -59,7 +59,7 @@ const BadFlow badFlows[] = {
     {"- tapOn: {text: \"a\\\", id: b}\n", "1:17: error: this quote is not closed on its line"},
     {"- tapOn:\n\ttext: a\n", "2:1: error: tab used for indentation; use spaces"},
     {"- assertDebug: [a, b\n", "2:1: error: not readable as YAML: end of sequence flow not found"},
-    {"- tapOn: &a\n    text: *a\n", "2:5: error: this refers to itself"},
+    {"- tapOn: &a\n    text: *a\n", "1:10: error: this refers to itself"},
     // Values.
     {"- wait: soon\n", "1:9: error: a whole number, 0 or above, is expected here"},
     {"- wait: -1\n", "1:9: error: a whole number, 0 or above, is expected here"},

@@ -1,6 +1,7 @@
 #include "simulator/commands/CommandLine.h"
 
 #include "content/DropdownRows.h"
+#include "platform/foundation/Nearest.h"
 #include "simulator/commands/GalleryCommand.h"
 #include "simulator/commands/RunCommand.h"
 #include "simulator/commands/ShotCommand.h"
@@ -8,14 +9,21 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <iostream>
 
 namespace {
 
+constexpr const char* examples = "Examples:\n"
+                                 "  parlor run                         plays the typical road\n"
+                                 "  parlor run --content MyList.json   shows your content file\n"
+                                 "  parlor tree                        what the screen is made of\n"
+                                 "  parlor run --help                  all that a command can do\n";
+
 constexpr const char* runExamples =
     "Examples:\n"
     "  parlor run                                  the typical road\n"
-    "  parlor run --content MyList.json            the same, showing your list in place of \"Adult (18+)\"\n"
+    "  parlor run --content MyList.json            your list on screen, as that of \"Adult (18+)\"\n"
     "  parlor run --content Friends.json flows/friends.yaml\n"
     "                                              a file named after a group is shown for that group\n"
     "  parlor run flows --report report.json       every flow of a folder, with a report\n"
@@ -86,6 +94,19 @@ CLI::App* addGallery(CLI::App& app, RunOptions& options, GalleryOptions& gallery
     return command;
 }
 
+/// Says on standard error which command was probably meant.
+bool isCommandOrOption(const CLI::App& app, const std::string& argument) {
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands({})) {
+        names.push_back(command->get_name());
+    }
+    if (argument.starts_with('-') || std::find(names.begin(), names.end(), argument) != names.end()) {
+        return true;
+    }
+    std::cerr << "parlor: there is no command '" << argument << "'" << suggestion(argument, names) << '\n';
+    return false;
+}
+
 } // namespace
 
 int runCommandLine(int argc, const char* const* argv) {
@@ -93,10 +114,12 @@ int runCommandLine(int argc, const char* const* argv) {
     app.name("parlor");
     app.set_version_flag("--version", "parlor " PARLOR_VERSION);
     app.require_subcommand(1);
+    app.footer(examples);
     RunOptions options;
 
     CLI::App* run = app.add_subcommand("run", "Plays flows without a display, in virtual time");
-    run->add_option("flow", options.flows, "Flow files, or folders of them (default: the typical road)")
+    run->add_option("flow", options.flows,
+                    "Flow files, or folders of them (default: the typical road, or a look at the content file)")
         ->type_name("FLOW");
     addShared(*run, options);
     run->add_option("--report", options.report, "Writes what happened to this file, as JSON")->type_name("FILE");
@@ -117,6 +140,9 @@ int runCommandLine(int argc, const char* const* argv) {
     const CLI::App* shotCommand = addShot(app, options, shot);
     const CLI::App* galleryCommand = addGallery(app, options, gallery);
 
+    if (argc > 1 && !isCommandOrOption(app, argv[1])) {
+        return exitUsage;
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

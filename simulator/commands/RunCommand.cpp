@@ -1,5 +1,6 @@
 #include "simulator/commands/RunCommand.h"
 
+#include "simulator/commands/ContentFlow.h"
 #include "simulator/commands/FlowFiles.h"
 #include "simulator/commands/Report.h"
 #include "simulator/commands/Stage.h"
@@ -34,6 +35,16 @@ FlowResult playOn(const Stage& stage, const Flow& flow, const RunOptions& option
         .play();
 }
 
+std::optional<std::vector<Flow>> flowsToPlay(const RunOptions& options) {
+    if (!options.flows.empty()) {
+        return readFlows(flowFiles(options.flows));
+    }
+    if (options.content) { // the typical road is about the lists that come with the extension
+        return std::vector{contentFlow(*options.content)};
+    }
+    return readFlows({besideProgram("flows/typical-road.yaml").string()});
+}
+
 bool writeReport(const std::string& path, const std::vector<FlowResult>& results) {
     std::ofstream file(path, std::ios::binary);
     file << reportText(results);
@@ -49,9 +60,7 @@ ExitStatus runFlows(const RunOptions& options) {
         std::cerr << "parlor: golden pictures are not updated where CI is set in the environment\n";
         return exitUsage;
     }
-    const std::vector<std::string> named =
-        options.flows.empty() ? std::vector{besideProgram("flows/typical-road.yaml").string()} : options.flows;
-    const std::optional<std::vector<Flow>> flows = readFlows(flowFiles(named));
+    const std::optional<std::vector<Flow>> flows = flowsToPlay(options);
     if (!flows) {
         return exitUsage;
     }

@@ -7,7 +7,7 @@
 
 /// What a command line asks for.
 struct RunOptions {
-    std::vector<std::string> flows;       // files and folders; empty: the typical road
+    std::vector<std::string> flows;       // files and folders; empty: the content file, or the typical road
     std::filesystem::path bundle;         // empty: the one that was built beside the program
     std::string device;                   // empty: each flow's own, or 15
     std::optional<std::string> content;   // a content file to show

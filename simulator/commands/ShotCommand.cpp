@@ -1,6 +1,5 @@
 #include "simulator/commands/ShotCommand.h"
 
-#include "content/DropdownRows.h"
 #include "game/CategoriesVC.h"
 #include "platform/graphics/PNG.h"
 #include "simulator/commands/OutputAside.h"
@@ -10,20 +9,13 @@
 #include "simulator/pictures/PictureComparison.h"
 #include "simulator/pictures/ScreenPicture.h"
 
-#include <algorithm>
 #include <iostream>
 #include <optional>
 
 namespace {
 
-bool isGroup(const std::string& name) {
-    const std::vector<std::string> groups = playerGroupTitles();
-    return std::find(groups.begin(), groups.end(), name) != groups.end();
-}
-
 std::string groupToShow(const RunOptions& options, const ShotOptions& shot) {
-    const std::string named = options.content ? std::filesystem::path(*options.content).stem().string() : "";
-    return shot.group ? *shot.group : isGroup(named) ? named : playerGroupTitles().front();
+    return shot.group.value_or(groupFor(options.content.value_or("")));
 }
 
 /// A mistyped name must not cost somebody a file.

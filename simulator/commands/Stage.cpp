@@ -1,18 +1,20 @@
 #include "simulator/commands/Stage.h"
 
-#include "content/CurrentOption.h"
+#include "content/DropdownRows.h"
 #include "platform/foundation/FileReading.h"
+#include "platform/foundation/NSBundle.h"
 #include "simulator/commands/BundleCheck.h"
 #include "simulator/conversation/ExtensionBundle.h"
 
+#include <algorithm>
 #include <iostream>
 
 namespace {
 
-/// A content file takes the place of the list it is named after, or of the one that is shown first.
-std::string resourceFor(const std::filesystem::path& content) {
-    const bool named = currentOptionFromRawValue(content.stem().string()).has_value();
-    return (named ? content.stem().string() : rawValue(CurrentOption::Adult_18_Plus)) + ".json";
+std::optional<std::filesystem::path> mainStoryboard() {
+    const NSBundle& bundle = NSBundle::mainBundle();
+    const auto name = bundle.objectForInfoDictionaryKeyPath({"NSExtension", "NSExtensionMainStoryboard"});
+    return name ? bundle.URLForResource(*name, "storyboard") : std::nullopt;
 }
 
 std::nullopt_t refuse(const std::string& why, ExitStatus& status) {
@@ -22,6 +24,12 @@ std::nullopt_t refuse(const std::string& why, ExitStatus& status) {
 }
 
 } // namespace
+
+std::string groupFor(const std::filesystem::path& content) {
+    const std::vector<std::string> groups = playerGroupTitles();
+    const auto named = std::find(groups.begin(), groups.end(), content.stem().string());
+    return named != groups.end() ? *named : groups.front();
+}
 
 Device setStage(const Stage& stage, const Flow& flow) {
     std::vector<ResourceOverride> overrides = stage.overrides;
@@ -48,9 +56,14 @@ std::optional<Stage> prepareStage(const RunOptions& options, ExitStatus& status)
         if (const Result<std::string> text = readWholeFile(*options.content); !text) {
             return refuse(text.error(), status);
         }
-        stage.overrides.push_back({resourceFor(*options.content), options.content});
+        stage.overrides.push_back({groupFor(*options.content) + ".json", options.content});
     }
     openExtensionBundle(stage.bundle, stage.overrides);
+    if (!mainStoryboard()) {
+        return refuse(stage.bundle.string() + ": Info.plist names no storyboard that is there as NSExtension, " +
+                          "NSExtensionMainStoryboard",
+                      status);
+    }
     const BundleFindings findings = checkBundleData();
     for (const Finding& finding : findings.all) {
         std::cerr << finding.describe() << '\n';

@@ -4,7 +4,9 @@
 #include "simulator/conversation/Device.h"
 #include "simulator/flows/Flow.h"
 
+#include <filesystem>
 #include <optional>
+#include <string>
 #include <vector>
 
 /// What a command line gives every flow: the bundle, perhaps a device and a content file to show. Made once the options
@@ -15,6 +17,9 @@ struct Stage {
     bool deviceIsAsked = false; // the command line names it; then it stands in for a flow's own
     std::vector<ResourceOverride> overrides;
 };
+
+/// The player group that a content file is shown for: the one it is named after, or else the one that is shown first.
+[[nodiscard]] std::string groupFor(const std::filesystem::path& content);
 
 /// Sets the bundle up for a flow and gives the device that it is played on.
 [[nodiscard]] Device setStage(const Stage& stage, const Flow& flow);

@@ -83,6 +83,16 @@ TEST_F(StageTest, ShowsAContentFileForTheGroupItIsNamedAfterOrElseTheFirst) {
     options.content = (folder.path() / "Family.json").string();
     EXPECT_THAT(complaint(), IsEmpty());
     EXPECT_EQ(stage->overrides.at(0).name, "Family.json");
+    options.content = (folder.path() / "Dating.json").string(); // no group: nobody could choose it on screen
+    EXPECT_THAT(complaint(), IsEmpty());
+    EXPECT_EQ(stage->overrides.at(0).name, "Adult (18+).json");
+}
+
+TEST_F(StageTest, RefusesABundleWhoseMainStoryboardIsNotThere) {
+    edit("Info.plist", "<string>MainInterface</string>", "<string>Interface</string>");
+    EXPECT_THAT(complaint(), HasSubstr("NSExtensionMainStoryboard"));
+    EXPECT_FALSE(stage);
+    EXPECT_EQ(status, exitUsage);
 }
 
 } // namespace

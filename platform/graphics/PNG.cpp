@@ -84,6 +84,10 @@ void premultiplyRows(Bitmap& bitmap) {
             std::array<std::uint8_t, 4> bytes{};
             std::memcpy(bytes.data(), row + x, bytes.size());
             const std::uint32_t alpha = bytes[3];
+            if (alpha == 0) { // most of an icon
+                row[x] = 0;
+                continue;
+            }
             row[x] = (alpha << 24) | (premultiplied(bytes[2], alpha) << 16) | (premultiplied(bytes[1], alpha) << 8) |
                      premultiplied(bytes[0], alpha);
         }

@@ -1,10 +1,18 @@
 #include "platform/graphics/UIImage.h"
 
 #include "platform/graphics/AssetCatalog.h"
+#include "platform/graphics/ImageDecoder.h"
 #include "platform/graphics/PNG.h"
 
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+/// Larger ones are no icons, and decoded ahead they could hold much memory for nothing; in pixels.
+constexpr CGFloat mostDecodedAhead = 256 * 256;
+
+} // namespace
 
 UIImage::UIImage(std::string name, std::vector<UIImageRepresentation> representations,
                  UIImageRenderingMode renderingMode)
@@ -30,6 +38,13 @@ CGSize UIImage::size() const {
 CGFloat UIImage::scale() const {
     measure();
     return m_scale;
+}
+
+void UIImage::prepareForDisplay(CGFloat deviceScale) const {
+    const UIImageRepresentation* file = representationForScale(deviceScale);
+    if (file != nullptr && size().width * file->scale * size().height * file->scale <= mostDecodedAhead) {
+        ImageDecoder::shared().begin(file->path);
+    }
 }
 
 const UIImageRepresentation* UIImage::representationForScale(CGFloat deviceScale) const {

@@ -18,7 +18,8 @@ struct UIImageRepresentation {
 };
 
 /// An image by reference to its files, immutable. Its size is read from the first readable file's header; pixels are
-/// decoded only when they are drawn, and kept in a bounded cache. An image whose files are broken has no size and
+/// decoded when they are drawn (those of a small image that is about to be shown, shortly before) and kept in a bounded
+/// cache. An image whose files are broken has no size and
 /// draws nothing.
 class UIImage : public NSObject {
 public:
@@ -36,6 +37,8 @@ public:
     /// Pixels a point of the file that gave the size.
     [[nodiscard]] CGFloat scale() const;
     [[nodiscard]] UIImageRenderingMode renderingMode() const { return m_renderingMode; }
+    /// Has a small image decoded beside the main thread by the time it is drawn on a screen of `deviceScale`.
+    void prepareForDisplay(CGFloat deviceScale) const;
     /// The file to draw on a screen of `deviceScale`: the smallest that is large enough, else the largest; null without
     /// files.
     [[nodiscard]] const UIImageRepresentation* representationForScale(CGFloat deviceScale) const;

@@ -1,5 +1,6 @@
 #include "platform/uikit/UIImageView.h"
 
+#include "platform/uikit/UIScreen.h"
 
 UIImageView::UIImageView(const CGRect& frame) : UIView(frame) {
     setUserInteractionEnabled(false);
@@ -8,6 +9,7 @@ UIImageView::UIImageView(const CGRect& frame) : UIView(frame) {
 UIImageView::UIImageView(const NSCoder& coder)
     : UIView(coder), m_image(coder.objectOf<UIImage>("image", "an image").value_or(nullptr)) {
     setUserInteractionEnabled(coder.boolean("userInteractionEnabled").value_or(false));
+    prepareImage();
 }
 
 void UIImageView::setImage(const std::shared_ptr<UIImage>& image) {
@@ -16,10 +18,17 @@ void UIImageView::setImage(const std::shared_ptr<UIImage>& image) {
     }
     const CGSize before = UIImageView::intrinsicContentSize();
     m_image = image;
+    prepareImage();
     if (UIImageView::intrinsicContentSize() != before) {
         invalidateIntrinsicContentSize();
     }
     setNeedsDisplay();
+}
+
+void UIImageView::prepareImage() const {
+    if (m_image) {
+        m_image->prepareForDisplay(UIScreen::mainScreen().scale());
+    }
 }
 
 CGSize UIImageView::intrinsicContentSize() const {

@@ -18,5 +18,7 @@ public:
     void drawRect(const CGRect& rect) override;
 
 private:
+    void prepareImage() const;
+
     std::shared_ptr<UIImage> m_image;
 };

@@ -1,6 +1,6 @@
 #include "platform/graphics/cairo/ScaledImages.h"
 
-#include "platform/graphics/PNG.h"
+#include "platform/graphics/ImageDecoder.h"
 
 #include <cairo.h>
 
@@ -34,7 +34,7 @@ Bitmap scaled(Bitmap& source, int width, int height) {
 }
 
 std::shared_ptr<const Bitmap> load(const std::string& path, int width, int height) {
-    PNGReading reading = readPNG(path);
+    PNGReading reading = ImageDecoder::shared().take(path);
     if (!reading.bitmap.has_value()) {
         return nullptr;
     }

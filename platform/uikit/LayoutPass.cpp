@@ -63,4 +63,5 @@ void LayoutPass::solve(UIView& root) {
     for (int count = 0; count < maximumSolves && root.m_system->update(); ++count) {
         root.m_system->placeViews();
     }
+    root.m_system->report(); // not before: the first solution may rest on the safe area of the place before
 }

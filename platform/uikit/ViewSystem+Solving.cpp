@@ -89,10 +89,11 @@ bool ViewSystem::update() {
         m_changed = refreshItems();
     }
     m_changed = false;
-    if (m_purpose == Purpose::placing) {
-        reportLayout(m_result);
-    }
     return true;
+}
+
+void ViewSystem::report() const {
+    reportLayout(m_result);
 }
 
 /// Solves before anything is measured, so that a text whose width its surroundings give is laid out for that width

@@ -25,6 +25,8 @@ public:
     bool update();
     /// Gives the views the frames found, on device pixels.
     void placeViews();
+    /// Tells of conflicts and open places in the last solution.
+    void report() const;
     [[nodiscard]] CGFloat heightForWidth(CGFloat width);
 
 private:

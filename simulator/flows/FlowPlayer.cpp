@@ -2,6 +2,7 @@
 
 #include "platform/foundation/DebugConsole.h"
 #include "platform/foundation/Nearest.h"
+#include "platform/uikit/LayoutReports.h"
 
 #include <filesystem>
 
@@ -22,12 +23,14 @@ FlowPlayer::FlowPlayer(const Flow& flow, Device device, std::function<void(const
         m_story.tell(*m_host);
     });
     setDebugConsoleObserver([this](std::string_view line) { m_debugLines.emplace_back(line); });
+    setLayoutReportObserver([this](const std::string& report) { m_log.add("layout", report); });
 }
 
 FlowPlayer::~FlowPlayer() {
     m_host->close();
     MainRunLoop::shared().reset();
     setDebugConsoleObserver({});
+    setLayoutReportObserver({});
 }
 
 FlowResult FlowPlayer::play() {

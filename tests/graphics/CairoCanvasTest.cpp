@@ -2,7 +2,7 @@
 
 #include "platform/graphics/TextLayout.h"
 #include "platform/graphics/UIImage.h"
-#include "tests/graphics/TemporaryFolder.h"
+#include "tests/graphics/PictureFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -42,12 +42,7 @@ std::uint32_t alphaAt(const Bitmap& bitmap, int x, int y) {
 }
 
 TextRequest line(const std::string& text, CGFloat width, NSTextAlignment alignment = NSTextAlignment::natural) {
-    TextRequest request;
-    request.text = text;
-    request.width = width;
-    request.alignment = alignment;
-    request.maximumLines = 1;
-    return request;
+    return {.text = text, .alignment = alignment, .maximumLines = 1, .width = width};
 }
 
 Ink inkOfText(const TextRequest& request) {
@@ -97,7 +92,7 @@ TEST(CairoCanvasTest, RoundedClipsCutCornersOnlyWhereTheyAre) {
 }
 
 TEST(CairoCanvasTest, PlainClipsAndImagesSnapToPixels) {
-    const TemporaryFolder folder;
+    const PictureFolder folder;
     const UIImage image("dot", {{folder.writePicture("dot.png", 4, 4, red), 1}});
     Bitmap bitmap(20, 20);
     CairoCanvas canvas(bitmap, 1);

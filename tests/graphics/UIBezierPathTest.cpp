@@ -47,19 +47,17 @@ TEST(UIBezierPathTest, DrawsNothingOutsideOfDrawing) {
     const auto path = UIBezierPath::bezierPathWithRect(CGRectMake(0, 0, 1, 1));
     path->stroke();
     path->fill();
+    UIColor::blueColor()->set();
     EXPECT_EQ(DrawingContext::current(), nullptr);
 }
 
-TEST(CGPathTest, ARoundedRectangleHasAtMostHalfItsShorterSideAsRadius) {
-    EXPECT_EQ(CGPath::withRoundedRect(CGRectMake(0, 0, 100, 20), 50).asRectangle()->radius, 10);
-    EXPECT_EQ(CGPath::withRoundedRect(CGRectMake(0, 0, 100, 20), 0).elements(),
-              CGPath::withRect(CGRectMake(0, 0, 100, 20)).elements());
-}
-
-TEST(CGPathTest, IsNoLongerARectangleWhenSomethingIsAdded) {
-    CGPath path = CGPath::withRect(CGRectMake(0, 0, 10, 10));
+TEST(CGPathTest, KnowsWhetherItIsARoundedRectangle) {
+    CGPath path = CGPath::withRoundedRect(CGRectMake(0, 0, 100, 20), 50);
+    EXPECT_EQ(path.asRectangle()->radius, 10) << "half its shorter side at most";
     path.addLineTo({20, 20});
     EXPECT_FALSE(path.asRectangle().has_value());
+    EXPECT_EQ(CGPath::withRoundedRect(CGRectMake(0, 0, 100, 20), 0).elements(),
+              CGPath::withRect(CGRectMake(0, 0, 100, 20)).elements());
 }
 
 TEST(CGPathTest, TheBoundsOfABrokenPathAreNoNumber) {

@@ -123,6 +123,9 @@ FlowAction readTapOn(const FlowValue& value) {
     if (value.isMap()) {
         value.allowOnly({"text", "id", "index", "point"});
         if (const auto point = value.find("point")) {
+            if (value.find("text") || value.find("id") || value.find("index")) {
+                point->complain("a point is a place of its own; leave out 'text', 'id' and 'index'");
+            }
             return [target = readPoint(*point)](FlowPlayer& player) -> Outcome { return tapPlace(player, target); };
         }
         return [selector = readSelectorKeys(value)](FlowPlayer& player) { return tapElement(player, selector); };

@@ -3,6 +3,8 @@
 #include "platform/graphics/UIImage.h"
 #include "tests/interface/InterfaceFixture.h"
 
+#include <map>
+
 namespace {
 
 class Catalogue : public InterfaceFixture {
@@ -24,38 +26,31 @@ protected:
 };
 
 TEST_F(Catalogue, ReadsColourComponentsInEveryNotation) {
-    writeColor("point", color("\"0.486\""));
-    writeColor("hex", color("\"0xE0\""));
-    writeColor("byte", color("\"174\""));
-    writeColor("number", color("0.25"));
+    for (const auto& [written, red] : std::vector<std::pair<std::string, double>>{
+             {"\"0.486\"", 0.486}, {"\"0xE0\"", 224 / 255.0}, {"\"174\"", 174 / 255.0}, {"0.25", 0.25}}) {
+        writeColor(std::to_string(red), color(written));
+        EXPECT_DOUBLE_EQ(redOf(std::to_string(red)), red);
+    }
     writeColor("wide", color("\"0.5\"", "", "display-p3"));
+    EXPECT_NEAR(redOf("wide"), 0.54896, 0.0001);
     writeColor(
         "gray",
         R"({"idiom":"universal","color":{"color-space":"gray-gamma-22","components":{"white":"0.3","alpha":"0.5"}}})");
-    EXPECT_DOUBLE_EQ(redOf("point"), 0.486);
-    EXPECT_DOUBLE_EQ(redOf("hex"), 224 / 255.0);
-    EXPECT_DOUBLE_EQ(redOf("byte"), 174 / 255.0);
-    EXPECT_DOUBLE_EQ(redOf("number"), 0.25);
-    EXPECT_NEAR(redOf("wide"), 0.54896, 0.0001);
     EXPECT_EQ(UIColor::colorNamed("gray")->components(), (RGBA{0.3, 0.3, 0.3, 0.5}));
+    writeColor("system", R"({"idiom":"universal","color":{"platform":"ios","reference":"systemRedColor"}})");
+    EXPECT_EQ(UIColor::colorNamed("system")->components(), UIColor::systemColorNamed("systemRedColor")->components());
 }
 
 TEST_F(Catalogue, GivesTheDarkColourItsAppearanceAndLeavesHighContrastOut) {
-    writeColor("two", color("\"0.1\"") + "," +
-                          color("\"0.9\"", R"("appearances":[{"appearance":"luminosity","value":"dark"}],)") + "," +
-                          color("\"0.5\"", R"("appearances":[{"appearance":"contrast","value":"high"}],)"));
+    const std::string dark = color("\"0.9\"", R"("appearances":[{"appearance":"luminosity","value":"dark"}],)");
+    const std::string highContrast = color("\"0.5\"", R"("appearances":[{"appearance":"contrast","value":"high"}],)");
+    writeColor("two", color("\"0.1\"") + "," + dark + "," + highContrast);
+    writeColor("one", color("\"0.1\""));
+    writeColor("night", dark);
     EXPECT_DOUBLE_EQ(redOf("two"), 0.1);
     EXPECT_DOUBLE_EQ(redOf("two", UIUserInterfaceStyle::dark), 0.9);
-    writeColor("one", color("\"0.1\""));
     EXPECT_DOUBLE_EQ(redOf("one", UIUserInterfaceStyle::dark), 0.1);
-    writeColor("night", color("\"0.9\"", R"("appearances":[{"appearance":"luminosity","value":"dark"}],)"));
     EXPECT_DOUBLE_EQ(redOf("night"), 0.9);
-}
-
-TEST_F(Catalogue, FollowsAReferenceToASystemColour) {
-    writeColor("system", R"({"idiom":"universal","color":{"platform":"ios","reference":"systemRedColor"}})");
-    ASSERT_TRUE(UIColor::colorNamed("system"));
-    EXPECT_EQ(UIColor::colorNamed("system")->components(), UIColor::systemColorNamed("systemRedColor")->components());
 }
 
 TEST_F(Catalogue, HasNoColourWhereItsFileIsMissingOrBroken) {
@@ -74,9 +69,9 @@ TEST_F(Catalogue, TakesTheRenderedPicturesOfADrawing) {
     const auto arrow = UIImage::imageNamed("arrow");
     ASSERT_TRUE(arrow);
     EXPECT_EQ(arrow->renderingMode(), UIImageRenderingMode::alwaysTemplate);
-    EXPECT_EQ(withoutFolder(arrow->representationForScale(1)->path), "Assets.xcassets/arrow.imageset/a.png");
-    EXPECT_EQ(withoutFolder(arrow->representationForScale(2)->path), "Assets.xcassets/arrow.imageset/a@2x.png");
-    EXPECT_EQ(withoutFolder(arrow->representationForScale(3)->path), "Assets.xcassets/arrow.imageset/a@3x.png");
+    for (const auto& [scale, file] : std::map<int, std::string>{{1, "a.png"}, {2, "a@2x.png"}, {3, "a@3x.png"}}) {
+        EXPECT_EQ(withoutFolder(arrow->representationForScale(scale)->path), "Assets.xcassets/arrow.imageset/" + file);
+    }
     EXPECT_EQ(UIImage::imageNamed("arrow"), arrow);
 }
 

@@ -52,7 +52,9 @@ TEST_P(BrokenDocuments, AreSurvivedWhenCutOff) {
     tryDocument(whole);
 }
 
-TEST_P(BrokenDocuments, AreSurvivedWhenBytesChange) {
+TEST_P(BrokenDocuments, AreSurvivedWhenBytesOrValuesChange) {
+    const std::vector<std::string> values{"",      "YES",    "-1", "1e9",  "nan",
+                                          "0.5:0", "UIView", "-2", "view", std::string(100'000, 'x')};
     const std::string whole = text();
     std::mt19937 random(7);
     for (int round = 0; round < 150; ++round) {
@@ -61,21 +63,11 @@ TEST_P(BrokenDocuments, AreSurvivedWhenBytesChange) {
             changed[random() % changed.size()] = static_cast<char>(random() % 256);
         }
         tryDocument(changed);
-    }
-}
-
-TEST_P(BrokenDocuments, AreSurvivedWhenValuesChange) {
-    const std::string whole = text();
-    static const std::vector<std::string> values{"", "YES", "-1", "1e9", "nan", "0.5:0", "UIView", "-2", "view"};
-    std::mt19937 random(11);
-    for (int round = 0; round < 150; ++round) {
-        std::string changed = whole;
-        const std::size_t open = changed.find("=\"", random() % changed.size());
+        const std::size_t open = whole.find("=\"", random() % whole.size());
         if (open != std::string::npos) {
-            const std::size_t close = changed.find('"', open + 2);
-            changed.replace(open + 2, close - open - 2, values[random() % values.size()]);
+            const std::size_t close = whole.find('"', open + 2);
+            tryDocument(whole.substr(0, open + 2) + values[random() % values.size()] + whole.substr(close));
         }
-        tryDocument(changed);
     }
 }
 
@@ -86,12 +78,5 @@ INSTANTIATE_TEST_SUITE_P(Shipped, BrokenDocuments,
                              const std::string name = each.param;
                              return name.substr(0, name.find('.'));
                          });
-
-TEST(BrokenDocument, IsSurvivedWithAHugeAttribute) {
-    registerStandIns();
-    const std::string huge(4u << 20, 'x');
-    tryDocument("<document type=\"com.apple.InterfaceBuilder3.CocoaTouch.XIB\"><objects><label id=\"" + huge +
-                "\" numberOfLines=\"" + huge + "\"/></objects></document>");
-}
 
 } // namespace

@@ -14,11 +14,6 @@ protected:
     }
 };
 
-TEST_F(InterfaceCheck, FindsNothingInASoundBundle) {
-    write("A.xib", nibWith("<view id=\"v\"/>"));
-    EXPECT_EQ(findings(), "");
-}
-
 TEST_F(InterfaceCheck, GoesThroughEveryDocument) {
     write("A.xib", "<document");
     write("B.xib", nibWith("<label id=\"l\" numberOfLines=\"many\"/><label id=\"l\"/>"));

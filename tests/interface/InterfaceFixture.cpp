@@ -4,24 +4,10 @@
 #include "platform/uikit/UINib.h"
 #include "tests/interface/StandIns.h"
 
-#include <cstdlib>
-#include <fstream>
-
 InterfaceFixture::InterfaceFixture() {
-    std::string name = (std::filesystem::temp_directory_path() / "interface-XXXXXX").string();
-    m_folder = mkdtemp(name.data());
     registerStandIns();
-    NSBundle::setMainBundle(m_folder);
+    NSBundle::setMainBundle(folder());
     installInterfaceReaders();
-}
-
-InterfaceFixture::~InterfaceFixture() {
-    std::filesystem::remove_all(m_folder);
-}
-
-void InterfaceFixture::write(const std::string& name, const std::string& text) const {
-    std::filesystem::create_directories((m_folder / name).parent_path());
-    std::ofstream(m_folder / name, std::ios::binary) << text;
 }
 
 Result<InterfaceFixture::Objects> InterfaceFixture::instantiate(const std::string& nib,
@@ -41,7 +27,7 @@ std::string InterfaceFixture::errorsOf(const std::string& objects) const {
 }
 
 std::string InterfaceFixture::withoutFolder(std::string text) const {
-    const std::string prefix = m_folder.string() + "/";
+    const std::string prefix = folder().string() + "/";
     for (std::size_t at = text.find(prefix); at != std::string::npos; at = text.find(prefix)) {
         text.erase(at, prefix.size());
     }

@@ -3,10 +3,10 @@
 #include "platform/foundation/NSBundle.h"
 #include "platform/foundation/Result.h"
 #include "platform/runtime/NSObject.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,10 +17,8 @@ protected:
     using Objects = std::vector<std::shared_ptr<NSObject>>;
 
     InterfaceFixture();
-    ~InterfaceFixture() override;
 
-    /// Folders in the name are made.
-    void write(const std::string& name, const std::string& text) const;
+    void write(const std::string& name, const std::string& text) const { m_folder.write(name, text); }
     [[nodiscard]] Result<Objects> instantiate(const std::string& nib,
                                               const std::shared_ptr<NSObject>& owner = nullptr) const;
     /// The same of a nib whose <objects> hold this; the first line of `objects` is line 3 of the file.
@@ -30,13 +28,13 @@ protected:
     [[nodiscard]] std::string errorsOf(const std::string& objects) const;
     [[nodiscard]] std::string withoutFolder(std::string text) const;
     [[nodiscard]] const NSBundle& bundle() const { return NSBundle::mainBundle(); }
-    [[nodiscard]] const std::filesystem::path& folder() const { return m_folder; }
+    [[nodiscard]] const std::filesystem::path& folder() const { return m_folder.path(); }
 
     static std::string nibWith(const std::string& objects);
     static std::string storyboardWith(const std::string& initial, const std::string& scenes);
 
 private:
-    std::filesystem::path m_folder;
+    support::TemporaryFolder m_folder;
 };
 
 /// The first object of a nib that must be sound, typed.

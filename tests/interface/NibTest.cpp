@@ -16,6 +16,8 @@ const std::string cell = R"(<placeholder placeholderIdentifier="IBFilesOwner" id
   <constraints><constraint firstItem="l" firstAttribute="leading" secondItem="v" secondAttribute="leadingMargin"
     multiplier="3:2" priority="999" constant="-4" identifier="edge" id="k"/>
    <constraint firstItem="l" firstAttribute="width" placeholder="YES" constant="7" id="p"/></constraints>
+  <userDefinedRuntimeAttributes><userDefinedRuntimeAttribute type="number" keyPath="layer.cornerRadius">
+   <integer key="value" value="9"/></userDefinedRuntimeAttribute></userDefinedRuntimeAttributes>
  </tableViewCellContentView>
  <connections><outlet property="lblTitle" destination="l" id="o1"/><outlet property="viewBackground" destination="v" id="o2"/>
  </connections>
@@ -23,7 +25,7 @@ const std::string cell = R"(<placeholder placeholderIdentifier="IBFilesOwner" id
  </userDefinedRuntimeAttributes>
 </tableViewCell>)";
 
-TEST_F(Nib, MakesACellWithItsContentConnected) {
+TEST_F(Nib, MakesACellWithItsContentConnectedAndAwakensIt) {
     const auto made = firstOf<StandInModeCell>(instantiateObjects(cell));
     ASSERT_TRUE(made);
     EXPECT_EQ(made->reuseIdentifier(), "row");
@@ -34,6 +36,13 @@ TEST_F(Nib, MakesACellWithItsContentConnected) {
     EXPECT_TRUE(made->viewBackground.is(*made->contentView()));
     EXPECT_EQ(made->accessibilityIdentifier(), "x");
     EXPECT_FALSE(made->imgSelection.get());
+    EXPECT_EQ(made->awakenings, 1);
+    EXPECT_TRUE(made->connectedWhenAwoken);
+    const auto label = sourceLocationOf(*made->lblTitle);
+    ASSERT_TRUE(label);
+    EXPECT_EQ(withoutFolder(label->file), "Test.xib");
+    EXPECT_EQ(std::pair(label->line, label->column), std::pair(7, 3));
+    EXPECT_NE(firstOf<StandInModeCell>(instantiate("Test"))->lblTitle.get(), made->lblTitle.get());
 }
 
 TEST_F(Nib, MakesConstraintsAndLeavesPlaceholdersOut) {
@@ -51,26 +60,6 @@ TEST_F(Nib, MakesConstraintsAndLeavesPlaceholdersOut) {
     EXPECT_EQ(constraint.identifier(), "edge (Test.xib:9)");
 }
 
-TEST_F(Nib, AwakensEachObjectOnceAfterOutletsAndKeysAreSet) {
-    const auto made = firstOf<StandInModeCell>(instantiateObjects(R"(<tableViewCell id="c" customClass="ModeTblCell">
- <tableViewCellContentView key="contentView" id="v"><subviews><label id="l"/><view id="w">
-  <userDefinedRuntimeAttributes><userDefinedRuntimeAttribute type="number" keyPath="layer.cornerRadius">
-   <integer key="value" value="9"/></userDefinedRuntimeAttribute></userDefinedRuntimeAttributes></view></subviews>
- </tableViewCellContentView>
- <connections><outlet property="lblTitle" destination="l" id="o1"/><outlet property="viewBackground" destination="w" id="o2"/>
- </connections></tableViewCell>)"));
-    EXPECT_EQ(made->awakenings, 1);
-    EXPECT_TRUE(made->connectedWhenAwoken);
-    EXPECT_EQ(made->viewBackground->layer()->cornerRadius(), 9);
-}
-
-TEST_F(Nib, GivesNewObjectsEachTime) {
-    const auto one = firstOf<StandInModeCell>(instantiateObjects(cell));
-    const auto two = firstOf<StandInModeCell>(instantiate("Test"));
-    EXPECT_NE(one, two);
-    EXPECT_NE(one->lblTitle.get(), two->lblTitle.get());
-}
-
 TEST_F(Nib, ReadsAFileAgainThatHasChanged) {
     ASSERT_TRUE(firstOf<UILabel>(instantiateObjects("<label id=\"l\"/>")));
     const auto before = std::filesystem::last_write_time(folder() / "Test.xib");
@@ -79,25 +68,18 @@ TEST_F(Nib, ReadsAFileAgainThatHasChanged) {
     EXPECT_TRUE(firstOf<UIButton>(instantiate("Test")));
 }
 
-TEST_F(Nib, ListsTopLevelObjectsInFileOrderWithoutPlaceholders) {
-    const auto objects = instantiateObjects(
-        "<label id=\"a\"/><placeholder placeholderIdentifier=\"IBFirstResponder\" id=\"-2\"/><button id=\"b\"/>");
-    ASSERT_TRUE(objects);
-    ASSERT_EQ(objects.value().size(), 2u);
-    EXPECT_EQ(classNameOf(*objects.value()[0]), "UILabel");
-    EXPECT_EQ(classNameOf(*objects.value()[1]), "UIButton");
-}
-
-const std::string owned = R"(<placeholder placeholderIdentifier="IBFilesOwner" id="-1" customClass="ModeHeaderView">
- <connections><outlet property="lblHeaderTitle" destination="l" id="o"/></connections></placeholder>
-<view id="v"><subviews><label id="l" text="T"/></subviews></view>)";
-
-TEST_F(Nib, ConnectsItsOwnerAndDoesWithoutOne) {
+TEST_F(Nib, ConnectsItsOwnerAndGivesTopLevelObjectsInFileOrder) {
     const auto header = firstOf<StandInHeader>(instantiateObjects("<view id=\"h\" customClass=\"ModeHeaderView\"/>"));
+    const std::string owned = R"(<placeholder placeholderIdentifier="IBFilesOwner" id="-1" customClass="ModeHeaderView">
+ <connections><outlet property="lblHeaderTitle" destination="l" id="o"/></connections></placeholder>
+<label id="l" text="T"/><placeholder placeholderIdentifier="IBFirstResponder" id="-2"/><button id="b"/>)";
+    EXPECT_TRUE(instantiateObjects(owned)) << "without an owner";
     const auto objects = instantiateObjects(owned, header);
     ASSERT_TRUE(objects);
     EXPECT_EQ(header->lblHeaderTitle->text(), "T");
-    EXPECT_TRUE(instantiateObjects(owned));
+    ASSERT_EQ(objects.value().size(), 2u);
+    EXPECT_EQ(classNameOf(*objects.value()[0]), "UILabel");
+    EXPECT_EQ(classNameOf(*objects.value()[1]), "UIButton");
 }
 
 TEST_F(Nib, LeavesOutWhatTheDefaultVariationExcludes) {
@@ -121,42 +103,28 @@ TEST_F(Nib, KeepsTheFirstOfTwoObjectsWithOneId) {
     EXPECT_EQ(header->subviews().size(), 2u);
 }
 
-TEST_F(Nib, RemembersWhereEachObjectCameFrom) {
-    const auto made = firstOf<StandInModeCell>(instantiateObjects(cell));
-    const auto label = sourceLocationOf(*made->lblTitle);
-    ASSERT_TRUE(label);
-    EXPECT_EQ(withoutFolder(label->file), "Test.xib");
-    EXPECT_EQ(label->line, 7);
-    EXPECT_EQ(label->column, 3);
-    EXPECT_EQ(sourceLocationOf(*made->contentView()->constraints()[0])->line, 9);
-    EXPECT_FALSE(sourceLocationOf(*std::make_shared<UIView>()));
-}
-
 TEST_F(Nib, ReadsColoursInEveryForm) {
-    const auto colorOf = [&](const std::string& attributes) {
+    const std::vector<std::pair<std::string, RGBA>> forms{
+        {R"(white="0.25" alpha="0.5" colorSpace="custom" customColorSpace="genericGamma22GrayColorSpace")",
+         {0.25, 0.25, 0.25, 0.5}},
+        {R"(red="0.1" green="0.2" blue="0.3" alpha="1" colorSpace="custom" customColorSpace="sRGB")",
+         {0.1, 0.2, 0.3, 1}},
+        {R"(red="0.1" green="0.2" blue="0.3" alpha="1" colorSpace="calibratedRGB")", {0.1, 0.2, 0.3, 1}},
+        {R"(red="1" green="0" blue="0" colorSpace="custom" customColorSpace="displayP3")", {1, 0, 0, 1}},
+        {R"(red="0.5" green="0.6" blue="0.4" colorSpace="custom" customColorSpace="displayP3")",
+         {0.4737, 0.6038, 0.3760, 1}},
+        {R"(red="1" green="0" blue="0" systemColor="systemBackgroundColor")", {1, 1, 1, 1}},
+        {R"(cocoaTouchSystemColor="darkTextColor" white="0.2" alpha="1")",
+         UIColor::systemColorNamed("darkTextColor")->components()}};
+    for (const auto& [written, expected] : forms) {
         const auto view =
-            firstOf<UIView>(instantiateObjects("<view><color key=\"backgroundColor\" " + attributes + "/></view>"));
-        return view && view->backgroundColor() ? view->backgroundColor()->resolved(UIUserInterfaceStyle::light)
-                                               : RGBA{};
-    };
-    const auto expectColor = [](const RGBA& color, double red, double green, double blue, double alpha) {
-        EXPECT_NEAR(color.red, red, 0.002);
-        EXPECT_NEAR(color.green, green, 0.002);
-        EXPECT_NEAR(color.blue, blue, 0.002);
-        EXPECT_NEAR(color.alpha, alpha, 0.002);
-    };
-    expectColor(
-        colorOf(R"(white="0.25" alpha="0.5" colorSpace="custom" customColorSpace="genericGamma22GrayColorSpace")"),
-        0.25, 0.25, 0.25, 0.5);
-    expectColor(colorOf(R"(red="0.1" green="0.2" blue="0.3" alpha="1" colorSpace="custom" customColorSpace="sRGB")"),
-                0.1, 0.2, 0.3, 1);
-    expectColor(colorOf(R"(red="0.1" green="0.2" blue="0.3" alpha="1" colorSpace="calibratedRGB")"), 0.1, 0.2, 0.3, 1);
-    expectColor(colorOf(R"(red="1" green="0" blue="0" colorSpace="custom" customColorSpace="displayP3")"), 1, 0, 0, 1);
-    expectColor(colorOf(R"(red="0.5" green="0.6" blue="0.4" colorSpace="custom" customColorSpace="displayP3")"), 0.4737,
-                0.6038, 0.3760, 1);
-    EXPECT_EQ(colorOf(R"(red="1" green="0" blue="0" systemColor="systemBackgroundColor")"),
-              UIColor::systemColorNamed("systemBackgroundColor")->resolved(UIUserInterfaceStyle::light));
-    EXPECT_EQ(colorOf(R"(cocoaTouchSystemColor="darkTextColor" white="0.2" alpha="1")").alpha, 1);
+            firstOf<UIView>(instantiateObjects("<view><color key=\"backgroundColor\" " + written + "/></view>"));
+        const RGBA color = view->backgroundColor()->components();
+        EXPECT_NEAR(color.red, expected.red, 0.002) << written;
+        EXPECT_NEAR(color.green, expected.green, 0.002) << written;
+        EXPECT_NEAR(color.blue, expected.blue, 0.002) << written;
+        EXPECT_NEAR(color.alpha, expected.alpha, 0.002) << written;
+    }
 }
 
 TEST_F(Nib, TakesANamedColourFromTheCatalogueElseFromItsOwnResources) {
@@ -172,30 +140,51 @@ TEST_F(Nib, TakesANamedColourFromTheCatalogueElseFromItsOwnResources) {
     EXPECT_EQ(twig->backgroundColor()->components(), (RGBA{1, 0, 0, 1}));
 }
 
-TEST_F(Nib, ShowsNothingForAnImageOrColourThatNobodyHas) {
-    const auto image = firstOf<UIImageView>(instantiateObjects("<imageView image=\"nothing\"/>"));
-    EXPECT_FALSE(image->image());
-    const auto label =
-        firstOf<UILabel>(instantiateObjects("<label><color key=\"textColor\" name=\"Nothing\"/></label>"));
+TEST_F(Nib, FillsInWhatIsNotWrittenOrThatNobodyHas) {
+    EXPECT_FALSE(firstOf<UIImageView>(instantiateObjects("<imageView image=\"nothing\"/>"))->image());
+    const auto label = firstOf<UILabel>(
+        instantiateObjects("<label><string key=\"text\">one\ntwo</string><color key=\"textColor\" name=\"Nothing\"/>"
+                           "<fontDescription key=\"fontDescription\" type=\"boldSystem\" pointSize=\"0.0\"/></label>"));
     EXPECT_TRUE(label->textColor());
-}
-
-TEST_F(Nib, TakesTheStandardFontSizeWhereNoneIsWritten) {
-    const auto label = firstOf<UILabel>(instantiateObjects(
-        "<label><fontDescription key=\"fontDescription\" type=\"boldSystem\" pointSize=\"0.0\"/></label>"));
     EXPECT_EQ(*label->font(), *UIFont::boldSystemFontOfSize(17));
+    EXPECT_EQ(label->text(), "one\ntwo");
 }
 
-TEST_F(Nib, ReadsTextsWithLineBreaksFromAChild) {
-    const auto label = firstOf<UILabel>(instantiateObjects("<label><string key=\"text\">one\ntwo</string></label>"));
-    EXPECT_EQ(label->text(), "one\ntwo");
+TEST_F(Nib, ReadsHowAViewIsAndBehaves) {
+    const auto view = firstOf<UIView>(instantiateObjects(
+        R"(<view hidden="YES" clipsSubviews="YES" alpha="0.5" tag="9" verticalHuggingPriority="999">
+ <rect key="frame" x="1" y="2" width="30" height="40"/>
+ <autoresizingMask key="autoresizingMask" widthSizable="YES" flexibleMaxY="YES"/>
+ <accessibility key="accessibilityConfiguration" identifier="box" label="A box"/></view>)"));
+    EXPECT_EQ(view->frame(), CGRectMake(1, 2, 30, 40));
+    EXPECT_TRUE(view->isHidden() && view->clipsToBounds());
+    EXPECT_EQ(view->alpha(), 0.5);
+    EXPECT_EQ(view->tag(), 9);
+    EXPECT_EQ(view->contentHuggingPriority(UILayoutConstraintAxis::vertical), 999);
+    EXPECT_EQ(view->autoresizingMask(), UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleBottomMargin);
+    EXPECT_EQ(view->accessibilityIdentifier(), "box");
+    EXPECT_EQ(view->accessibilityLabel(), "A box");
+}
+
+TEST_F(Nib, CentresAButtonsTitleInsideItsInsets) {
+    const auto button = firstOf<UIButton>(instantiateObjects(
+        R"(<button buttonType="system"><rect key="frame" x="0" y="0" width="200" height="60"/>
+ <inset key="contentEdgeInsets" minX="20" minY="10" maxX="40" maxY="10"/><state key="normal" title="Let's play"/></button>)"));
+    button->layoutIfNeeded();
+    const CGSize text = button->titleLabel()->intrinsicContentSize();
+    EXPECT_EQ(button->intrinsicContentSize(), (CGSize{text.width + 60, text.height + 20}));
+    EXPECT_NEAR(button->titleLabel()->frame().size.width, text.width, 1e-9);
+    EXPECT_NEAR(button->titleLabel()->frame().midX(), 90, 0.5);
+    EXPECT_NEAR(button->titleLabel()->frame().midY(), 30, 0.5);
+    EXPECT_EQ(*button->titleLabel()->textColor(), *button->tintColor());
+    EXPECT_EQ(button->hitTestWithEvent({90, 30}, nullptr), button);
 }
 
 TEST_F(Nib, SurvivesFramesOfAnySize) {
     for (const char* number : {"1e9", "-1e9", "0.1e-300"}) {
-        const std::string n = number;
-        EXPECT_TRUE(instantiateObjects("<view><rect key=\"frame\" x=\"" + n + "\" y=\"" + n + "\" width=\"" + n +
-                                       "\" height=\"" + n + "\"/></view>"));
+        const std::string n = "=\"" + std::string(number) + "\" ";
+        EXPECT_TRUE(
+            instantiateObjects("<view><rect key=\"frame\" x" + n + "y" + n + "width" + n + "height" + n + "/></view>"));
     }
 }
 

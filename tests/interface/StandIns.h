@@ -12,53 +12,41 @@
 #include <string>
 #include <vector>
 
-/// Classes under the names that the extension's documents use, with the same outlets and actions, which only remember
-/// what was done to them.
+/// Classes under names that the extension's documents use, which only remember what was done to them.
 
 struct StandInView : UIView {
-    explicit StandInView(const NSCoder& coder) : UIView(coder) {}
+    using UIView::UIView;
 };
 
 struct StandInButton : UIButton {
-    explicit StandInButton(const NSCoder& coder) : UIButton(coder) {}
+    using UIButton::UIButton;
 };
 
 struct StandInModeCell : UITableViewCell {
-    explicit StandInModeCell(const NSCoder& coder) : UITableViewCell(coder) {}
+    using UITableViewCell::UITableViewCell;
     /// Whether title and corner radius stood when the cell awoke.
     void awakeFromNib() override;
 
-    Outlet<UIImageView> iconImageView{"iconImageView"};
     Outlet<UILabel> lblTitle{"lblTitle"};
-    Outlet<UILabel> lblDesc{"lblDesc"};
     Outlet<UIImageView> imgSelection{"imgSelection"};
     Outlet<UIView> viewBackground{"viewBackground"};
     int awakenings = 0;
     bool connectedWhenAwoken = false;
 };
 
-struct StandInVibeCell : UITableViewCell {
-    explicit StandInVibeCell(const NSCoder& coder) : UITableViewCell(coder) {}
-
-    Outlet<UILabel> lblTitle{"lblTitle"};
-    Outlet<UIImageView> imgSelected{"imgSelected"};
-    Outlet<StandInView> viewMain{"viewMain"};
-};
-
 struct StandInHeader : UITableViewHeaderFooterView {
-    explicit StandInHeader(const NSCoder& coder) : UITableViewHeaderFooterView(coder) {}
+    using UITableViewHeaderFooterView::UITableViewHeaderFooterView;
 
     Outlet<UILabel> lblHeaderTitle{"lblHeaderTitle"};
 };
 
 struct StandInMessages : UIViewController {
-    explicit StandInMessages(const NSCoder& coder) : UIViewController(coder) {}
+    using UIViewController::UIViewController;
 };
 
 struct StandInScreen : UIViewController, UITableViewDataSource, UITableViewDelegate {
-    explicit StandInScreen(const NSCoder& coder) : UIViewController(coder) {}
+    using UIViewController::UIViewController;
 
-    void btnDropdown(NSObject*) { sent.emplace_back("dropdown"); }
     void btnBack(NSObject*) { sent.emplace_back("back"); }
     void btnLetsPlay(NSObject*) { sent.emplace_back("play"); }
     int tableViewNumberOfRowsInSection(UITableView& /*tableView*/, int /*section*/) override { return 0; }
@@ -67,14 +55,8 @@ struct StandInScreen : UIViewController, UITableViewDataSource, UITableViewDeleg
         return nullptr;
     }
 
-    Outlet<UITableView> tableView{"tableView"};
-    Outlet<UITableView> tblDropDown{"tblDropDown"};
-    Outlet<UIView> viewDropDown{"viewDropDown"};
-    Outlet<StandInView> viewDropDownButton{"viewDropDownButton"};
     Outlet<UILabel> lblDropDown{"lblDropDown"};
-    Outlet<UIImageView> imgDropDown{"imgDropDown"};
     Outlet<NSLayoutConstraint> cnBottomOfLetsPlay{"cnBottomOfLetsPlay"};
-    Outlet<NSLayoutConstraint> heightOfTblView{"heightOfTblView"};
     std::vector<std::string> sent;
 };
 

@@ -36,16 +36,13 @@ protected:
     }
 };
 
-TEST_F(Storyboard, MakesTheInitialControllerAndControllersByIdentifier) {
+TEST_F(Storyboard, MakesControllersAndConnectsThemWhenTheirViewIsFirstAskedFor) {
     const auto storyboard = board(storyboardWith("first", scenes));
     const auto initial = storyboard->instantiateInitialViewController();
     EXPECT_TRUE(std::dynamic_pointer_cast<StandInMessages>(initial));
     EXPECT_EQ(initial->storyboard(), storyboard);
     EXPECT_TRUE(initial->view());
     EXPECT_EQ(sourceLocationOf(*initial)->line, 4);
-}
-
-TEST_F(Storyboard, ConnectsAControllerWhenItsViewIsFirstAskedFor) {
     const auto made = screen();
     ASSERT_TRUE(made);
     EXPECT_FALSE(made->isViewLoaded());
@@ -71,24 +68,17 @@ TEST_F(Storyboard, LetsControlsSendTheirActionsForTheirEvents) {
     EXPECT_EQ(made->sent.size(), 2u);
 }
 
-TEST_F(Storyboard, KeepsTheViewsOfTwoInstancesApart) {
-    const auto one = screen();
+TEST_F(Storyboard, KeepsTheViewsOfTwoInstancesApartAndLetsThemGo) {
+    auto one = screen();
     const auto two = std::dynamic_pointer_cast<StandInScreen>(
         one->storyboard()->instantiateViewControllerWithIdentifier("CategoriesVC"));
-    const auto viewOne = one->view();
-    const auto viewTwo = two->view();
-    EXPECT_NE(viewOne, viewTwo);
-    EXPECT_EQ(one->lblDropDown->superview(), viewOne.get());
-    EXPECT_EQ(two->lblDropDown->superview(), viewTwo.get());
-}
-
-TEST_F(Storyboard, LetsAControllerAndItsViewsGo) {
-    auto made = screen();
-    std::weak_ptr<UIView> view = made->view();
-    const std::weak_ptr<UIViewController> controller = made;
-    made.reset();
+    const std::weak_ptr<UIView> viewOne = one->view();
+    EXPECT_NE(one->view(), two->view());
+    EXPECT_EQ(one->lblDropDown->superview(), one->view().get());
+    EXPECT_EQ(two->lblDropDown->superview(), two->view().get());
+    const std::weak_ptr<UIViewController> controller = std::exchange(one, nullptr);
     EXPECT_TRUE(controller.expired());
-    EXPECT_TRUE(view.expired());
+    EXPECT_TRUE(viewOne.expired());
 }
 
 TEST_F(Storyboard, ReadsTheGuidesOfOldDocuments) {
@@ -108,29 +98,26 @@ using StoryboardDeathTest = Storyboard;
 
 TEST_F(StoryboardDeathTest, StopsForAMissingSceneOrFile) {
     const auto storyboard = board(storyboardWith("", scenes));
-    EXPECT_DEATH(static_cast<void>(storyboard->instantiateViewControllerWithIdentifier("CategorysVC")),
+    EXPECT_DEATH((void)storyboard->instantiateViewControllerWithIdentifier("CategorysVC"),
                  "Main.storyboard: error: there is no scene with the identifier \"CategorysVC\"; did you mean "
                  "CategoriesVC\\?");
-    EXPECT_DEATH(static_cast<void>(storyboard->instantiateInitialViewController()), "has no initial controller");
-    EXPECT_DEATH(static_cast<void>(
-                     UIStoryboard::storyboardWithNameBundle("Other", bundle())->instantiateInitialViewController()),
-                 "Other.storyboard: error: ");
+    EXPECT_DEATH((void)storyboard->instantiateInitialViewController(), "has no initial controller");
+    const auto missing = UIStoryboard::storyboardWithNameBundle("Other", bundle());
+    EXPECT_DEATH((void)missing->instantiateInitialViewController(), "Other.storyboard: error: ");
 }
 
-TEST_F(StoryboardDeathTest, StopsForAFaultInAViewWithItsPlace) {
-    const auto controller = board(storyboardWith("c", R"(<scene><objects>
-<viewController id="c" sceneMemberID="viewController"><view key="view" id="v">
- <subviews><lable id="l"/></subviews></view></viewController></objects></scene>)"))
-                                ->instantiateInitialViewController();
-    EXPECT_DEATH(static_cast<void>(controller->view()),
-                 "Main.storyboard:5:12: error: <lable id=\"l\">: unknown element; did you mean label\\?");
-}
-
-TEST_F(StoryboardDeathTest, StopsForASceneThatIsNoController) {
-    const auto storyboard = board(
-        storyboardWith("c", "<scene><objects><view id=\"c\" sceneMemberID=\"viewController\"/></objects></scene>"));
-    EXPECT_DEATH(static_cast<void>(storyboard->instantiateInitialViewController()),
-                 "Main.storyboard:3:17: error: <view id=\"c\">: UIView is no controller");
+TEST_F(StoryboardDeathTest, StopsForAFaultInASceneWithItsPlace) {
+    const std::string start = "<scene><objects>\n";
+    const std::string end = "</objects></scene>";
+    const auto noController =
+        board(storyboardWith("c", start + "<view id=\"c\" sceneMemberID=\"viewController\"/>" + end));
+    EXPECT_DEATH((void)noController->instantiateInitialViewController(),
+                 "Main.storyboard:4:1: error: <view id=\"c\">: UIView is no controller");
+    const auto faulty = board(storyboardWith("c", start + R"(<viewController id="c" sceneMemberID="viewController">
+<view key="view" id="v"><subviews><lable id="l"/></subviews></view></viewController>)" +
+                                                      end));
+    EXPECT_DEATH((void)faulty->instantiateInitialViewController()->view(),
+                 "Main.storyboard:5:35: error: <lable id=\"l\">: unknown element; did you mean label\\?");
 }
 
 } // namespace

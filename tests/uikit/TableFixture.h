@@ -1,14 +1,10 @@
 #pragma once
 
-#include "platform/uikit/UIEvent.h"
 #include "platform/uikit/UINib.h"
-#include "platform/uikit/UIScreen.h"
 #include "platform/uikit/UITableView.h"
 #include "platform/uikit/UITableViewCell.h"
-#include "platform/uikit/UITouch.h"
-#include "platform/uikit/UIWindow.h"
 
-#include <gtest/gtest.h>
+#include "tests/uikit/ViewFixture.h"
 
 #include <cmath>
 #include <functional>
@@ -41,10 +37,7 @@ public:
         const auto content = contentView();
         content->addSubview(m_filling);
         m_filling->setTranslatesAutoresizingMaskIntoConstraints(false);
-        m_filling->leadingAnchor().constraintEqualToAnchor(content->leadingAnchor())->setActive(true);
-        m_filling->trailingAnchor().constraintEqualToAnchor(content->trailingAnchor())->setActive(true);
-        m_filling->topAnchor().constraintEqualToAnchor(content->topAnchor())->setActive(true);
-        m_filling->bottomAnchor().constraintEqualToAnchor(content->bottomAnchor())->setActive(true);
+        tieEdges(m_filling, content);
     }
     void show(NSIndexPath path, double area) {
         shown = path;
@@ -120,14 +113,10 @@ public:
 };
 
 /// A table that fills a window of 320 by 480 points at three pixels a point.
-struct ListOnScreen {
-    explicit ListOnScreen(const std::vector<int>& rows, CGSize size = {320, 480}) {
-        UIScreen::mainScreen().configure(size, 3);
-        window = std::make_shared<UIWindow>(CGRect{{}, size});
+struct ListOnScreen : EmptyWindow {
+    explicit ListOnScreen(const std::vector<int>& rows, CGSize size = {320, 480}) : EmptyWindow(size, 3) {
         table = std::make_shared<UITableView>(CGRect{{}, size}, UITableViewStyle::plain);
-        list = std::make_shared<List>();
         list->rows = rows;
-        nib = std::make_shared<CountingNib>();
         table->registerNibForCellReuseIdentifier(nib, "row");
         table->setDataSource(list);
         table->setDelegate(list);
@@ -147,24 +136,9 @@ struct ListOnScreen {
         const CGPoint offset = table->contentOffset();
         return offset == table->clampedOffset({0, -1e9}) || offset == table->clampedOffset({0, 1e9});
     }
-    void touch(CGPoint from, const std::vector<CGPoint>& through = {}) const {
-        const auto finger = std::make_shared<UITouch>(from);
-        send(finger, from, UITouchPhase::began);
-        for (const CGPoint& point : through) {
-            send(finger, point, UITouchPhase::moved);
-        }
-        send(finger, through.empty() ? from : through.back(), UITouchPhase::ended);
-    }
-    void send(const std::shared_ptr<UITouch>& finger, CGPoint point, UITouchPhase phase) const {
-        finger->moveTo(point, phase);
-        UIEvent event{{finger}};
-        window->sendEvent(event);
-    }
-
-    std::shared_ptr<UIWindow> window;
     std::shared_ptr<UITableView> table;
-    std::shared_ptr<List> list;
-    std::shared_ptr<CountingNib> nib;
+    std::shared_ptr<List> list = std::make_shared<List>();
+    std::shared_ptr<CountingNib> nib = std::make_shared<CountingNib>();
 };
 
 /// Where a row stands on screen.

@@ -1,11 +1,8 @@
 #include "platform/uikit/UIControl.h"
 
 #include "platform/runtime/ClassBuilder.h"
-#include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIKitClasses.h"
-#include "platform/uikit/UILabel.h"
 
-#include "tests/uikit/Attributes.h"
 #include "tests/uikit/ViewFixture.h"
 
 #include <functional>
@@ -41,13 +38,21 @@ protected:
 
 TEST_F(UIControlTest, ATapInsideSendsTheAction) {
     listenTo(UIControlEventTouchUpInside);
+    listenTo(UIControlEventTouchUpInside);
     const auto touch = touchDown({20, 20});
     EXPECT_TRUE(control->isHighlighted());
     EXPECT_EQ(receiver->presses, 0);
     lift(touch, {30, 30});
     EXPECT_FALSE(control->isHighlighted());
-    EXPECT_EQ(receiver->presses, 1);
+    EXPECT_EQ(receiver->presses, 1) << "the same pair is registered once";
     EXPECT_EQ(receiver->sender, control.get());
+    listenTo(UIControlEventTouchDown);
+    tap({20, 20});
+    EXPECT_EQ(receiver->presses, 3) << "its events add up";
+    control->setEnabled(false);
+    tap({20, 20});
+    EXPECT_EQ(receiver->presses, 3);
+    EXPECT_EQ(window->hitTestWithEvent({20, 20}, nullptr), control) << "a disabled control swallows touches";
 }
 
 TEST_F(UIControlTest, ATouchThatLeavesTheControlIsNoTap) {
@@ -65,22 +70,6 @@ TEST_F(UIControlTest, ATouchThatLeavesTheControlIsNoTap) {
     EXPECT_EQ(receiver->presses, 1);
 }
 
-TEST_F(UIControlTest, TheSamePairIsRegisteredOnceAndItsEventsAddUp) {
-    listenTo(UIControlEventTouchUpInside);
-    listenTo(UIControlEventTouchUpInside);
-    listenTo(UIControlEventTouchDown);
-    tap({20, 20});
-    EXPECT_EQ(receiver->presses, 2);
-}
-
-TEST_F(UIControlTest, ADisabledControlSwallowsTouches) {
-    listenTo(UIControlEventTouchUpInside);
-    control->setEnabled(false);
-    tap({20, 20});
-    EXPECT_EQ(receiver->presses, 0);
-    EXPECT_EQ(window->hitTestWithEvent({20, 20}, nullptr), control);
-}
-
 TEST_F(UIControlTest, TargetsAreHeldWeaklyButLiveThroughTheirAction) {
     listenTo(UIControlEventTouchUpInside);
     const std::weak_ptr<Receiver> watch = receiver;
@@ -94,25 +83,6 @@ TEST_F(UIControlTest, TargetsAreHeldWeaklyButLiveThroughTheirAction) {
     tap({20, 20});
     EXPECT_TRUE(wasAliveInside);
     EXPECT_TRUE(watch.expired());
-}
-
-TEST_F(UIControlTest, AButtonCentresItsTitleInsideItsInsets) {
-    support::Attributes file;
-    file.rects["frame"] = CGRectMake(0, 0, 200, 60);
-    file.strings["buttonType"] = "system";
-    file.edges["contentEdgeInsets"] = {10, 20, 10, 40};
-    file.children["normal"] = std::make_shared<support::Attributes>();
-    file.children["normal"]->strings["title"] = "Let's play";
-    const auto button = add(std::make_shared<UIButton>(static_cast<const NSCoder&>(file)));
-    window->layoutIfNeeded();
-    const CGSize text = button->titleLabel()->intrinsicContentSize();
-    EXPECT_EQ(button->intrinsicContentSize(), (CGSize{text.width + 60, text.height + 20}));
-    EXPECT_EQ(button->titleLabel()->frame().size, text);
-    EXPECT_NEAR(button->titleLabel()->frame().midX(), 90, 0.5);
-    EXPECT_NEAR(button->titleLabel()->frame().midY(), 30, 0.5);
-    EXPECT_EQ(*button->titleLabel()->textColor(), *button->tintColor());
-    EXPECT_EQ(window->hitTestWithEvent({90, 30}, nullptr), button);
-    EXPECT_FALSE(window->needsLayout());
 }
 
 using UIControlDeathTest = UIControlTest;

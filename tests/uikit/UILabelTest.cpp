@@ -1,6 +1,5 @@
 #include "platform/uikit/UILabel.h"
 
-#include "tests/uikit/Attributes.h"
 #include "tests/uikit/ViewFixture.h"
 
 namespace {
@@ -10,15 +9,9 @@ protected:
     std::shared_ptr<UILabel> label = std::make_shared<UILabel>();
 };
 
-TEST_F(UILabelTest, WithoutTextItWantsNoRoom) {
-    EXPECT_EQ(label->intrinsicContentSize(), CGSize{});
+TEST_F(UILabelTest, ItsSizeIsThatOfItsTextOnWholePixels) {
     label->setText("");
     EXPECT_EQ(label->intrinsicContentSize(), CGSize{});
-    label->setText(std::nullopt);
-    EXPECT_EQ(label->text(), std::nullopt);
-}
-
-TEST_F(UILabelTest, ItsSizeIsThatOfItsTextOnWholePixels) {
     label->setText("Dares");
     const CGSize size = label->intrinsicContentSize();
     EXPECT_GE(size.width, label->textLayout(std::nullopt)->size().width);
@@ -53,32 +46,11 @@ TEST_F(UILabelTest, LineSpacingComesWithAttributedTextAndGoesWithPlainText) {
     EXPECT_EQ(label->intrinsicContentSize().height, plain);
 }
 
-TEST_F(UILabelTest, NoColourMeansThePlatformsLabelColour) {
-    label->setTextColor(UIColor::blueColor());
-    label->setTextColor(nullptr);
-    EXPECT_EQ(*label->textColor(), *UIColor::systemColorNamed("labelColor"));
-}
-
 TEST_F(UILabelTest, TextStandsInTheMiddleOfATallerLabel) {
     label->setText("Truths");
     const CGSize size = label->intrinsicContentSize();
     const CGFloat baseline = *label->firstBaseline(size);
     EXPECT_EQ(*label->firstBaseline({size.width, size.height + 20}), baseline + 10);
-}
-
-TEST_F(UILabelTest, AFileSaysWhatItShowsAndHow) {
-    support::Attributes file;
-    file.strings = {{"text", "Hi"}, {"textAlignment", "center"}, {"lineBreakMode", "wordWrap"}};
-    file.numbers["numberOfLines"] = 0;
-    file.objects = {{"fontDescription", UIFont::boldSystemFontOfSize(21)}, {"textColor", nullptr}};
-    label = std::make_shared<UILabel>(static_cast<const NSCoder&>(file));
-    EXPECT_EQ(label->text(), "Hi");
-    EXPECT_EQ(label->textAlignment(), NSTextAlignment::center);
-    EXPECT_EQ(label->lineBreakMode(), NSLineBreakMode::byWordWrapping);
-    EXPECT_EQ(label->numberOfLines(), 0);
-    EXPECT_EQ(label->font()->pointSize(), 21);
-    EXPECT_FALSE(label->isUserInteractionEnabled());
-    EXPECT_TRUE(file.reports.empty());
 }
 
 } // namespace

@@ -22,6 +22,14 @@ void expectNoJump(const std::vector<Seen>& before, const std::vector<Seen>& afte
     }
 }
 
+void expectReadingOrder(const UITableView& table) {
+    CGFloat last = -1;
+    for (const auto& view : table.subviews()) {
+        EXPECT_GT(view->frame().minY(), last);
+        last = view->frame().minY();
+    }
+}
+
 } // namespace
 
 TEST(UITableViewScrolling, NothingJumpsWhenRowsAboveTurnOutTallerOrShorter) {
@@ -93,50 +101,16 @@ TEST(UITableViewScrolling, FollowsTheFingerAlthoughRowsAboveAreMeasuredOnTheWay)
     screen.layout();
     screen.scrollTo(90'000);
     const std::vector<Seen> before = rowsSeen(screen);
-    const auto finger = std::make_shared<UITouch>(CGPoint{100, 40});
-    screen.send(finger, {100, 40}, UITouchPhase::began);
+    const auto cell = screen.table->visibleCells().front();
+    const auto finger = screen.touchDown({100, 40});
     for (CGFloat y = 60; y <= 240; y += 20) {
-        screen.send(finger, {100, y}, UITouchPhase::moved);
+        screen.move(finger, {100, y});
         screen.layout();
+        expectReadingOrder(*screen.table);
     }
     expectNoJump(before, rowsSeen(screen), -200);
-    screen.send(finger, {100, 240}, UITouchPhase::ended);
-}
-
-TEST(UITableViewScrolling, KeepsTheSubviewsInReadingOrder) {
-    ListOnScreen screen({3, 3, 3, 3, 3, 3});
-    screen.layout();
-    for (const CGFloat distance : {200.0, 150.0, -90.0, -140.0, 400.0, -30.0}) {
-        screen.scrollBy(distance);
-        CGFloat last = -1;
-        for (const auto& view : screen.table->subviews()) {
-            EXPECT_GT(view->frame().minY(), last);
-            last = view->frame().minY();
-        }
-    }
-}
-
-TEST(UITableViewScrolling, LeavesRowsThatStayVisibleAlone) {
-    ListOnScreen screen({100});
-    screen.layout();
-    const auto third = screen.table->cellForRowAtIndexPath({0, 2});
-    const int asked = screen.list->cellsAsked;
-    screen.scrollBy(10);
-    screen.scrollBy(-10);
-    EXPECT_EQ(screen.table->cellForRowAtIndexPath({0, 2}), third);
-    EXPECT_LE(screen.list->cellsAsked, asked + 1);
+    EXPECT_EQ(screen.table->cellForRowAtIndexPath(before.front().path), cell)
+        << "rows that stay visible are left alone";
+    screen.lift(finger, {100, 240});
     EXPECT_FALSE(screen.window->needsLayout());
-}
-
-TEST(UITableViewScrolling, LearnsFromTheRowsSeenForTheNextReload) {
-    ListOnScreen screen({100});
-    screen.list->area = [](NSIndexPath) { return 320.0 * 90; };
-    screen.layout();
-    EXPECT_LT(screen.table->contentSize().height, 100 * 90);
-    screen.table->reloadData();
-    screen.layout();
-    EXPECT_EQ(screen.table->contentSize().height, 30 + 100 * 90 + 20);
-    screen.table->setEstimatedRowHeight(200);
-    screen.layout();
-    EXPECT_GT(screen.table->contentSize().height, 100 * 150);
 }

@@ -1,4 +1,3 @@
-#include "tests/support/Output.h"
 #include "tests/uikit/TableFixture.h"
 
 #include <limits>
@@ -18,29 +17,27 @@ void expectTiling(const ListOnScreen& screen) {
     UITableView& table = *screen.table;
     const std::vector<NSIndexPath> paths = table.indexPathsForVisibleRows();
     ASSERT_FALSE(paths.empty());
-    std::optional<NSIndexPath> before;
+    const CGFloat width = table.bounds().size.width;
+    NSIndexPath next = paths.front();
+    CGFloat end = table.rectForRowAtIndexPath(next).minY();
+    EXPECT_LE(end, std::max(table.bounds().minY(), 0.0) + 30 + 20);
     for (const NSIndexPath& path : paths) {
+        if (next.row == screen.list->rows[static_cast<std::size_t>(next.section)]) {
+            next = {next.section + 1, 0};
+            end += screen.list->footerHeight + table.rectForHeaderInSection(next.section).size.height;
+        }
         const auto cell = table.cellForRowAtIndexPath(path);
+        EXPECT_EQ(path, next);
         EXPECT_EQ(dynamic_cast<ListCell&>(*cell).shown, path);
         EXPECT_EQ(cell->frame(), table.rectForRowAtIndexPath(path));
-        EXPECT_EQ(cell->frame().size.width, table.bounds().size.width);
-        EXPECT_NEAR(cell->frame().size.height, std::ceil(screen.list->area(path) / table.bounds().size.width), pixel);
+        EXPECT_NEAR(cell->frame().minY(), end, 1e-6);
+        EXPECT_EQ(cell->frame().size.width, width);
+        EXPECT_NEAR(cell->frame().size.height, std::ceil(screen.list->area(path) / width), pixel);
         EXPECT_EQ(cell->contentView()->frame(), (CGRect{{}, cell->bounds().size}));
-        if (before) {
-            const bool follows = path.section == before->section ? path.row == before->row + 1 : path.row == 0;
-            EXPECT_TRUE(follows) << "after " << before->section << "." << before->row;
-            const CGFloat gap =
-                path.section == before->section
-                    ? 0
-                    : screen.list->footerHeight + table.rectForHeaderInSection(path.section).size.height;
-            EXPECT_NEAR(cell->frame().minY(), table.rectForRowAtIndexPath(*before).maxY() + gap, 1e-6);
-        }
-        before = path;
+        end = cell->frame().maxY();
+        ++next.row;
     }
-    const CGRect visible = table.bounds();
-    EXPECT_LE(table.rectForRowAtIndexPath(paths.front()).minY(), std::max(visible.minY(), 0.0) + 30 + 20);
-    const CGFloat end = std::min(visible.maxY(), table.contentSize().height);
-    EXPECT_GE(table.rectForRowAtIndexPath(paths.back()).maxY(), end - 30 - 20);
+    EXPECT_GE(end, std::min(table.bounds().maxY(), table.contentSize().height) - 30 - 20);
 }
 
 } // namespace
@@ -77,53 +74,25 @@ TEST(UITableView, MeasuresItsRowsAgainForANewWidthAndKeepsTheTopRowInPlace) {
     expectTiling(screen);
 }
 
-TEST(UITableView, GivesFixedRowsTheHeightTheyAskFor) {
-    ListOnScreen screen({4});
-    screen.list->headerHeight = [](int) { return 2.2250738585072014e-308; };
-    screen.list->footerHeight = 0;
-    screen.list->height = [](NSIndexPath) { return 69.0; };
-    screen.table->setContentInset({8, 0, 9, 0});
-    screen.layout();
-    EXPECT_EQ(screen.table->contentOffset().y, -8);
-    EXPECT_EQ(screen.table->contentSize(), (CGSize{320, 4 * 69.0}));
-    EXPECT_EQ(screen.table->cellForRowAtIndexPath({0, 3})->frame(), (CGRect{{0, 3 * 69.0}, {320, 69}}));
-    EXPECT_TRUE(screen.list->headersAsked.empty()) << "a collapsed header has no view";
-    EXPECT_EQ(screen.nib->made, 4);
-}
-
-TEST(UITableView, MakesNoMoreCellsThanFitTheScreenAndUsesThemAgain) {
-    ListOnScreen screen({10'000});
-    screen.layout();
-    const std::size_t fitting = 480 / 60 + 1;
-    EXPECT_LE(screen.table->visibleCells().size(), fitting);
-    for (int step = 0; step < 300; ++step) {
-        screen.scrollBy(20);
-    }
-    EXPECT_LE(screen.nib->made, static_cast<int>(fitting) + 1);
-    const int rowsSeenInAll = (300 * 20 + 480) / 60 + 1;
-    EXPECT_LE(screen.list->cellsAsked, rowsSeenInAll);
-    EXPECT_LE(screen.list->heightsAsked, rowsSeenInAll);
-    const auto last = screen.table->visibleCells().back();
-    EXPECT_GT(dynamic_cast<ListCell&>(*last).reuses, 0);
-    EXPECT_EQ(screen.table->subviews().size(), screen.table->visibleCells().size());
-}
-
 TEST(UITableView, CostsNoMoreForManyRowsOrSectionsThanForFew) {
     const auto playThrough = [](const std::vector<int>& rows) {
         ListOnScreen screen(rows);
         screen.layout();
         screen.table->reloadData();
         screen.layout();
-        for (int step = 0; step < 20; ++step) {
+        for (int step = 0; step < 40; ++step) {
             screen.scrollBy(20);
         }
-        EXPECT_EQ(screen.list->rowCountsAsked, 2 * static_cast<int>(rows.size())) << "once a section and reload";
-        EXPECT_EQ(screen.list->headerHeightsAsked, 2 * static_cast<int>(rows.size()));
-        return std::vector<int>{screen.nib->made, screen.list->cellsAsked, screen.list->heightsAsked,
-                                static_cast<int>(screen.list->headersAsked.size())};
+        const List& list = *screen.list;
+        EXPECT_EQ(list.rowCountsAsked, 2 * static_cast<int>(rows.size())) << "once a section and reload";
+        EXPECT_EQ(list.headerHeightsAsked, 2 * static_cast<int>(rows.size()));
+        EXPECT_LE(screen.nib->made, 480 / 60 + 2) << "no more than fit the screen";
+        EXPECT_LE(list.cellsAsked, (800 + 2 * 480) / 60 + 2) << "once for each row that comes into sight";
+        return std::vector<int>{screen.nib->made, list.cellsAsked, list.heightsAsked,
+                                static_cast<int>(list.headersAsked.size())};
     };
-    EXPECT_EQ(playThrough(std::vector<int>(5, 2000)), playThrough({30}));
-    EXPECT_EQ(playThrough(std::vector<int>(10'000, 1)), playThrough(std::vector<int>(30, 1)));
+    EXPECT_EQ(playThrough(std::vector<int>(5, 2000)), playThrough({50}));
+    EXPECT_EQ(playThrough(std::vector<int>(10'000, 1)), playThrough(std::vector<int>(50, 1)));
 }
 
 TEST(UITableView, AsksForAHeaderOnceWhileItIsSeenAndDropsItWhenItLeaves) {
@@ -133,7 +102,6 @@ TEST(UITableView, AsksForAHeaderOnceWhileItIsSeenAndDropsItWhenItLeaves) {
     const std::weak_ptr<UIView> first = screen.table->headerViewForSection(0);
     screen.scrollBy(20);
     EXPECT_EQ(first.lock()->superview(), screen.table.get());
-    EXPECT_EQ(screen.list->headersAsked.size(), 2u);
     screen.scrollBy(10);
     EXPECT_TRUE(first.expired()) << "scrolled out by its last pixel";
     EXPECT_EQ(screen.table->headerViewForSection(0), nullptr);
@@ -141,35 +109,38 @@ TEST(UITableView, AsksForAHeaderOnceWhileItIsSeenAndDropsItWhenItLeaves) {
     EXPECT_EQ(screen.list->headersAsked, (std::vector<int>{0, 1, 0}));
 }
 
+TEST(UITableView, GivesFixedRowsTheHeightTheyAskForAndCollapsedHeadersNoView) {
+    ListOnScreen screen({4});
+    screen.list->headerHeight = [](int) { return 2.2250738585072014e-308; };
+    screen.list->footerHeight = 0;
+    screen.list->height = [](NSIndexPath) { return 69.0; };
+    screen.layout();
+    EXPECT_EQ(screen.table->contentSize(), (CGSize{320, 4 * 69.0}));
+    EXPECT_EQ(screen.table->cellForRowAtIndexPath({0, 3})->frame(), (CGRect{{0, 3 * 69.0}, {320, 69}}));
+    EXPECT_TRUE(screen.list->headersAsked.empty());
+}
+
 TEST(UITableView, ReloadsWithFreshCountsAndKeepsTheOffsetAsFarAsItCan) {
     ListOnScreen screen({50});
     screen.layout();
     screen.scrollTo(600);
-    screen.table->reloadData();
-    EXPECT_TRUE(screen.table->visibleCells().empty());
-    screen.layout();
-    EXPECT_EQ(screen.table->contentOffset().y, 600);
-    screen.list->rows = {10};
-    screen.table->reloadData();
-    screen.layout();
-    EXPECT_EQ(screen.table->numberOfRowsInSection(0), 10);
-    EXPECT_EQ(screen.table->contentOffset().y, 30 + 10 * 60 + 20 - 480);
+    const auto reload = [&screen](const std::vector<int>& rows) {
+        screen.list->rows = rows;
+        screen.table->reloadData();
+        EXPECT_TRUE(screen.table->visibleCells().empty());
+        screen.layout();
+        return screen.table->contentOffset().y;
+    };
+    EXPECT_EQ(reload({50}), 600);
+    EXPECT_EQ(reload({10}), 30 + 10 * 60 + 20 - 480);
     EXPECT_EQ(screen.table->indexPathsForVisibleRows().back(), (NSIndexPath{0, 9}));
-    screen.list->rows = {};
-    screen.table->reloadData();
-    screen.layout();
-    EXPECT_EQ(screen.table->contentOffset().y, 0);
+    EXPECT_EQ(reload({}), 0);
     EXPECT_TRUE(screen.table->subviews().empty());
     EXPECT_LE(screen.nib->made, 10) << "reloading uses the cells again";
-}
-
-TEST(UITableView, IsEmptyOnceItsDataSourceOrDelegateIsGone) {
-    ListOnScreen screen({50});
+    reload({50});
+    screen.list.reset(); // the data source goes
+    screen.tap({100, 100});
     screen.layout();
-    screen.list.reset();
-    screen.touch({100, 100});
-    screen.layout();
-    EXPECT_EQ(screen.table->numberOfSections(), 0);
     EXPECT_TRUE(screen.table->visibleCells().empty());
     EXPECT_EQ(screen.table->contentSize().height, 0);
 }
@@ -220,41 +191,25 @@ TEST(UITableView, SurvivesADataSourceThatAnswersWildly) {
 }
 
 TEST(UITableView, StopsForACellItCannotMake) {
-    ListOnScreen screen({5});
-    EXPECT_DEATH((void)screen.table->dequeueReusableCellWithIdentifierForIndexPath("other", {0, 0}),
-                 "No nib is registered for the cell reuse identifier \"other\"");
-    class ViewNib : public CountingNib {
-        Result<std::vector<std::shared_ptr<NSObject>>> instantiateWithOwner(const std::shared_ptr<NSObject>&) override {
-            return std::vector<std::shared_ptr<NSObject>>{std::make_shared<UIView>()};
-        }
-    };
-    class BrokenNib : public CountingNib {
-        Result<std::vector<std::shared_ptr<NSObject>>> instantiateWithOwner(const std::shared_ptr<NSObject>&) override {
-            return Failure{"Row.xib:7: <label>: no such class"};
-        }
-    };
-    screen.table->registerNibForCellReuseIdentifier(std::make_shared<ViewNib>(), "view");
-    EXPECT_DEATH((void)screen.table->dequeueReusableCellWithIdentifierForIndexPath("view", {0, 0}),
-                 "nib \"ListCell\", registered for the reuse identifier \"view\"");
-    screen.table->registerNibForCellReuseIdentifier(std::make_shared<BrokenNib>(), "broken");
-    EXPECT_DEATH((void)screen.table->dequeueReusableCellWithIdentifierForIndexPath("broken", {0, 0}),
-                 "\"broken\": Row.xib:7: <label>: no such class");
-}
-
-TEST(UITableView, ShowsCellsThatWereNotDequeuedAndGivesThemAHeight) {
-    class Plain : public List {
+    class OtherNib : public CountingNib {
     public:
-        std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView&, NSIndexPath) override {
-            return std::make_shared<UITableViewCell>(UITableViewCellStyle::standard, "");
+        explicit OtherNib(Result<std::vector<std::shared_ptr<NSObject>>> objects) : m_objects(std::move(objects)) {}
+        Result<std::vector<std::shared_ptr<NSObject>>> instantiateWithOwner(const std::shared_ptr<NSObject>&) override {
+            return m_objects;
         }
+
+    private:
+        Result<std::vector<std::shared_ptr<NSObject>>> m_objects;
     };
-    ListOnScreen screen({100});
-    const auto plain = std::make_shared<Plain>();
-    plain->rows = {100};
-    screen.table->setDataSource(plain);
-    screen.layout();
-    EXPECT_EQ(screen.table->visibleCells().front()->frame().size.height, 44);
-    const std::weak_ptr<UITableViewCell> first = screen.table->visibleCells().front();
-    screen.scrollBy(1000);
-    EXPECT_TRUE(first.expired()) << "without an identifier it is not kept for later";
+    ListOnScreen screen({5});
+    const auto dequeue = [&screen](const std::string& identifier) {
+        (void)screen.table->dequeueReusableCellWithIdentifierForIndexPath(identifier, {0, 0});
+    };
+    EXPECT_DEATH(dequeue("other"), "No nib is registered for the cell reuse identifier \"other\"");
+    const std::vector<std::shared_ptr<NSObject>> noCell{std::make_shared<UIView>()};
+    screen.table->registerNibForCellReuseIdentifier(std::make_shared<OtherNib>(noCell), "view");
+    EXPECT_DEATH(dequeue("view"), "nib \"ListCell\", registered for the reuse identifier \"view\"");
+    screen.table->registerNibForCellReuseIdentifier(std::make_shared<OtherNib>(Failure{"Row.xib:7: no such class"}),
+                                                    "broken");
+    EXPECT_DEATH(dequeue("broken"), "\"broken\": Row.xib:7: no such class");
 }

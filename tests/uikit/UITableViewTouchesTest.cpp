@@ -3,44 +3,29 @@
 using namespace support;
 
 TEST(UITableViewTouches, HighlightsTheRowUnderTheFingerAndChoosesItOnce) {
-    ListOnScreen screen({20});
+    ListOnScreen screen({200});
     screen.layout();
     const auto cell = screen.table->cellForRowAtIndexPath({0, 1});
-    const auto finger = std::make_shared<UITouch>(CGPoint{100, 100});
-    screen.send(finger, {100, 100}, UITouchPhase::began);
+    const auto finger = screen.touchDown({100, 100});
     EXPECT_TRUE(cell->isHighlighted());
     EXPECT_FALSE(cell->isSelected());
-    screen.send(finger, {104, 96}, UITouchPhase::moved);
-    screen.send(finger, {104, 96}, UITouchPhase::ended);
+    screen.move(finger, {104, 96});
+    screen.lift(finger, {104, 96});
     EXPECT_FALSE(cell->isHighlighted());
     EXPECT_TRUE(cell->isSelected());
     EXPECT_EQ(screen.list->selections, (std::vector<NSIndexPath>{{0, 1}}));
-}
-
-TEST(UITableViewTouches, DeselectsTheFormerRowAndChoosesTheSameRowAgain) {
-    ListOnScreen screen({20});
-    screen.layout();
-    screen.touch({100, 100});
-    screen.touch({100, 200});
-    EXPECT_FALSE(screen.table->cellForRowAtIndexPath({0, 1})->isSelected());
-    EXPECT_TRUE(screen.table->cellForRowAtIndexPath({0, 2})->isSelected());
-    screen.touch({100, 200});
+    screen.tap({100, 200});
+    EXPECT_FALSE(cell->isSelected());
+    screen.tap({100, 200});
     EXPECT_EQ(screen.list->selections, (std::vector<NSIndexPath>{{0, 1}, {0, 2}, {0, 2}}));
-    EXPECT_EQ(screen.table->indexPathForSelectedRow(), (NSIndexPath{0, 2}));
-    screen.table->deselectRowAtIndexPath({0, 2});
-    EXPECT_FALSE(screen.table->cellForRowAtIndexPath({0, 2})->isSelected());
-}
-
-TEST(UITableViewTouches, KeepsASelectionWithItsRowNotWithItsCell) {
-    ListOnScreen screen({200});
-    screen.layout();
-    screen.touch({100, 100});
     screen.scrollTo(3000);
-    for (const auto& cell : screen.table->visibleCells()) {
-        EXPECT_FALSE(cell->isSelected());
+    for (const auto& visible : screen.table->visibleCells()) {
+        EXPECT_FALSE(visible->isSelected()) << "the choice stays with its row, not with its cell";
     }
     screen.scrollTo(0);
-    EXPECT_TRUE(screen.table->cellForRowAtIndexPath({0, 1})->isSelected());
+    EXPECT_TRUE(screen.table->cellForRowAtIndexPath({0, 2})->isSelected());
+    screen.table->deselectRowAtIndexPath({0, 2});
+    EXPECT_FALSE(screen.table->cellForRowAtIndexPath({0, 2})->isSelected());
 }
 
 TEST(UITableViewTouches, ScrollsInsteadOfChoosingWhenTheFingerTravels) {
@@ -48,27 +33,24 @@ TEST(UITableViewTouches, ScrollsInsteadOfChoosingWhenTheFingerTravels) {
     screen.layout();
     screen.scrollTo(300);
     const auto cell = screen.table->cellForRowAtIndexPath(*screen.table->indexPathForRowAtPoint({100, 540}));
-    const auto finger = std::make_shared<UITouch>(CGPoint{100, 240});
-    screen.send(finger, {100, 240}, UITouchPhase::began);
+    const auto finger = screen.touchDown({100, 240});
     EXPECT_TRUE(cell->isHighlighted());
-    screen.send(finger, {100, 200}, UITouchPhase::moved);
+    screen.move(finger, {100, 200});
     EXPECT_FALSE(cell->isHighlighted());
     EXPECT_EQ(screen.table->contentOffset().y, 340);
-    screen.send(finger, {100, 240}, UITouchPhase::moved);
-    screen.send(finger, {100, 240}, UITouchPhase::ended);
+    screen.move(finger, {100, 240});
+    screen.lift(finger, {100, 240});
     EXPECT_TRUE(screen.list->selections.empty());
 }
 
 TEST(UITableViewTouches, ChoosesNothingForHeadersCancelledTouchesOrWhenNotAllowed) {
     ListOnScreen screen({20});
     screen.layout();
-    screen.touch({100, 10});
-    const auto finger = std::make_shared<UITouch>(CGPoint{100, 100});
-    screen.send(finger, {100, 100}, UITouchPhase::began);
-    screen.send(finger, {100, 100}, UITouchPhase::cancelled);
+    screen.tap({100, 10});
+    screen.move(screen.touchDown({100, 100}), {100, 100}, UITouchPhase::cancelled);
     EXPECT_FALSE(screen.table->cellForRowAtIndexPath({0, 1})->isHighlighted());
     screen.table->setAllowsSelection(false);
-    screen.touch({100, 100});
+    screen.tap({100, 100});
     EXPECT_TRUE(screen.list->selections.empty());
 }
 
@@ -76,15 +58,15 @@ TEST(UITableViewTouches, MayReloadInsideTheChoice) {
     ListOnScreen screen({4});
     screen.layout();
     screen.list->whenSelected = [](UITableView& table, NSIndexPath) { table.reloadData(); };
-    screen.touch({100, 100});
+    screen.tap({100, 100});
     EXPECT_FALSE(screen.table->indexPathForSelectedRow());
     screen.layout();
     EXPECT_EQ(screen.table->visibleCells().size(), 4u);
     EXPECT_EQ(screen.nib->made, 4);
     EXPECT_EQ(dynamic_cast<ListCell&>(*screen.table->cellForRowAtIndexPath({0, 3})).shown, (NSIndexPath{0, 3}));
     screen.list->rows = {1};
-    screen.touch({100, 100});
-    screen.touch({100, 200});
+    screen.tap({100, 100});
+    screen.tap({100, 200});
     EXPECT_EQ(screen.list->selections, (std::vector<NSIndexPath>{{0, 1}, {0, 1}}))
         << "the row below is gone although no layout ran yet";
 }
@@ -99,7 +81,7 @@ TEST(UITableViewTouches, MayDropTheWholeScreenInsideTheChoice) {
         screen.list.reset();
     };
     const std::weak_ptr<List> list = screen.list;
-    screen.touch({100, 100});
+    screen.tap({100, 100});
     EXPECT_TRUE(table.expired());
     EXPECT_TRUE(list.expired());
 }

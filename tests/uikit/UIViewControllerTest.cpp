@@ -63,31 +63,23 @@ TEST_F(UIViewControllerTest, TheViewIsLoadedAtItsFirstUseOnly) {
 }
 
 TEST_F(UIViewControllerTest, AddingTellsTheChildFirstAndRemovingTellsItAfterwards) {
-    const auto parent = screen("p");
-    std::weak_ptr<Screen> child;
-    {
-        const auto made = screen("c");
-        child = made;
-        parent->addChildViewController(made);
-    }
-    EXPECT_EQ(log, (Log{"c willMove"}));
-    EXPECT_EQ(child.lock()->parentViewController(), parent.get());
-    child.lock()->didMoveToParentViewController(parent.get());
-    child.lock()->willMoveToParentViewController(nullptr);
-    child.lock()->removeFromParentViewController();
-    EXPECT_EQ(log, (Log{"c willMove", "c didMove", "c willLeave", "c didLeave"}));
-    EXPECT_TRUE(child.expired());
-}
-
-TEST_F(UIViewControllerTest, AChildLeavesItsEarlierParent) {
     const auto first = screen("1");
     const auto second = screen("2");
-    const auto child = screen("c");
+    auto child = screen("c");
     first->addChildViewController(child);
+    EXPECT_EQ(log, (Log{"c willMove"}));
+    EXPECT_EQ(child->parentViewController(), first.get());
+    child->didMoveToParentViewController(first.get());
     second->addChildViewController(child);
     EXPECT_TRUE(first->childViewControllers().empty());
     EXPECT_EQ(child->parentViewController(), second.get());
-    EXPECT_EQ(log, (Log{"c willMove", "c didLeave", "c willMove"}));
+    EXPECT_EQ(log, (Log{"c willMove", "c didMove", "c didLeave", "c willMove"}));
+    log.clear();
+    const std::weak_ptr<Screen> watch = std::exchange(child, nullptr);
+    watch.lock()->willMoveToParentViewController(nullptr);
+    watch.lock()->removeFromParentViewController();
+    EXPECT_EQ(log, (Log{"c willLeave", "c didLeave"}));
+    EXPECT_TRUE(watch.expired());
 }
 
 TEST_F(UIViewControllerTest, AppearanceCallsComeOnceForEachChange) {
@@ -97,6 +89,9 @@ TEST_F(UIViewControllerTest, AppearanceCallsComeOnceForEachChange) {
     log.clear();
     window->setRootViewController(parent);
     EXPECT_EQ(log, (Log{"p willAppear", "c willAppear", "p didAppear", "c didAppear"}));
+    window->setFrame(CGRectMake(0, 0, 430, 932));
+    EXPECT_EQ(parent->view()->frame(), window->bounds()) << "the root fills the window";
+    EXPECT_EQ(parent->view()->layoutMargins(), (UIEdgeInsets{0, 16, 0, 16}));
     log.clear();
     window->addSubview(parent->view());
     EXPECT_TRUE(log.empty());
@@ -105,14 +100,6 @@ TEST_F(UIViewControllerTest, AppearanceCallsComeOnceForEachChange) {
     log.clear();
     window.reset();
     EXPECT_EQ(log, (Log{"p willDisappear", "p didDisappear"}));
-}
-
-TEST_F(UIViewControllerTest, TheRootFillsTheWindowAndGrowsWithIt) {
-    const auto root = screen("r");
-    window->setRootViewController(root);
-    window->setFrame(CGRectMake(0, 0, 430, 932));
-    EXPECT_EQ(root->view()->frame(), window->bounds());
-    EXPECT_EQ(root->view()->layoutMargins(), (UIEdgeInsets{0, 16, 0, 16}));
 }
 
 TEST_F(UIViewControllerTest, TheContextIsTheNearestAncestors) {

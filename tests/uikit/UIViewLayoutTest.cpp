@@ -8,29 +8,25 @@
 
 namespace {
 
+using support::tie;
+using support::tieEdges;
+
 class UIViewLayoutTest : public support::OnScreen {
 protected:
     using View = std::shared_ptr<UIView>;
 
-    static std::shared_ptr<NSLayoutConstraint> relate(const View& first, LayoutAttribute attribute, const View& second,
-                                                      LayoutGuide guide, double constant) {
-        auto constraint =
-            std::make_shared<NSLayoutConstraint>(LayoutEnd{first, LayoutGuide::view, attribute}, LayoutRelation::equal,
-                                                 LayoutEnd{second, guide, attribute}, 1, constant);
-        constraint->setActive(true);
-        return constraint;
-    }
-    static void fill(const View& view, const View& outer, LayoutGuide guide = LayoutGuide::view, double inset = 0) {
-        relate(view, LayoutAttribute::left, outer, guide, inset);
-        relate(view, LayoutAttribute::right, outer, guide, -inset);
-        relate(view, LayoutAttribute::top, outer, guide, inset);
-        relate(view, LayoutAttribute::bottom, outer, guide, -inset);
-    }
     static std::shared_ptr<NSLayoutConstraint> fixed(const NSLayoutAnchor& anchor, CGFloat length) {
         auto constraint = anchor.constraintEqualToConstant(length);
         constraint->setActive(true);
         return constraint;
     }
+    static void below(const View& view, const View& upper) {
+        view->topAnchor().constraintEqualToAnchor(upper->bottomAnchor())->setActive(true);
+    }
+
+    static constexpr auto left = LayoutAttribute::left;
+    static constexpr auto right = LayoutAttribute::right;
+    static constexpr auto top = LayoutAttribute::top;
 };
 
 /// Counts its layouts, and runs what a test wants to happen there.
@@ -49,31 +45,25 @@ public:
 
 TEST_F(UIViewLayoutTest, AViewFollowsTheEdgesItIsTiedTo) {
     const auto view = addConstrained();
-    fill(view, window, LayoutGuide::view, 10);
+    tieEdges(view, window, 10);
+    const auto inner = addConstrained(view);
+    tieEdges(inner, view, 5);
     window->layoutIfNeeded();
     EXPECT_EQ(view->frame(), CGRectMake(10, 10, 300, 460));
+    EXPECT_EQ(inner->frame(), CGRectMake(5, 5, 290, 450));
     window->setFrame(CGRectMake(0, 0, 200, 100));
     window->layoutIfNeeded();
     EXPECT_EQ(view->frame(), CGRectMake(10, 10, 180, 80));
 }
 
-TEST_F(UIViewLayoutTest, NestedViewsArePlacedInTheirSuperviews) {
-    const auto outer = addConstrained();
-    fill(outer, window, LayoutGuide::view, 20);
-    const auto inner = addConstrained(outer);
-    fill(inner, outer, LayoutGuide::view, 5);
-    window->layoutIfNeeded();
-    EXPECT_EQ(inner->frame(), CGRectMake(5, 5, 270, 430));
-}
-
 TEST_F(UIViewLayoutTest, MarginsAndSafeAreaHoldViewsOff) {
     window->setWindowSafeAreaInsets({50, 0, 30, 0});
     const auto page = addConstrained();
-    fill(page, window);
+    tieEdges(page, window);
     const auto safe = addConstrained(page);
-    fill(safe, page, LayoutGuide::safeArea);
+    tieEdges(safe, page, 0, LayoutGuide::safeArea);
     const auto inMargins = addConstrained(page);
-    fill(inMargins, page, LayoutGuide::margins);
+    tieEdges(inMargins, page, 0, LayoutGuide::margins);
     window->layoutIfNeeded();
     EXPECT_EQ(safe->frame(), CGRectMake(0, 50, 320, 400));
     EXPECT_EQ(inMargins->frame(), CGRectMake(8, 58, 304, 384));
@@ -84,57 +74,40 @@ TEST_F(UIViewLayoutTest, MarginsAndSafeAreaHoldViewsOff) {
     EXPECT_EQ(inMargins->frame(), CGRectMake(2, 1, 314, 476));
 }
 
-TEST_F(UIViewLayoutTest, HiddenViewsKeepTheirPlace) {
-    const auto first = addConstrained();
-    const auto second = addConstrained();
-    for (const auto& view : {first, second}) {
-        fixed(view->heightAnchor(), 30);
-        fixed(view->widthAnchor(), 30);
-        relate(view, LayoutAttribute::left, window, LayoutGuide::view, 0);
-    }
-    relate(first, LayoutAttribute::top, window, LayoutGuide::view, 0);
-    second->topAnchor().constraintEqualToAnchor(first->bottomAnchor())->setActive(true);
-    first->setHidden(true);
-    window->layoutIfNeeded();
-    EXPECT_EQ(second->frame().minY(), 30);
-}
-
 TEST_F(UIViewLayoutTest, ATextThatWrapsPushesWhatIsBelow) {
     const auto label = addConstrained<UILabel>();
     label->setNumberOfLines(0);
     label->setText("A text that is certainly too long for one line of a hundred points");
     fixed(label->widthAnchor(), 100);
-    relate(label, LayoutAttribute::left, window, LayoutGuide::view, 0);
-    relate(label, LayoutAttribute::top, window, LayoutGuide::view, 0);
-    const auto below = addConstrained();
-    fixed(below->heightAnchor(), 10);
-    relate(below, LayoutAttribute::left, window, LayoutGuide::view, 0);
-    relate(below, LayoutAttribute::right, window, LayoutGuide::view, 0);
-    below->topAnchor().constraintEqualToAnchor(label->bottomAnchor())->setActive(true);
+    tie(label, {left, top}, window);
+    const auto box = addConstrained();
+    fixed(box->heightAnchor(), 10);
+    tie(box, {left, right}, window);
+    below(box, label);
     window->layoutIfNeeded();
     const CGFloat wrapped = label->frame().size.height;
     EXPECT_EQ(wrapped, label->intrinsicContentSizeForWidth(100).height);
     EXPECT_GT(wrapped, 2 * label->font()->lineHeight());
-    EXPECT_EQ(below->frame().minY(), wrapped);
+    EXPECT_EQ(box->frame().minY(), wrapped);
+    label->setHidden(true); // hidden views keep their place
+    window->layoutIfNeeded();
+    EXPECT_EQ(box->frame().minY(), wrapped);
     label->setText("Short");
     window->layoutIfNeeded();
-    EXPECT_LT(below->frame().minY(), wrapped / 2);
+    EXPECT_LT(box->frame().minY(), wrapped / 2);
 }
 
 TEST_F(UIViewLayoutTest, NeighboursShareEdgesOnDevicePixels) {
-    std::vector<View> thirds;
-    for (int index = 0; index < 3; ++index) {
-        thirds.push_back(addConstrained());
-        fixed(thirds.back()->heightAnchor(), 10);
-        relate(thirds.back(), LayoutAttribute::top, window, LayoutGuide::view, 0);
-        index == 0 ? relate(thirds[0], LayoutAttribute::left, window, LayoutGuide::view, 0)->setActive(true)
-                   : thirds[static_cast<std::size_t>(index)]
-                         ->leftAnchor()
-                         .constraintEqualToAnchor(thirds[static_cast<std::size_t>(index) - 1]->rightAnchor())
-                         ->setActive(true);
-        relate(thirds.back(), LayoutAttribute::width, thirds[0], LayoutGuide::view, 0);
+    const std::vector<View> thirds{addConstrained(), addConstrained(), addConstrained()};
+    for (const View& third : thirds) {
+        fixed(third->heightAnchor(), 10);
+        tie(third, {top}, window);
+        tie(third, {LayoutAttribute::width}, thirds[0]);
     }
-    relate(thirds[2], LayoutAttribute::right, window, LayoutGuide::view, 0);
+    tie(thirds[0], {left}, window);
+    thirds[1]->leftAnchor().constraintEqualToAnchor(thirds[0]->rightAnchor())->setActive(true);
+    thirds[2]->leftAnchor().constraintEqualToAnchor(thirds[1]->rightAnchor())->setActive(true);
+    tie(thirds[2], {right}, window);
     window->layoutIfNeeded();
     EXPECT_EQ(thirds[0]->frame(), CGRectMake(0, 0, 106.5, 10));
     EXPECT_EQ(thirds[1]->frame(), CGRectMake(106.5, 0, 107, 10));
@@ -147,30 +120,13 @@ TEST_F(UIViewLayoutTest, ConstraintsToViewsPlacedByMasksHold) {
     const auto view = addConstrained();
     fixed(view->widthAnchor(), 20);
     fixed(view->heightAnchor(), 20);
-    relate(view, LayoutAttribute::right, bar, LayoutGuide::view, 0);
-    view->topAnchor().constraintEqualToAnchor(bar->bottomAnchor())->setActive(true);
+    tie(view, {right}, bar);
+    below(view, bar);
     window->layoutIfNeeded();
     EXPECT_EQ(view->frame(), CGRectMake(300, 40, 20, 20));
     bar->setFrame(CGRectMake(0, 10, 100, 40));
     window->layoutIfNeeded();
     EXPECT_EQ(view->frame(), CGRectMake(80, 50, 20, 20));
-}
-
-TEST_F(UIViewLayoutTest, AChangedConstantMovesTheView) {
-    const auto view = addConstrained();
-    fill(view, window);
-    const auto inner = addConstrained(view);
-    const auto height = fixed(inner->heightAnchor(), 10);
-    relate(inner, LayoutAttribute::left, view, LayoutGuide::view, 0);
-    relate(inner, LayoutAttribute::right, view, LayoutGuide::view, 0);
-    relate(inner, LayoutAttribute::top, view, LayoutGuide::view, 0);
-    window->layoutIfNeeded();
-    EXPECT_FALSE(window->needsLayout());
-    height->setConstant(293);
-    EXPECT_TRUE(window->needsLayout());
-    window->layoutIfNeeded();
-    EXPECT_EQ(inner->frame().size.height, 293);
-    EXPECT_FALSE(window->needsLayout());
 }
 
 TEST_F(UIViewLayoutTest, OnlyWhatChangedIsLaidOut) {
@@ -186,11 +142,20 @@ TEST_F(UIViewLayoutTest, OnlyWhatChangedIsLaidOut) {
     EXPECT_EQ(still->layouts, 1);
 }
 
-TEST_F(UIViewLayoutTest, AChangeDuringLayoutCountsInTheSamePass) {
+TEST_F(UIViewLayoutTest, AChangedConstantMovesTheViewAndCountsInTheSamePassWhenItChangesThere) {
     const auto watched = add(std::make_shared<Watched>(CGRectMake(0, 0, 100, 100)));
     const auto box = addConstrained();
+    tie(box, {left, top}, window);
+    fixed(box->heightAnchor(), 10);
     const auto width = fixed(box->widthAnchor(), 10);
+    window->layoutIfNeeded();
+    EXPECT_FALSE(window->needsLayout());
+    width->setConstant(30);
+    EXPECT_TRUE(window->needsLayout());
+    window->layoutIfNeeded();
+    EXPECT_EQ(box->frame().size.width, 30);
     watched->inLayout = [&] { width->setConstant(60); };
+    watched->setNeedsLayout();
     window->layoutIfNeeded();
     EXPECT_EQ(box->frame().size.width, 60);
     EXPECT_FALSE(window->needsLayout());
@@ -208,10 +173,10 @@ TEST_F(UIViewLayoutTest, ALayoutThatNeverSettlesStops) {
 
 TEST_F(UIViewLayoutTest, ScrolledContentIsALayoutOfItsOwn) {
     const auto scroll = addConstrained<UIScrollView>();
-    fill(scroll, window);
+    tieEdges(scroll, window);
     const auto row = add(CGRectMake(0, 1000, 320, 50), scroll);
     const auto inside = addConstrained(row);
-    fill(inside, row, LayoutGuide::safeArea, 5);
+    tieEdges(inside, row, 5, LayoutGuide::safeArea);
     window->setWindowSafeAreaInsets({100, 100, 100, 100});
     window->layoutIfNeeded();
     EXPECT_EQ(scroll->frame(), window->bounds());
@@ -222,52 +187,35 @@ TEST_F(UIViewLayoutTest, ScrolledContentIsALayoutOfItsOwn) {
 }
 
 TEST_F(UIViewLayoutTest, ARemovedViewTakesItsConstraintsAlong) {
-    const auto view = addConstrained();
-    fill(view, window);
+    const auto outer = add(CGRectMake(0, 0, 100, 100));
+    const auto view = addConstrained(outer);
+    const auto inner = addConstrained(view);
+    const auto between = tie(inner, {left}, outer);
     const auto own = fixed(view->widthAnchor(), 5);
-    EXPECT_EQ(window->constraints().size(), 4U);
-    const auto tie = window->constraints().front();
-    view->removeFromSuperview();
+    EXPECT_EQ(outer->constraints().size(), 1U) << "the nearest common ancestor holds it";
     EXPECT_TRUE(window->constraints().empty());
-    EXPECT_FALSE(tie->isActive());
+    view->removeFromSuperview();
+    EXPECT_TRUE(outer->constraints().empty());
+    EXPECT_FALSE(between->isActive());
     EXPECT_TRUE(own->isActive());
     window->layoutIfNeeded();
 }
 
-TEST_F(UIViewLayoutTest, AnActiveConstraintBelongsToTheNearestCommonAncestor) {
-    const auto outer = add(CGRect{});
-    const auto first = addConstrained(outer);
-    const auto second = addConstrained(first);
-    const auto third = addConstrained(outer);
-    const auto tie = relate(second, LayoutAttribute::left, third, LayoutGuide::view, 0);
-    EXPECT_EQ(outer->constraints().size(), 1U);
-    EXPECT_TRUE(window->constraints().empty());
-    tie->setActive(false);
-    EXPECT_TRUE(outer->constraints().empty());
-}
-
 TEST_F(UIViewLayoutTest, TheFittingHeightHoldsTextsAndPaddingAtTheWidth) {
-    const auto box = std::make_shared<UIView>(CGRectMake(0, 0, 10, 10));
-    const auto label = addConstrained<UILabel>(box);
-    label->setNumberOfLines(0);
-    label->setText("Some words that need more and more lines the narrower it gets");
-    fill(label, box, LayoutGuide::view, 12);
-    for (const CGFloat width : {400.0, 200.0, 90.0, 400.0}) {
-        EXPECT_EQ(box->heightFittingWidth(width), label->intrinsicContentSizeForWidth(width - 24).height + 24) << width;
-    }
-    label->setText("Words");
-    EXPECT_EQ(box->heightFittingWidth(400), label->intrinsicContentSize().height + 24);
-}
-
-TEST_F(UIViewLayoutTest, TheFittingHeightReachesThroughViewsThatFillByMask) {
     const auto cell = std::make_shared<UIView>(CGRectMake(0, 0, 320, 44));
     const auto content = add(CGRectMake(0, 0, 320, 43), cell);
     content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-    const auto inside = addConstrained(content);
-    fill(inside, content, LayoutGuide::view, 10);
-    fixed(inside->heightAnchor(), 100);
-    EXPECT_EQ(cell->heightFittingWidth(200), 121); // the mask keeps the point below the content
-    EXPECT_EQ(content->heightFittingWidth(200), 120);
+    const auto label = addConstrained<UILabel>(content);
+    label->setNumberOfLines(0);
+    label->setText("Some words that need more and more lines the narrower it gets");
+    tieEdges(label, content, 12);
+    for (const CGFloat width : {400.0, 200.0, 90.0, 400.0}) {
+        const CGFloat text = label->intrinsicContentSizeForWidth(width - 24).height;
+        EXPECT_EQ(content->heightFittingWidth(width), text + 24) << width;
+        EXPECT_EQ(cell->heightFittingWidth(width), text + 25) << "the mask keeps the point below the content";
+    }
+    label->setText("Words");
+    EXPECT_EQ(content->heightFittingWidth(400), label->intrinsicContentSize().height + 24);
 }
 
 TEST_F(UIViewLayoutTest, ConflictsAndOpenPlacesAreReportedOnce) {
@@ -275,7 +223,7 @@ TEST_F(UIViewLayoutTest, ConflictsAndOpenPlacesAreReportedOnce) {
     setLayoutReportObserver([&](const std::string& text) { reports.push_back(text); });
     const auto view = addConstrained();
     view->setAccessibilityIdentifier("box");
-    fill(view, window);
+    tieEdges(view, window);
     const auto width = fixed(view->widthAnchor(), 5);
     width->setIdentifier("width of the box");
     window->layoutIfNeeded();

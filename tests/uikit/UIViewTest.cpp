@@ -1,13 +1,8 @@
 #include "platform/uikit/UIView.h"
 
-#include "tests/uikit/Attributes.h"
 #include "tests/uikit/ViewFixture.h"
 
-#include <gmock/gmock.h>
-
 namespace {
-
-using testing::ElementsAre;
 
 class UIViewTest : public support::OnScreen {
 protected:
@@ -65,42 +60,16 @@ TEST_F(UIViewTest, ScrolledContentIsHitWhereItIsSeen) {
 
 TEST_F(UIViewTest, AViewHasOneSuperviewAtATime) {
     const auto first = add(CGRectMake(0, 0, 10, 10));
-    const auto second = add(CGRectMake(0, 0, 10, 10));
+    auto second = add(CGRectMake(0, 0, 10, 10));
     const auto child = add(CGRectMake(0, 0, 5, 5), first);
     second->insertSubviewAtIndex(child, 99);
     EXPECT_TRUE(first->subviews().empty());
     EXPECT_EQ(child->superview(), second.get());
     EXPECT_EQ(child->window(), window.get());
-    child->removeFromSuperview();
-    EXPECT_EQ(child->superview(), nullptr);
+    second->removeFromSuperview();
+    second.reset();
+    EXPECT_EQ(child->superview(), nullptr) << "it outlives its superview without one";
     EXPECT_EQ(child->window(), nullptr);
-}
-
-TEST_F(UIViewTest, AChildOutlivesItsSuperviewWithoutOne) {
-    const auto child = std::make_shared<UIView>();
-    {
-        const auto parent = std::make_shared<UIView>();
-        parent->addSubview(child);
-    }
-    EXPECT_EQ(child->superview(), nullptr);
-    child->layoutIfNeeded();
-}
-
-TEST_F(UIViewTest, ATagIsFoundAnywhereBelow) {
-    const auto parent = add(CGRect{});
-    const auto child = add(CGRect{}, parent);
-    child->setTag(7);
-    EXPECT_EQ(window->viewWithTag(7), child);
-    EXPECT_EQ(window->viewWithTag(8), nullptr);
-}
-
-TEST_F(UIViewTest, ManySubviewsAreNoTrouble) {
-    for (int count = 0; count < 10000; ++count) {
-        add(CGRectMake(0, count, 10, 1));
-    }
-    window->layoutIfNeeded();
-    EXPECT_FALSE(window->needsLayout());
-    EXPECT_EQ(hitAt(5, 100.5), window->subviews()[100]);
 }
 
 TEST_F(UIViewTest, AutoresizingSpreadsTheChangeOverTheFlexibleParts) {
@@ -119,62 +88,28 @@ TEST_F(UIViewTest, AutoresizingSpreadsTheChangeOverTheFlexibleParts) {
 
 TEST_F(UIViewTest, AChangeDamagesWhatWasAndWhatIs) {
     const auto view = add(CGRectMake(10, 10, 20, 20));
+    const auto child = add(CGRectMake(10, 10, 20, 20), view);
     damage();
     view->setFrame(CGRectMake(50, 10, 20, 20));
-    EXPECT_EQ(damage(), CGRectMake(10, 10, 60, 20));
+    EXPECT_EQ(damage(), CGRectMake(10, 10, 70, 30));
     view->setFrame(CGRectMake(50, 10, 20, 20));
     EXPECT_TRUE(damage().isEmpty());
+    view->setClipsToBounds(true);
+    damage();
+    child->setNeedsDisplay();
+    EXPECT_EQ(damage(), CGRectMake(60, 20, 10, 10)) << "clipped where views clip";
     view->setHidden(true);
     EXPECT_EQ(damage(), CGRectMake(50, 10, 20, 20));
     view->setBackgroundColor(UIColor::blackColor());
     EXPECT_TRUE(damage().isEmpty());
-}
-
-TEST_F(UIViewTest, AShadowIsDamagedWithItsView) {
-    const auto view = add(CGRectMake(10, 10, 20, 20));
-    view->layer()->setShadowColor(UIColor::blackColor());
-    view->layer()->setShadowRadius(0);
-    view->layer()->setShadowOffset({0, 3});
-    view->layer()->setShadowOpacity(0.3F);
+    const auto shadowed = add(CGRectMake(10, 10, 20, 20));
+    shadowed->layer()->setShadowColor(UIColor::blackColor());
+    shadowed->layer()->setShadowRadius(0);
+    shadowed->layer()->setShadowOffset({0, 3});
+    shadowed->layer()->setShadowOpacity(0.3F);
     damage();
-    view->layer()->setShadowOpacity(0);
+    shadowed->layer()->setShadowOpacity(0);
     EXPECT_EQ(damage(), CGRectMake(10, 10, 20, 23));
-}
-
-TEST_F(UIViewTest, DamageIsClippedWhereViewsClip) {
-    const auto parent = add(CGRectMake(10, 10, 20, 20));
-    const auto child = add(CGRectMake(10, 10, 20, 20), parent);
-    parent->setClipsToBounds(true);
-    damage();
-    child->setNeedsDisplay();
-    EXPECT_EQ(damage(), CGRectMake(20, 20, 10, 10));
-}
-
-TEST_F(UIViewTest, AFileSaysHowAViewIsAndBehaves) {
-    support::Attributes file;
-    file.rects["frame"] = CGRectMake(1, 2, 30, 40);
-    file.strings["contentMode"] = "sideways";
-    file.booleans = {{"hidden", true}, {"clipsSubviews", true}, {"translatesAutoresizingMaskIntoConstraints", false}};
-    file.numbers = {{"alpha", 0.5}, {"tag", 9}, {"verticalHuggingPriority", 999}};
-    file.objects["backgroundColor"] = UIColor::blackColor();
-    file.objects["tintColor"] = std::make_shared<UIView>();
-    file.children["autoresizingMask"] = std::make_shared<support::Attributes>();
-    file.children["autoresizingMask"]->booleans = {{"widthSizable", true}, {"flexibleMaxY", true}};
-    file.children["accessibilityConfiguration"] = std::make_shared<support::Attributes>();
-    file.children["accessibilityConfiguration"]->strings = {{"identifier", "box"}, {"label", "A box"}};
-
-    const auto view = std::make_shared<UIView>(static_cast<const NSCoder&>(file));
-    EXPECT_EQ(view->frame(), CGRectMake(1, 2, 30, 40));
-    EXPECT_TRUE(view->isHidden() && view->clipsToBounds() && !view->translatesAutoresizingMaskIntoConstraints());
-    EXPECT_EQ(view->alpha(), 0.5);
-    EXPECT_EQ(view->tag(), 9);
-    EXPECT_EQ(view->contentHuggingPriority(UILayoutConstraintAxis::vertical), 999);
-    EXPECT_EQ(*view->backgroundColor(), *UIColor::blackColor());
-    EXPECT_EQ(view->autoresizingMask(), UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleBottomMargin);
-    EXPECT_EQ(view->accessibilityIdentifier(), "box");
-    EXPECT_EQ(view->accessibilityLabel(), "A box");
-    EXPECT_THAT(file.reports, ElementsAre(testing::StartsWith("contentMode: expected one of scaleToFill"),
-                                          "tintColor: expected a colour"));
 }
 
 using UIViewDeathTest = UIViewTest;

@@ -16,12 +16,31 @@ inline std::ostream& operator<<(std::ostream& out, const CGRect& rect) {
 
 namespace support {
 
+/// Ties edges, centres or lengths of a view to the same ones of another.
+inline std::shared_ptr<NSLayoutConstraint> tie(const std::shared_ptr<UIView>& view,
+                                               std::initializer_list<LayoutAttribute> attributes,
+                                               const std::shared_ptr<UIView>& to, double constant = 0,
+                                               LayoutGuide guide = LayoutGuide::view) {
+    std::shared_ptr<NSLayoutConstraint> last;
+    for (const LayoutAttribute attribute : attributes) {
+        last =
+            std::make_shared<NSLayoutConstraint>(LayoutEnd{view, LayoutGuide::view, attribute}, LayoutRelation::equal,
+                                                 LayoutEnd{to, guide, attribute}, 1, constant);
+        last->setActive(true);
+    }
+    return last;
+}
+inline void tieEdges(const std::shared_ptr<UIView>& view, const std::shared_ptr<UIView>& outer, double inset = 0,
+                     LayoutGuide guide = LayoutGuide::view) {
+    tie(view, {LayoutAttribute::left, LayoutAttribute::top}, outer, inset, guide);
+    tie(view, {LayoutAttribute::right, LayoutAttribute::bottom}, outer, -inset, guide);
+}
+
 /// A window of 320 by 480 points on a screen of two pixels a point, with nothing in it.
-class OnScreen : public testing::Test {
-protected:
-    OnScreen() {
-        UIScreen::mainScreen().configure({320, 480}, 2);
-        window = std::make_shared<UIWindow>(CGRectMake(0, 0, 320, 480));
+struct EmptyWindow {
+    explicit EmptyWindow(CGSize size = {320, 480}, CGFloat scale = 2) {
+        UIScreen::mainScreen().configure(size, scale);
+        window = std::make_shared<UIWindow>(CGRect{{}, size});
     }
 
     std::shared_ptr<UIView> add(const CGRect& frame, const std::shared_ptr<UIView>& to = nullptr) const {
@@ -58,5 +77,7 @@ protected:
 
     std::shared_ptr<UIWindow> window;
 };
+
+class OnScreen : public testing::Test, protected EmptyWindow {};
 
 } // namespace support

@@ -108,8 +108,9 @@ TEST_F(ViewPainterTest, OddFramesAreDrawnWithoutHarm) {
         odd->layer()->setCornerRadius(9);
         odd->setClipsToBounds(true);
         add(std::make_shared<UILabel>(CGRectMake(0, 0, 10, 10)), odd)->setText("x");
-        add(std::make_shared<UIImageView>(frame), odd)->setImage(std::make_shared<UIImage>(
-            "missing", std::vector<UIImageRepresentation>{{.path = "/nowhere.png", .scale = 1}}));
+        add(std::make_shared<UIImageView>(frame), odd)
+            ->setImage(std::make_shared<UIImage>(
+                "missing", std::vector<UIImageRepresentation>{{.path = "/nowhere.png", .scale = 1}}));
         static_cast<void>(painted(*window));
         odd->removeFromSuperview();
     }

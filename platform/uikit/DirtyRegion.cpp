@@ -15,6 +15,17 @@ bool contains(const PixelRect& outer, const PixelRect& inner) {
     return intersection(outer, inner) == inner;
 }
 
+/// The rectangle without the rows at its top or bottom that another covers from side to side.
+PixelRect without(const PixelRect& rect, const PixelRect& covered) {
+    const PixelRect common = intersection(rect, covered);
+    const bool atTop = common.y == rect.y;
+    const bool atBottom = common.y + common.height == rect.y + rect.height;
+    if (isEmpty(common) || common.width != rect.width || !(atTop || atBottom)) {
+        return rect;
+    }
+    return {rect.x, atTop ? rect.y + common.height : rect.y, rect.width, rect.height - common.height};
+}
+
 } // namespace
 
 PixelRect intersection(const PixelRect& one, const PixelRect& other) {
@@ -37,6 +48,9 @@ PixelRect unionOf(const PixelRect& one, const PixelRect& other) {
 
 void DirtyRegion::add(const PixelRect& rect) {
     PixelRect added = intersection(rect, m_limits);
+    for (const PixelRect& known : m_rects) {
+        added = without(added, known);
+    }
     if (isEmpty(added)) {
         return;
     }

@@ -91,6 +91,15 @@ TEST_F(WindowRendererTest, AStepPaintsTheExposedStripAndNotTheScreen) {
     EXPECT_EQ(renderer.paintedPixels(), 300u * scale * 20u * scale);
 }
 
+TEST_F(WindowRendererTest, NoPixelAroundAFloatingViewIsPaintedTwice) {
+    renderer.render(*window);
+    scroll->setContentOffset({0, 20});
+    renderer.render(*window);
+    const CGFloat strip = 300 * 20;           // the lowest rows, where a part of the floating view is
+    const CGFloat around = 200 * (440 - 380); // the rest of it, and where it was moved to
+    EXPECT_EQ(renderer.paintedPixels(), static_cast<std::size_t>((strip + around) * scale * scale));
+}
+
 TEST_F(WindowRendererTest, ContentOverSomethingUnevenIsPaintedAnew) {
     const auto stripe = std::make_shared<UIView>(CGRectMake(0, 200, 320, 40));
     stripe->setBackgroundColor(UIColor::blueColor());

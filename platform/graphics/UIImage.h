@@ -19,8 +19,7 @@ struct UIImageRepresentation {
 
 /// An image by reference to its files, immutable. Its size is read from the first readable file's header; pixels are
 /// decoded when they are drawn (those of a small image that is about to be shown, shortly before) and kept in a bounded
-/// cache. An image whose files are broken has no size and
-/// draws nothing.
+/// cache. An image whose files are broken has no size and draws nothing.
 class UIImage : public NSObject {
 public:
     UIImage(std::string name, std::vector<UIImageRepresentation> representations,

@@ -40,6 +40,5 @@ ExitStatus printTree(const RunOptions& options) {
         }
         tree = describeTree(player.host().window(), TreeDetail::withSources);
     }
-    std::cout << tree << std::flush;
-    return status;
+    return std::cout << tree << std::flush ? status : exitUsage;
 }

@@ -42,9 +42,9 @@ class Host : public MSMessagesAppHost {
 public:
     void presentationStyleRequested(MSMessagesAppViewController&, MSMessagesAppPresentationStyle style) override {
         EXPECT_EQ(style, MSMessagesAppPresentationStyle::expanded);
-        requests.push_back(MainRunLoop::shared().now() / 1ms);
+        ++requests;
     }
-    std::vector<std::int64_t> requests; // in milliseconds
+    int requests = 0;
 };
 
 /// The controller in its window, as the host has it.
@@ -61,8 +61,8 @@ protected:
     [[nodiscard]] std::shared_ptr<MSConversation> conversation(const std::shared_ptr<MSMessage>& selected) const {
         return std::make_shared<MSConversation>(me, remotes, selected);
     }
-    [[nodiscard]] static std::shared_ptr<MSMessage> bubble(const NSUUID& from, bool withLink = true) {
-        return std::make_shared<MSMessage>(from, withLink ? NSURL::URLWithString("https://a.example") : std::nullopt);
+    [[nodiscard]] static std::shared_ptr<MSMessage> bubble(const NSUUID& from) {
+        return std::make_shared<MSMessage>(from, NSURL::URLWithString("https://a.example"));
     }
     void activate(const std::shared_ptr<MSMessage>& selected = nullptr) {
         controller->willBecomeActiveWithConversation(conversation(selected));
@@ -88,7 +88,6 @@ const std::string received = "----------------\nRecieved\n----------------\n";
 } // namespace
 
 TEST_F(MessagesViewControllerTest, ShowsOneScreenThatFillsItsView) {
-    EXPECT_TRUE(controller->childViewControllers().empty());
     activate();
     EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
     EXPECT_EQ(storyboard->calls, "enter load entered ");
@@ -96,19 +95,6 @@ TEST_F(MessagesViewControllerTest, ShowsOneScreenThatFillsItsView) {
     window->setFrame(CGRectMake(0, 0, 430, 300));
     window->layoutIfNeeded();
     EXPECT_EQ(screen()->view()->frame(), CGRectMake(0, 0, 430, 300));
-}
-
-TEST_F(MessagesViewControllerTest, AsksForTheExpandedStyleHalfASecondAfterAStartWithoutABubble) {
-    for (const auto& selected : {std::shared_ptr<MSMessage>(), bubble(first, false)}) {
-        host->requests.clear();
-        const std::int64_t start = loop.now() / 1ms;
-        activate(selected);
-        loop.advance(499ms);
-        EXPECT_TRUE(host->requests.empty());
-        loop.advance(10s);
-        EXPECT_EQ(host->requests, std::vector<std::int64_t>{start + 500});
-        EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
-    }
 }
 
 TEST_F(MessagesViewControllerTest, TellsABubbleOfTheFirstRemoteParticipantOnly) {
@@ -127,10 +113,9 @@ TEST_F(MessagesViewControllerTest, TellsABubbleOfTheFirstRemoteParticipantOnly) 
         activate(bubble(sample.sender));
         EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n" + (sample.isReceived ? received : ""))
             << sample.name;
-        EXPECT_NE(screen(), nullptr);
     }
     loop.advance(10s);
-    EXPECT_TRUE(host->requests.empty());
+    EXPECT_EQ(host->requests, 0);
 }
 
 TEST_F(MessagesViewControllerTest, StartsAfreshWithEveryMessage) {
@@ -147,18 +132,7 @@ TEST_F(MessagesViewControllerTest, StartsAfreshWithEveryMessage) {
     EXPECT_TRUE(before.expired());
     EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\ndidReceive\ndidReceive\n" + received);
     loop.advance(10s);
-    EXPECT_EQ(host->requests.size(), 2U) << "none for the third start, which had a bubble";
-}
-
-TEST_F(MessagesViewControllerTest, AsksOnceForEachOfTwoActivationsWithinHalfASecond) {
-    activate();
-    const std::weak_ptr<UIViewController> before = screen();
-    loop.advance(300ms);
-    activate();
-    EXPECT_TRUE(before.expired());
-    loop.advance(10s);
-    EXPECT_EQ(host->requests, (std::vector<std::int64_t>{500, 800}));
-    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\nwillBecomeActive\n");
+    EXPECT_EQ(host->requests, 2) << "none for the third start, which had a bubble";
 }
 
 TEST_F(MessagesViewControllerTest, IsKeptByItsOutstandingRequest) {
@@ -168,27 +142,9 @@ TEST_F(MessagesViewControllerTest, IsKeptByItsOutstandingRequest) {
     controller = nullptr;
     EXPECT_FALSE(weak.expired());
     loop.advance(1s);
-    EXPECT_EQ(host->requests.size(), 1U);
+    EXPECT_EQ(host->requests, 1);
     EXPECT_TRUE(weak.expired());
     EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
-}
-
-TEST_F(MessagesViewControllerTest, OnlyWritesDownTheOtherEvents) {
-    activate();
-    const auto before = screen();
-    storyboard->calls.clear();
-    (void)support::takeStandardOutput();
-    controller->didStartSendingMessageConversation(bubble(me), conversation(nullptr));
-    controller->didCancelSendingMessageConversation(bubble(me), conversation(nullptr));
-    controller->willTransitionToPresentationStyle(MSMessagesAppPresentationStyle::expanded);
-    controller->didTransitionToPresentationStyle(MSMessagesAppPresentationStyle::expanded);
-    controller->didResignActiveWithConversation(conversation(nullptr));
-    EXPECT_EQ(support::takeStandardOutput(),
-              "didStartSending\ndidCancelSending\nwillTransition\ndidTransition\ndidResignActive\n");
-    EXPECT_EQ(screen(), before);
-    EXPECT_EQ(storyboard->calls, "");
-    loop.advance(10s);
-    EXPECT_EQ(host->requests.size(), 1U) << "of the activation";
 }
 
 TEST_F(MessagesViewControllerTest, FiltersWhatIsTypedIntoAFieldAndClosesTheKeyboard) {
@@ -196,17 +152,13 @@ TEST_F(MessagesViewControllerTest, FiltersWhatIsTypedIntoAFieldAndClosesTheKeybo
     field->setDelegate(controller);
     controller->view()->addSubview(field);
     ASSERT_TRUE(field->becomeFirstResponder());
-    EXPECT_FALSE(field->text());
-    EXPECT_TRUE(field->insertText("Q"));
-    EXPECT_TRUE(field->insertText("uestions"));
+    EXPECT_TRUE(field->insertText("Questions"));
     EXPECT_FALSE(field->insertText("7"));
     EXPECT_TRUE(field->insertText("x"));
     EXPECT_FALSE(field->insertText("y"));
     EXPECT_EQ(field->text(), "Questionsx");
     EXPECT_TRUE(field->deleteBackward());
     EXPECT_EQ(field->text(), "Questions");
-    EXPECT_TRUE(field->isFirstResponder());
     field->pressReturn();
     EXPECT_FALSE(field->isFirstResponder());
-    EXPECT_TRUE(controller->textFieldShouldReturn(*field));
 }

@@ -8,8 +8,6 @@
 #include <limits>
 #include <typeinfo>
 
-using namespace std::chrono_literals;
-
 namespace {
 
 constexpr CGFloat collapsed = std::numeric_limits<CGFloat>::min();
@@ -43,11 +41,6 @@ using SectionHeaders = GameTest;
 using GroupChoice = GameTest;
 using ModeLaunch = GameTest;
 
-std::string queryOf(const std::string& group, const std::string& section, const std::string& item) {
-    return "https://truths-and-dares.example/Category?mainCategory=" + group + "&sectionCategory=" + section +
-           "&sectionItem=" + item;
-}
-
 } // namespace
 
 TEST_F(CategoryTables, ReportTheirSizes) {
@@ -74,9 +67,7 @@ TEST_F(CategoryTables, TellATableByIdentity) {
     openAndSettle();
     CategoriesVC& shown = *screen();
     const auto other = std::make_shared<UITableView>();
-    EXPECT_EQ(shown.numberOfSectionsInTableView(*other), 1) << "questions take it for the dropdown";
-    EXPECT_EQ(shown.tableViewNumberOfRowsInSection(*other, 0), 4);
-    EXPECT_EQ(shown.tableViewHeightForRowAtIndexPath(*other, {0, 0}), 69);
+    EXPECT_EQ(shown.tableViewNumberOfRowsInSection(*other, 0), 4) << "questions take it for the dropdown";
     shown.tableViewDidSelectRowAtIndexPath(*other, {1, 0});
     EXPECT_EQ(host->links().size(), 1U) << "a choice takes it for the modes";
 
@@ -92,20 +83,6 @@ TEST_F(CategoryTables, TellATableByIdentity) {
     EXPECT_EQ(shown.currentOption(), CurrentOption::Adult_18_Plus);
     shown.tableView = modes;
     shown.tblDropDown = groups;
-}
-
-TEST_F(CategoryTables, ShowModesWithTheirHighlight) {
-    openAndSettle();
-    UITableView& modes = *screen()->tableView;
-    const auto first = std::dynamic_pointer_cast<ModeTblCell>(modes.cellForRowAtIndexPath({0, 0}));
-    const auto third = std::dynamic_pointer_cast<ModeTblCell>(modes.cellForRowAtIndexPath({1, 0}));
-    ASSERT_TRUE(first && third);
-    EXPECT_EQ(first->lblTitle->text(), "One & two");
-    EXPECT_TRUE(*first->viewBackground->backgroundColor() == *colorFromHex("4DA289"));
-    EXPECT_EQ(first->iconImageView->image(), UIImage::imageNamed("icon_rose"));
-    EXPECT_EQ(third->lblTitle->text(), "Third");
-    EXPECT_TRUE(*third->viewBackground->backgroundColor() == *UIColor::whiteColor());
-    EXPECT_EQ(third->iconImageView->image(), nullptr);
 }
 
 TEST_F(CategoryTables, ShowAPlainEmptyRowWhereTheNibHoldsAnotherCell) {
@@ -128,13 +105,11 @@ TEST_F(CategoryTables, StopTheProgramWhereTheDropdownsNibHoldsAnotherCell) {
 TEST_F(SectionHeaders, AreNewViewsWithTheirTitlesOrNone) {
     openAndSettle();
     CategoriesVC& shown = *screen();
-    const auto one =
-        std::dynamic_pointer_cast<ModeHeaderView>(shown.tableViewViewForHeaderInSection(*shown.tableView, 0));
-    const auto two =
-        std::dynamic_pointer_cast<ModeHeaderView>(shown.tableViewViewForHeaderInSection(*shown.tableView, 0));
-    ASSERT_TRUE(one && two);
-    EXPECT_NE(one, two);
-    EXPECT_EQ(one->lblHeaderTitle->text(), "Adult (18+) titled");
+    const auto view = shown.tableViewViewForHeaderInSection(*shown.tableView, 0);
+    EXPECT_NE(view, shown.tableViewViewForHeaderInSection(*shown.tableView, 0));
+    const auto header = std::dynamic_pointer_cast<ModeHeaderView>(view);
+    ASSERT_NE(header, nullptr);
+    EXPECT_EQ(header->lblHeaderTitle->text(), "Adult (18+) titled");
     EXPECT_EQ(shown.tableViewViewForHeaderInSection(*shown.tableView, 1), nullptr);
 }
 
@@ -186,32 +161,15 @@ TEST_F(GroupChoice, StylesTheRowsByTheirMark) {
         const auto cell =
             std::dynamic_pointer_cast<VibeDropdownTblCell>(screen()->tblDropDown->cellForRowAtIndexPath({0, row}));
         ASSERT_NE(cell, nullptr);
-        EXPECT_EQ(cell->lblTitle->text(), screen()->arrMainCategories()[static_cast<std::size_t>(row)]->title);
         EXPECT_EQ(cell->imgSelected->image(), UIImage::imageNamed(marked ? "tick_selected" : "tick_not_selected"));
-        EXPECT_NE(cell->imgSelected->image(), nullptr);
         const UIColor& background = *cell->viewMain->backgroundColor();
         EXPECT_TRUE(background == (marked ? *UIColor::colorNamed("AppGreen") : *colorFromHex("F2F2F6")));
         const CALayer& layer = *cell->viewMain->layer();
         EXPECT_TRUE(*layer.borderColor() == (marked ? *UIColor::whiteColor() : *colorFromHex("DDDDDD")));
-        EXPECT_EQ(layer.borderWidth(), 1);
         EXPECT_EQ(layer.shadowOpacity(), marked ? 0.3f : 0);
         EXPECT_TRUE(*cell->lblTitle->textColor() ==
                     (marked ? *UIColor::whiteColor() : *UIColor::colorNamed("TextColor")));
     }
-}
-
-TEST_F(GroupChoice, ShowsAnEmptyTableForAGroupWithoutAFile) {
-    remove("Friends.json");
-    open();
-    host->activate(nullptr);
-    host->advance(1s);
-    EXPECT_EQ(support::takeStandardOutput(),
-              "willBecomeActive\n❌ JSON file not found: Friends\nwillTransition\ndidTransition\n");
-    choose(1);
-    EXPECT_EQ(screen()->tableView->numberOfSections(), 0);
-    EXPECT_EQ(screen()->lblDropDown->text(), "Friends");
-    choose(2);
-    EXPECT_EQ(titlesOf(*screen()), "|Couple titled|");
 }
 
 TEST_F(GroupChoice, OfARowBeyondTheListGivesFamilyAndMarksNothing) {
@@ -227,30 +185,15 @@ TEST_F(GroupChoice, OfARowBeyondTheListGivesFamilyAndMarksNothing) {
     EXPECT_TRUE(shown.viewDropDown->isHidden());
 }
 
-TEST_F(ModeLaunch, OpensTheLinkOfTheTappedRowAtEveryTap) {
+TEST_F(ModeLaunch, LeavesTheTappedRowSelectedAndItsModeAsItIs) {
     openAndSettle();
     UITableView& modes = *screen()->tableView;
-    tapRow(modes, {0, 0});
-    tapRow(modes, {0, 0});
-    choose(2);
-    EXPECT_EQ(host->links().size(), 2U) << "a choice in the dropdown opens nothing";
     tapRow(modes, {1, 0});
-    ASSERT_EQ(host->links().size(), 3U);
-    const std::string first = queryOf("Adult%20(18+)", "Adult%20(18+)%20titled", "One%20%26%20two") + "&icon=icon_rose";
-    EXPECT_EQ(host->links()[0].url.absoluteString(), first);
-    EXPECT_EQ(host->links()[1].url.absoluteString(), first);
-    EXPECT_EQ(host->links()[2].url.absoluteString(), queryOf("Couple", "", "Third") + "&icon=none");
-    EXPECT_EQ(modes.indexPathForSelectedRow(), (NSIndexPath{1, 0})) << "the row is left selected";
-    EXPECT_EQ(titlesOf(*screen()), "|Couple titled|");
+    tapRow(modes, {1, 0});
+    ASSERT_EQ(host->links().size(), 2U);
+    EXPECT_EQ(host->links()[1].url.absoluteString(),
+              "https://truths-and-dares.example/Category?mainCategory=Adult%20(18+)&sectionCategory=&sectionItem=Third"
+              "&icon=none");
+    EXPECT_EQ(modes.indexPathForSelectedRow(), (NSIndexPath{1, 0}));
     EXPECT_FALSE(screen()->sections()[1].items[0].isSelected);
-}
-
-TEST_F(ModeLaunch, DoesNothingWithoutAnExtensionContext) {
-    open();
-    const auto screen = screenByItself();
-    host->window().setRootViewController(screen);
-    host->settle();
-    ASSERT_EQ(screen->sections().size(), 2U);
-    screen->tableViewDidSelectRowAtIndexPath(*screen->tableView, {0, 0});
-    EXPECT_TRUE(host->links().empty());
 }

@@ -8,8 +8,8 @@
 #include "simulator/conversation/ExtensionBundle.h"
 #include "simulator/conversation/Finger.h"
 #include "simulator/flows/Flow.h"
-#include "tests/foundation/TemporaryFolder.h"
 #include "tests/support/Output.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,6 @@ protected:
     void replace(const std::string& name, const std::string& text) {
         overrides.push_back({name, folder.write(name, text).string()});
     }
-    void remove(const std::string& name) { overrides.push_back({name, std::nullopt}); }
     void open(const std::string& device = "15") {
         openExtensionBundle(TD_BUNDLE, overrides);
         host = ConversationHost::create(deviceNamed(device).value(), {"A"}, log);
@@ -95,7 +94,7 @@ protected:
         return marks;
     }
 
-    TemporaryFolder folder;
+    support::TemporaryFolder folder;
     std::vector<ResourceOverride> overrides;
     EventLog log{nullptr};
     std::shared_ptr<ConversationHost> host;

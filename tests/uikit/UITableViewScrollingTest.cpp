@@ -114,3 +114,13 @@ TEST(UITableViewScrolling, FollowsTheFingerAlthoughRowsAboveAreMeasuredOnTheWay)
     screen.lift(finger, {100, 240});
     EXPECT_FALSE(screen.window->needsLayout());
 }
+
+TEST(UITableViewScrolling, LearnsFromTheRowsSeenForTheNextReload) {
+    ListOnScreen screen({100});
+    screen.list->area = [](NSIndexPath) { return 320.0 * 90; };
+    screen.layout();
+    EXPECT_LT(screen.table->contentSize().height, 100 * 90);
+    screen.table->reloadData();
+    screen.layout();
+    EXPECT_EQ(screen.table->contentSize().height, 30 + 100 * 90 + 20);
+}

@@ -7,14 +7,12 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
-#include <vector>
 
 /// A conversation with the extension that the build assembled, in virtual time.
 class ConversationTest : public testing::Test {
 protected:
-    explicit ConversationTest(const std::vector<ResourceOverride>& overrides = {}) {
-        openExtensionBundle(TD_BUNDLE, overrides);
+    ConversationTest() {
+        openExtensionBundle(TD_BUNDLE, {});
         MainRunLoop::shared().useVirtualClock();
         host = ConversationHost::create(deviceNamed("15").value(), {"A", "B"}, log);
     }

@@ -1,7 +1,7 @@
 #include "simulator/pictures/GalleryFolder.h"
 
 #include "platform/foundation/FileReading.h"
-#include "tests/foundation/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ protected:
                !gallery.savePage();
     }
 
-    TemporaryFolder folder;
+    support::TemporaryFolder folder;
 };
 
 TEST_F(GalleryFolderTest, OverwritesAnEarlierGalleryOfItsOwn) {
@@ -27,7 +27,7 @@ TEST_F(GalleryFolderTest, OverwritesAnEarlierGalleryOfItsOwn) {
 
 TEST_F(GalleryFolderTest, LeavesFilesOfOthersAloneUnlessForced) {
     for (const std::string name : {"a.png", "gallery.png", "index.html"}) {
-        const TemporaryFolder other;
+        const support::TemporaryFolder other;
         const std::filesystem::path file = other.write(name, "somebody's");
         EXPECT_TRUE(GalleryFolder(other.path(), Overwriting::own).refusal(name).has_value()) << name;
         EXPECT_FALSE(GalleryFolder(other.path(), Overwriting::everything).refusal(name).has_value()) << name;

@@ -2,8 +2,8 @@
 #include "simulator/conversation/ExtensionBundle.h"
 #include "simulator/flows/FlowPlayer.h"
 #include "simulator/flows/FlowReader.h"
-#include "tests/foundation/TemporaryFolder.h"
 #include "tests/support/Output.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ protected:
         return reading.bitmap ? *std::move(reading.bitmap) : Bitmap(0, 0);
     }
 
-    TemporaryFolder folder;
+    support::TemporaryFolder folder;
 };
 
 TEST_F(PictureCommandsTest, WritesPicturesOfTheScreenAndOfTheExtensionAlone) {
@@ -48,15 +48,16 @@ TEST_F(PictureCommandsTest, WritesPicturesOfTheScreenAndOfTheExtensionAlone) {
 }
 
 TEST_F(PictureCommandsTest, ComparesWithTheGoldenBesideTheFlow) {
-    const std::string flow = "- launchApp\n- wait: 600\n- assertScreenshot: opened\n";
-    const std::vector<Finding> recorded = play(flow);
+    const std::string compact = "- launchApp\n- assertScreenshot: opened\n";
+    const std::vector<Finding> recorded = play(compact);
     ASSERT_EQ(recorded.size(), 1u);
     EXPECT_THAT(recorded[0].message, HasSubstr((folder.path() / "opened.png").string()));
-    EXPECT_THAT(play(flow), IsEmpty());
-    EXPECT_EQ(play("- launchApp\n- assertScreenshot: opened\n").size(), 1u) << "compact, not expanded";
+    EXPECT_THAT(play(compact), IsEmpty());
+    const std::string expanded = "- launchApp\n- wait: 600\n- assertScreenshot: opened\n";
+    EXPECT_EQ(play(expanded).size(), 1u);
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "out" / "opened.diff.png"));
-    EXPECT_THAT(play("- launchApp\n- assertScreenshot: opened\n", true), IsEmpty());
-    EXPECT_THAT(play("- launchApp\n- assertScreenshot: opened\n"), IsEmpty()) << "taken anew";
+    EXPECT_THAT(play(expanded, true), IsEmpty());
+    EXPECT_THAT(play(expanded), IsEmpty()) << "taken anew";
 }
 
 TEST_F(PictureCommandsTest, TakesAPictureBeforeTheFingerIsLifted) {
@@ -70,11 +71,10 @@ TEST_F(PictureCommandsTest, TakesAPictureBeforeTheFingerIsLifted) {
 }
 
 TEST_F(PictureCommandsTest, RefusesNamesOutsideTheFolderAndWordsItDoesNotKnow) {
-    EXPECT_EQ(play("- takeScreenshot: ../up\n").size(), 1u);
-    EXPECT_EQ(play("- takeScreenshot: /tmp/up\n").size(), 1u);
-    EXPECT_EQ(play("- takeScreenshot: {bare: true}\n").size(), 1u);
-    EXPECT_EQ(play("- assertScreenshot: {path: a, bare: maybe}\n").size(), 1u);
-    EXPECT_EQ(play("- setAppearance: blue\n").size(), 1u);
+    for (const char* command : {"takeScreenshot: ../up", "takeScreenshot: /tmp/up", "takeScreenshot: {bare: true}",
+                                "assertScreenshot: {path: a, bare: maybe}", "setAppearance: blue"}) {
+        EXPECT_EQ(play("- " + std::string(command) + "\n").size(), 1u) << command;
+    }
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "simulator/pictures/PictureComparison.h"
 
 #include "platform/graphics/PNG.h"
-#include "tests/foundation/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,6 +10,7 @@
 
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 
 constexpr std::uint32_t grey = 0xFF808080;
@@ -34,21 +35,15 @@ protected:
         return std::filesystem::exists(folder.path() / "differences" / ("screen." + kind + ".png"));
     }
 
-    TemporaryFolder folder;
+    support::TemporaryFolder folder;
 };
-
-TEST_F(PictureComparisonTest, EqualPicturesPassAndLeaveNothingBehind) {
-    keepAsGolden(plain(4, 3));
-    EXPECT_FALSE(compareWithGolden(plain(4, 3), golden()).has_value());
-    EXPECT_FALSE(left("actual"));
-}
 
 TEST_F(PictureComparisonTest, AMissingGoldenIsRecordedAndFails) {
     const std::optional<Failure> failure = compareWithGolden(plain(4, 3), golden());
     ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(failure->message, HasSubstr(golden().file.string()));
-    EXPECT_THAT(failure->message, HasSubstr("recorded"));
+    EXPECT_THAT(failure->message, AllOf(HasSubstr(golden().file.string()), HasSubstr("recorded")));
     EXPECT_FALSE(compareWithGolden(plain(4, 3), golden()).has_value());
+    EXPECT_FALSE(left("actual"));
 }
 
 TEST_F(PictureComparisonTest, ADifferenceIsNamedCountedAndLeftAsPictures) {
@@ -66,22 +61,15 @@ TEST_F(PictureComparisonTest, ADifferenceIsNamedCountedAndLeftAsPictures) {
     EXPECT_NE(difference.bitmap->pixel(2, 1), difference.bitmap->pixel(0, 0));
 }
 
-TEST_F(PictureComparisonTest, ADifferenceDoesNotChangeTheGolden) {
-    keepAsGolden(plain(4, 3));
-    static_cast<void>(compareWithGolden(plain(4, 4), golden()));
-    EXPECT_FALSE(compareWithGolden(plain(4, 3), golden()).has_value());
-}
-
 TEST_F(PictureComparisonTest, SizesThatDifferAreSaid) {
     keepAsGolden(plain(4, 3));
     const std::optional<Failure> failure = compareWithGolden(plain(5, 3), golden());
     ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(failure->message, HasSubstr("5 x 3 pixels, not 4 x 3"));
-    EXPECT_THAT(failure->message, HasSubstr("(4, 0), 3 differ in all"));
+    EXPECT_THAT(failure->message, AllOf(HasSubstr("5 x 3 pixels, not 4 x 3"), HasSubstr("(4, 0), 3 differ in all")));
+    EXPECT_FALSE(compareWithGolden(plain(4, 3), golden()).has_value()) << "the golden stays";
 }
 
 TEST_F(PictureComparisonTest, AGoldenThatIsNoPictureIsSaid) {
-    std::filesystem::create_directories(golden().file.parent_path());
     folder.write("golden/screen.png", "not a picture");
     const std::optional<Failure> failure = compareWithGolden(plain(4, 3), golden());
     ASSERT_TRUE(failure.has_value());

@@ -70,19 +70,6 @@ TEST_F(CategoryTables, TellATableByIdentity) {
     EXPECT_EQ(shown.tableViewNumberOfRowsInSection(*other, 0), 4) << "questions take it for the dropdown";
     shown.tableViewDidSelectRowAtIndexPath(*other, {1, 0});
     EXPECT_EQ(host->links().size(), 1U) << "a choice takes it for the modes";
-
-    const auto modes = shown.tableView.get();
-    shown.tableView = nullptr;
-    EXPECT_EQ(shown.numberOfSectionsInTableView(*modes), 1);
-    EXPECT_EQ(shown.tableViewHeightForFooterInSection(*modes, 0), 0);
-    EXPECT_EQ(shown.tableViewViewForHeaderInSection(*modes, 0), nullptr);
-    const auto groups = shown.tblDropDown.get();
-    shown.tblDropDown = nullptr;
-    shown.tableViewDidSelectRowAtIndexPath(*groups, {0, 1});
-    EXPECT_EQ(host->links().size(), 2U);
-    EXPECT_EQ(shown.currentOption(), CurrentOption::Adult_18_Plus);
-    shown.tableView = modes;
-    shown.tblDropDown = groups;
 }
 
 TEST_F(CategoryTables, ShowAPlainEmptyRowWhereTheNibHoldsAnotherCell) {

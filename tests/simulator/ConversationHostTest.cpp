@@ -7,12 +7,6 @@ using Style = MSMessagesAppPresentationStyle;
 
 using ConversationHostTest = ConversationTest;
 
-TEST_F(ConversationHostTest, OpensTheExtensionCompactAtTheBottomOfTheScreen) {
-    host->activate(nullptr);
-    EXPECT_EQ(host->window().frame(), CGRectMake(0, 852 - 334, 393, 334)) << "300 points and the home indicator";
-    EXPECT_EQ(host->controller()->view()->bounds().size, (CGSize{393, 334}));
-}
-
 TEST_F(ConversationHostTest, AnswersAStyleRequestWithBothTransitionCallbacks) {
     host->activate(nullptr);
     host->advance(499ms);

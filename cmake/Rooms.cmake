@@ -11,8 +11,6 @@ if(TD_SANITIZE)
   target_compile_options(td_options INTERFACE -fsanitize=${TD_SANITIZE} -fno-sanitize-recover=all
                                               -fno-omit-frame-pointer)
   target_link_options(td_options INTERFACE -fsanitize=${TD_SANITIZE})
-  # With the sanitizers' checks in place GCC takes the inside of <regex> for uninitialised.
-  target_compile_options(td_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
 function(td_library name directory)

@@ -1,8 +1,9 @@
 #include "simulator/conversation/Screen.h"
 
+#include "simulator/conversation/TextPattern.h"
+
 #include <algorithm>
 #include <functional>
-#include <regex>
 
 namespace {
 
@@ -24,15 +25,10 @@ bool fits(const Selector& selector, const ScreenElement& element, const TextMatc
     return textFits && (!selector.id || id(element.identifier()));
 }
 
-/// A pattern that is no regular expression matches nothing; it was compared literally before.
+/// Compared literally before, so that what is no regular expression may match nothing.
 TextMatcher wholePattern(const std::optional<std::string>& pattern) {
-    constexpr std::size_t longest = 2000; // the standard library's matcher recurses once a character
-    try {
-        return [expression = std::regex(pattern.value_or(""), std::regex::ECMAScript | std::regex::icase)](
-                   const std::string& text) { return text.size() <= longest && std::regex_match(text, expression); };
-    } catch (const std::regex_error&) {
-        return [](const std::string&) { return false; };
-    }
+    return
+        [expression = TextPattern(pattern.value_or(""))](const std::string& text) { return expression.matches(text); };
 }
 
 std::vector<ScreenElement> select(const std::vector<ScreenElement>& elements, const Matcher& matches) {

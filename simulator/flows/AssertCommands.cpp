@@ -2,12 +2,13 @@
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowCommands.h"
 
+#include "platform/foundation/FileReading.h"
 #include "platform/foundation/NSURLComponents.h"
 #include "simulator/flows/FlowPlayer.h"
 #include "simulator/flows/Selector.h"
 
+#include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace {
 
@@ -58,6 +59,7 @@ FlowAction readLinkItems(const FlowValue& value) {
 Outcome recordTree(const std::string& path, const std::string& tree) {
     std::ofstream file(path, std::ios::binary);
     file << tree;
+    file.close();
     return Failure{file ? "there was no " + path + ": it has been recorded; look at it, then play the flow again"
                         : path + " cannot be written"};
 }
@@ -122,14 +124,17 @@ FlowAction readAssertTree(const FlowValue& value) {
     return [name = value.name()](FlowPlayer& player) -> Outcome {
         const std::string path = player.besideFlow(name);
         const std::string tree = describeTree(player.host().window(), TreeDetail::stable);
-        std::ifstream file(path, std::ios::binary);
-        if (!file) {
+        std::error_code error;
+        if (!std::filesystem::exists(path, error)) {
             return recordTree(path, tree);
         }
-        const std::string expected(std::istreambuf_iterator<char>(file), {});
-        return tree == expected
+        const Result<std::string> expected = readWholeFile(path);
+        if (!expected) {
+            return Failure{expected.error()};
+        }
+        return tree == expected.value()
                    ? Outcome()
-                   : Failure{"the view tree is not that of " + path + ", " + firstDifference(expected, tree)};
+                   : Failure{"the view tree is not that of " + path + ", " + firstDifference(expected.value(), tree)};
     };
 }
 

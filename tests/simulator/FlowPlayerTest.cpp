@@ -86,6 +86,9 @@ TEST_F(FlowPlayerTest, RecordsATreeOnceAndThenComparesWithIt) {
     const FlowResult other = play("- launchApp\n- assertTree: tree.txt\n", file);
     ASSERT_EQ(other.failures.size(), 1u);
     EXPECT_THAT(other.failures[0].message, HasSubstr("line 1:"));
+    const FlowResult folderAsTree = play("- launchApp\n- assertTree: .\n", file);
+    ASSERT_EQ(folderAsTree.failures.size(), 1u);
+    EXPECT_THAT(folderAsTree.failures[0].message, HasSubstr("it is a folder"));
 }
 
 } // namespace

@@ -156,7 +156,12 @@ private:
 } // namespace
 
 std::vector<FlowNode> readFlowDocuments(const std::string& text, FlowProblems& problems) {
+    constexpr std::size_t largest = 1'000'000; // bytes; the YAML library takes a hundred times as much memory
     std::vector<FlowNode> documents;
+    if (text.size() > largest) {
+        problems.add(0, 0, "the flow is larger than 1 MB");
+        return documents;
+    }
     checkLines(text, problems);
     if (problems.findings().empty()) {
         try {

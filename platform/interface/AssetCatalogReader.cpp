@@ -1,6 +1,5 @@
 #include "platform/interface/AssetCatalogReader.h"
 
-#include "platform/interface/CatalogEntries.h"
 #include "platform/interface/CatalogSets.h"
 
 std::filesystem::path catalogFolder(const NSBundle& bundle) {
@@ -39,7 +38,10 @@ std::filesystem::path AssetCatalogReader::find(std::string_view name, const char
     if (name.find('/') == std::string_view::npos && std::filesystem::is_directory(m_folder / file, error)) {
         return m_folder / file;
     }
-    for (const CatalogEntry& entry : catalogEntries(m_folder)) {
+    if (!m_entries) {
+        m_entries = catalogEntries(m_folder);
+    }
+    for (const CatalogEntry& entry : *m_entries) {
         if (entry.name == name && entry.folder.extension() == extension) {
             return entry.folder;
         }

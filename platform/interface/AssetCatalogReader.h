@@ -4,10 +4,13 @@
 #include "platform/graphics/AssetCatalog.h"
 #include "platform/graphics/UIColor.h"
 #include "platform/graphics/UIImage.h"
+#include "platform/interface/CatalogEntries.h"
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
+#include <vector>
 
 /// Where a bundle keeps its asset catalogue.
 [[nodiscard]] std::filesystem::path catalogFolder(const NSBundle& bundle);
@@ -26,6 +29,7 @@ private:
     [[nodiscard]] std::filesystem::path find(std::string_view name, const char* extension);
 
     std::filesystem::path m_folder;
+    std::optional<std::vector<CatalogEntry>> m_entries; // listed when a name is first looked for in groups
     std::map<std::string, std::shared_ptr<UIColor>, std::less<>> m_colors;
     std::map<std::string, std::shared_ptr<UIImage>, std::less<>> m_images;
 };

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using testing::AllOf;
@@ -48,6 +50,25 @@ TEST_F(StageTest, DoesNotOpenAnExtensionWhoseInterfaceFilesAreWrong) {
     EXPECT_THAT(complaint(), AllOf(HasSubstr("MainInterface.storyboard:"), HasSubstr("did you mean lblDropDown?")));
     EXPECT_FALSE(stage);
     EXPECT_EQ(status, exitFailed);
+}
+
+TEST_F(StageTest, DoesNotOpenAnExtensionWithoutAnInitialController) {
+    edit("MainInterface.storyboard", "initialViewController=\"", "initialViewController=\"no");
+    EXPECT_THAT(complaint(), HasSubstr("MainInterface.storyboard: error: the storyboard has no initial controller"));
+    EXPECT_FALSE(stage);
+    EXPECT_EQ(status, exitFailed);
+}
+
+TEST_F(StageTest, CountsTheIconsThatTheCatalogueLacks) {
+    std::string items;
+    for (int i = 0; i < 60; ++i) { // each name twice
+        items += std::string(i == 0 ? "" : ",") + R"({"title":"","subtitle":"","isSelected":false,"icon":"no)" +
+                 std::to_string(i % 30) + "\"}";
+    }
+    folder.write("Couple.json", "[{\"sectionTitle\":\"a\",\"items\":[" + items + "]}]");
+    const std::string warnings = complaint();
+    EXPECT_EQ(std::count(warnings.begin(), warnings.end(), '\n'), 21);
+    EXPECT_THAT(warnings, HasSubstr("Couple.json: warning: the asset catalogue lacks 10 more of the icons"));
 }
 
 TEST_F(StageTest, WarnsOfImagesThatTheCatalogueLacks) {

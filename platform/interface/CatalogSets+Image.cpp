@@ -1,3 +1,4 @@
+#include "platform/graphics/PNG.h"
 #include "platform/interface/CatalogContents.h"
 #include "platform/interface/CatalogSets.h"
 
@@ -47,6 +48,11 @@ void addFile(const std::filesystem::path& folder, const NamedFile& file,
     representations.push_back({stem + ".png", 1});
     representations.push_back({stem + "@2x.png", 2});
     representations.push_back({stem + "@3x.png", 3});
+}
+
+/// Why a picture cannot be drawn; empty for a sound one, and for a drawing, which nobody reads at run time.
+std::string problemOfPNG(const std::filesystem::path& path) {
+    return path.extension() == ".svg" ? std::string() : readPNG(path.string()).error;
 }
 
 UIImageRenderingMode renderingModeOf(JSONValue root) {
@@ -102,6 +108,8 @@ void checkImageFiles(const std::filesystem::path& folder, std::vector<InterfaceF
             std::error_code error;
             if (!std::filesystem::is_regular_file(file.path, error)) {
                 findings.push_back(contents->finding(*name, "the file " + file.path + " is missing"));
+            } else if (const std::string problem = problemOfPNG(file.path); !problem.empty()) {
+                findings.push_back(contents->finding(*name, "the file " + file.path + " cannot be drawn: " + problem));
             }
         }
     }

@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-/// One set of an asset catalogue: its folder ("NAME.imageset") and the name it is asked for by, which starts with
-/// "GROUP/" inside groups that provide a namespace.
+/// One set of an asset catalogue: its folder ("NAME.imageset") and the name it is asked for by.
 struct CatalogEntry {
     std::filesystem::path folder;
     std::string name;

@@ -1,6 +1,5 @@
 #include "platform/interface/CatalogContents.h"
 #include "platform/interface/CatalogSets.h"
-#include "platform/interface/DisplayP3.h"
 #include "platform/interface/NumberText.h"
 
 #include <algorithm>
@@ -68,35 +67,27 @@ private:
         }
         std::optional<RGBA>& place = dark ? m_dark : m_light;
         if (!place || idiom == "iphone") {
-            place = colorOf(*color, dark);
+            place = colorOf(*color);
         }
     }
 
-    RGBA colorOf(JSONValue color, bool dark) {
-        if (const std::string_view reference = textAt(color, "reference"); !reference.empty()) {
-            const auto system = UIColor::systemColorNamed(reference);
-            if (!system) {
-                fault(color, "there is no system colour \"" + std::string(reference) + "\"");
-            }
-            return system ? system->resolved(dark ? UIUserInterfaceStyle::dark : UIUserInterfaceStyle::light) : RGBA();
-        }
+    RGBA colorOf(JSONValue color) {
         const auto components = color.find("components");
         if (!components || !components->is(JSONKind::object)) {
             fault(color, "the colour has no components");
             return {};
         }
-        return componentsOf(*components, textAt(color, "color-space"));
+        return componentsOf(*components);
     }
 
-    RGBA componentsOf(JSONValue components, std::string_view space) {
+    /// Wide colours count as if they were of the usual space.
+    RGBA componentsOf(JSONValue components) {
         const double alpha = components.find("alpha") ? component(components, "alpha") : 1;
         if (components.find("white")) {
             const double white = component(components, "white");
             return {white, white, white, alpha};
         }
-        const RGBA color{component(components, "red"), component(components, "green"), component(components, "blue"),
-                         alpha};
-        return space == "display-p3" ? sRGBFromDisplayP3(color) : color;
+        return {component(components, "red"), component(components, "green"), component(components, "blue"), alpha};
     }
 
     double component(JSONValue components, std::string_view key) {

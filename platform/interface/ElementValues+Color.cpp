@@ -1,4 +1,3 @@
-#include "platform/interface/DisplayP3.h"
 #include "platform/interface/ElementValues.h"
 
 #include <algorithm>
@@ -31,10 +30,8 @@ std::shared_ptr<UIColor> componentColor(const InterfaceElement& element, Interfa
         const double white = component(element, "white", report);
         return std::make_shared<UIColor>(white, white, white, alpha);
     }
-    const RGBA color{component(element, "red", report), component(element, "green", report),
-                     component(element, "blue", report), alpha};
-    const bool wide = element.value("customColorSpace") == "displayP3";
-    return std::make_shared<UIColor>(wide ? sRGBFromDisplayP3(color) : color);
+    return std::make_shared<UIColor>(component(element, "red", report), component(element, "green", report),
+                                     component(element, "blue", report), alpha);
 }
 
 bool hasComponents(const InterfaceElement& element) {

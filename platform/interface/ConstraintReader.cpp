@@ -96,7 +96,7 @@ public:
 
     /// None after an error. An item that is not named is the owner.
     [[nodiscard]] std::optional<LayoutEnd> read(std::string_view itemKey, std::string_view attributeKey) const {
-        InterfaceObjects::Entry entry{m_owner, LayoutGuide::view, std::nullopt};
+        InterfaceObjects::Entry entry{m_owner, LayoutGuide::view};
         bool resolved = true;
         if (m_element.attribute(itemKey) != nullptr) {
             const InterfaceObjects::Entry* named = m_objects.require(m_element, itemKey, m_report);
@@ -111,8 +111,7 @@ public:
         if (!resolved || meaning == nullptr || !view) {
             return std::nullopt;
         }
-        return LayoutEnd{view, meaning->insideMargins ? LayoutGuide::margins : entry.guide,
-                         entry.edge.value_or(meaning->attribute)};
+        return LayoutEnd{view, meaning->insideMargins ? LayoutGuide::margins : entry.guide, meaning->attribute};
     }
 
 private:

@@ -47,11 +47,6 @@ std::optional<CGRect> readRect(const InterfaceElement& element, InterfaceReport&
                    : std::nullopt;
 }
 
-std::optional<CGPoint> readPoint(const InterfaceElement& element, InterfaceReport& report) {
-    const auto numbers = requiredNumbers<2>(element, {"x", "y"}, report);
-    return numbers ? std::optional(CGPoint{(*numbers)[0], (*numbers)[1]}) : std::nullopt;
-}
-
 std::optional<CGSize> readSize(const InterfaceElement& element, InterfaceReport& report) {
     const auto numbers = requiredNumbers<2>(element, {"width", "height"}, report);
     return numbers ? std::optional(CGSize{(*numbers)[0], (*numbers)[1]}) : std::nullopt;

@@ -24,7 +24,6 @@
                                                    InterfaceReport& report);
 /// <rect x y width height>
 [[nodiscard]] std::optional<CGRect> readRect(const InterfaceElement& element, InterfaceReport& report);
-[[nodiscard]] std::optional<CGPoint> readPoint(const InterfaceElement& element, InterfaceReport& report);
 [[nodiscard]] std::optional<CGSize> readSize(const InterfaceElement& element, InterfaceReport& report);
 /// <inset minX minY maxX maxY> or <edgeInsets top left bottom right>
 [[nodiscard]] std::optional<UIEdgeInsets> readInsets(const InterfaceElement& element, InterfaceReport& report);

@@ -6,7 +6,6 @@
 #include "platform/interface/ObjectClasses.h"
 #include "platform/interface/RuntimeAttributes.h"
 #include "platform/interface/SourceLocation.h"
-#include "platform/uikit/UITableView.h"
 #include "platform/uikit/UITableViewCell.h"
 #include "platform/uikit/UIView.h"
 
@@ -41,48 +40,39 @@ std::shared_ptr<UIView> InterfaceInstance::makeView(const InterfaceElement& elem
 
 void InterfaceInstance::keep(const InterfaceElement& element, const std::shared_ptr<NSObject>& object) {
     setSourceLocation(*object, m_document.sharedPath(), element.line, element.column);
-    m_objects.put(element, {object, LayoutGuide::view, std::nullopt}, m_report);
+    m_objects.put(element, {object, LayoutGuide::view}, m_report);
     m_made.push_back({&element, object, false});
 }
 
 void InterfaceInstance::adopt(const InterfaceElement& element, const std::shared_ptr<NSObject>& object) {
-    m_objects.put(element, {object, LayoutGuide::view, std::nullopt}, m_report);
+    m_objects.put(element, {object, LayoutGuide::view}, m_report);
     if (object) {
         m_made.push_back({&element, object, true});
     }
 }
 
-void InterfaceInstance::adoptLayoutGuides(const InterfaceElement& controller, const std::shared_ptr<UIView>& view) {
-    if (const InterfaceElement* guides = controller.child("layoutGuides")) {
-        for (const InterfaceElement& guide : guides->children) {
-            const bool top = guide.value("type") == "top";
-            m_objects.put(guide, {view, LayoutGuide::safeArea, top ? LayoutAttribute::top : LayoutAttribute::bottom},
-                          m_report);
-        }
-    }
-}
-
 void InterfaceInstance::makeInside(const InterfaceElement& element, const std::shared_ptr<UIView>& view) {
-    readVariations(element);
     for (const InterfaceElement& child : element.children) {
         if (child.name == "subviews") {
             addSubviews(child, *view);
         } else if (child.name == "tableViewCellContentView") {
             fillContentView(child, *view);
         } else if (child.name == "view") {
-            addTableView(child, *view);
+            m_report.error(child, "a view under the key \"" + std::string(child.value("key")) + "\" has no place in " +
+                                      classNameOf(*view));
         } else if (child.name == "viewLayoutGuide") {
             putGuide(child, view);
         } else if (child.name == "prototypes" || child.name == "sections") {
             m_report.warning(child, "cells inside a table are left out; they come from nibs here");
+        } else if (child.name == "variation") {
+            m_report.warning(child, "variations for size classes are ignored");
         }
     }
 }
 
 void InterfaceInstance::addSubviews(const InterfaceElement& subviews, UIView& view) {
     for (const InterfaceElement& child : subviews.children) {
-        const std::shared_ptr<UIView> made = makeView(child);
-        if (made && m_excluded.count(child.id()) == 0) {
+        if (const std::shared_ptr<UIView> made = makeView(child)) {
             view.addSubview(made);
         }
     }
@@ -103,47 +93,15 @@ void InterfaceInstance::fillContentView(const InterfaceElement& element, UIView&
     makeInside(element, content);
 }
 
-void InterfaceInstance::addTableView(const InterfaceElement& element, UIView& owner) {
-    auto* table = dynamic_cast<UITableView*>(&owner);
-    const std::string_view key = element.value("key");
-    if (table == nullptr || (key != "tableHeaderView" && key != "tableFooterView")) {
-        m_report.error(element,
-                       "a view under the key \"" + std::string(key) + "\" has no place in " + classNameOf(owner));
-    } else if (key == "tableHeaderView") {
-        table->setTableHeaderView(makeView(element));
-    } else {
-        table->setTableFooterView(makeView(element));
-    }
-}
-
 void InterfaceInstance::putGuide(const InterfaceElement& element, const std::shared_ptr<UIView>& view) {
     const std::string_view key = element.value("key");
     if (key == "safeArea") {
-        m_objects.put(element, {view, LayoutGuide::safeArea, std::nullopt}, m_report);
+        m_objects.put(element, {view, LayoutGuide::safeArea}, m_report);
     } else if (key == "frameLayoutGuide") {
-        m_objects.put(element, {view, LayoutGuide::view, std::nullopt}, m_report);
+        m_objects.put(element, {view, LayoutGuide::view}, m_report);
     } else {
         m_report.error(element, "the guide \"" + std::string(key) + "\" is not supported");
         m_objects.put(element, {}, m_report);
-    }
-}
-
-void InterfaceInstance::readVariations(const InterfaceElement& element) {
-    for (const InterfaceElement& variation : element.children) {
-        if (variation.name != "variation") {
-            continue;
-        }
-        if (variation.value("key") != "default") {
-            m_report.warning(variation, "variations for size classes are ignored");
-            continue;
-        }
-        for (const InterfaceElement& mask : variation.children) {
-            for (const InterfaceElement& entry : mask.children) {
-                if (entry.name == "exclude") {
-                    m_excluded.insert(entry.value("reference"));
-                }
-            }
-        }
     }
 }
 
@@ -171,7 +129,7 @@ void InterfaceInstance::makeConstraints(const Made& owner) {
         return;
     }
     for (const InterfaceElement& element : constraints->children) {
-        const bool leftOut = element.value("placeholder") == "YES" || m_excluded.count(element.id()) != 0;
+        const bool leftOut = element.value("placeholder") == "YES";
         const auto constraint = leftOut ? nullptr : readConstraint(element, view, m_objects, m_document, m_report);
         if (constraint) {
             keep(element, constraint);

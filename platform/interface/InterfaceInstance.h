@@ -5,8 +5,6 @@
 #include "platform/interface/InterfaceReport.h"
 
 #include <memory>
-#include <string_view>
-#include <unordered_set>
 #include <vector>
 
 class UITableViewCell;
@@ -24,8 +22,6 @@ public:
     /// Lets an object that exists stand for an element and take part in its connections. A null one is left out
     /// quietly.
     void adopt(const InterfaceElement& element, const std::shared_ptr<NSObject>& object);
-    /// The guides of documents from before safe areas, which the controller owns.
-    void adoptLayoutGuides(const InterfaceElement& controller, const std::shared_ptr<UIView>& view);
 
     /// Constraints, outlets, actions and then runtime attributes of everything made so far.
     void connect();
@@ -45,14 +41,11 @@ private:
     void makeInside(const InterfaceElement& element, const std::shared_ptr<UIView>& view);
     void addSubviews(const InterfaceElement& subviews, UIView& view);
     void fillContentView(const InterfaceElement& element, UIView& owner);
-    void addTableView(const InterfaceElement& element, UIView& owner);
     void putGuide(const InterfaceElement& element, const std::shared_ptr<UIView>& view);
-    void readVariations(const InterfaceElement& element);
     void makeConstraints(const Made& owner);
 
     const InterfaceDocument& m_document;
     InterfaceReport& m_report;
     InterfaceObjects m_objects;
     std::vector<Made> m_made;
-    std::unordered_set<std::string_view> m_excluded; // ids that the default size class leaves out
 };

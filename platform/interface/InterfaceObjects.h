@@ -4,7 +4,6 @@
 #include "platform/uikit/NSLayoutConstraint.h"
 
 #include <memory>
-#include <optional>
 #include <string_view>
 #include <unordered_map>
 
@@ -14,7 +13,6 @@ public:
     struct Entry {
         std::shared_ptr<NSObject> object; // null for what is left out on purpose, such as an absent owner
         LayoutGuide guide = LayoutGuide::view;
-        std::optional<LayoutAttribute> edge; // the only attribute that an old top or bottom guide stands for
     };
 
     /// The first object of an id keeps it; a second one is warned of. An element without an id is not kept.

@@ -44,14 +44,11 @@ std::optional<Value> readDescribed(std::string_view type, const InterfaceElement
     if (child == nullptr || child->name != type) {
         return missing(attribute, report);
     }
-    const auto asValue = [](const auto& read) { return read ? std::optional<Value>(*read) : std::nullopt; };
     if (type == "color") {
         return Value(std::shared_ptr<NSObject>(readColor(*child, document, report)));
     }
-    if (type == "point") {
-        return asValue(readPoint(*child, report));
-    }
-    return type == "size" ? asValue(readSize(*child, report)) : asValue(readRect(*child, report));
+    const std::optional<CGSize> size = readSize(*child, report);
+    return size ? std::optional<Value>(*size) : std::nullopt;
 }
 
 std::optional<Value> readValue(const InterfaceElement& attribute, const InterfaceDocument& document,
@@ -72,11 +69,11 @@ std::optional<Value> readValue(const InterfaceElement& attribute, const Interfac
     if (type == "nil") {
         return Value(std::shared_ptr<NSObject>());
     }
-    if (type == "color" || type == "point" || type == "size" || type == "rect") {
+    if (type == "color" || type == "size") {
         return readDescribed(type, attribute, document, report);
     }
-    const std::vector<std::string> known{"boolean", "number", "string", "localizedString", "image", "nil", "color",
-                                         "point",   "size",   "rect"};
+    const std::vector<std::string> known{"boolean", "number", "string", "localizedString",
+                                         "image",   "nil",    "color",  "size"};
     report.error(attribute,
                  "values of the type \"" + std::string(type) + "\" are not supported" + suggestion(type, known));
     return std::nullopt;

@@ -32,7 +32,6 @@ std::shared_ptr<UIView> makeSceneView(const InterfaceScene& scene, const std::sh
     if (!view) {
         view = std::make_shared<UIView>();
     }
-    instance.adoptLayoutGuides(*scene.controller, view);
     for (const InterfaceElement& object : scene.objects->children) {
         if (object.name == "placeholder" || object.name == "exit") {
             instance.adopt(object, nullptr);

@@ -81,19 +81,6 @@ TEST_F(Storyboard, KeepsTheViewsOfTwoInstancesApartAndLetsThemGo) {
     EXPECT_TRUE(viewOne.expired());
 }
 
-TEST_F(Storyboard, ReadsTheGuidesOfOldDocuments) {
-    const auto controller = board(storyboardWith("c", R"(<scene><objects>
-<viewController id="c" sceneMemberID="viewController"><layoutGuides>
- <viewControllerLayoutGuide type="top" id="top"/><viewControllerLayoutGuide type="bottom" id="bottom"/></layoutGuides>
- <view key="view" id="v"><subviews><view id="w"/></subviews><constraints>
-  <constraint firstItem="w" firstAttribute="top" secondItem="top" secondAttribute="bottom" id="k1"/></constraints></view>
-</viewController></objects></scene>)"))
-                                ->instantiateInitialViewController();
-    const auto constraint = controller->view()->constraints().at(0);
-    EXPECT_EQ(constraint->second().guide, LayoutGuide::safeArea);
-    EXPECT_EQ(constraint->second().attribute, LayoutAttribute::top);
-}
-
 using StoryboardDeathTest = Storyboard;
 
 TEST_F(StoryboardDeathTest, StopsForAMissingSceneOrFile) {

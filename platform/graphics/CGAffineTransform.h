@@ -15,7 +15,6 @@ struct CGAffineTransform {
 
     [[nodiscard]] static constexpr CGAffineTransform translation(CGFloat x, CGFloat y) { return {1, 0, 0, 1, x, y}; }
     [[nodiscard]] static constexpr CGAffineTransform scaling(CGFloat x, CGFloat y) { return {x, 0, 0, y, 0, 0}; }
-    [[nodiscard]] static CGAffineTransform rotation(CGFloat radians);
 
     [[nodiscard]] CGPoint apply(CGPoint point) const {
         return {a * point.x + c * point.y + tx, b * point.x + d * point.y + ty};

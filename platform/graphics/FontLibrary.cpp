@@ -141,8 +141,8 @@ FontLibrary::Metrics FontLibrary::measure() const {
         hb_ot_metrics_get_position(shaper, tag, &value);
         return static_cast<CGFloat>(value) / em;
     };
-    const Metrics metrics{metric(HB_OT_METRICS_TAG_HORIZONTAL_ASCENDER), metric(HB_OT_METRICS_TAG_HORIZONTAL_DESCENDER),
-                          metric(HB_OT_METRICS_TAG_CAP_HEIGHT)};
+    const Metrics metrics{metric(HB_OT_METRICS_TAG_HORIZONTAL_ASCENDER),
+                          metric(HB_OT_METRICS_TAG_HORIZONTAL_DESCENDER)};
     g_object_unref(font);
     return metrics;
 }

@@ -15,7 +15,6 @@ public:
     struct Metrics {
         CGFloat ascender = 0;
         CGFloat descender = 0;
-        CGFloat capHeight = 0;
     };
 
     static FontLibrary& shared();

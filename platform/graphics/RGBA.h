@@ -11,6 +11,5 @@ struct RGBA {
 
     friend bool operator==(const RGBA&, const RGBA&) = default;
 
-    [[nodiscard]] RGBA withAlpha(CGFloat value) const { return {red, green, blue, value}; }
     [[nodiscard]] bool isOpaque() const { return alpha >= 1; }
 };

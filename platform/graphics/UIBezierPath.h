@@ -16,18 +16,10 @@ public:
     explicit UIBezierPath(CGPath path) : m_path(std::move(path)) {}
 
     [[nodiscard]] static std::shared_ptr<UIBezierPath> bezierPath();
-    [[nodiscard]] static std::shared_ptr<UIBezierPath> bezierPathWithRect(const CGRect& rect);
-    [[nodiscard]] static std::shared_ptr<UIBezierPath> bezierPathWithRoundedRectCornerRadius(const CGRect& rect,
-                                                                                             CGFloat cornerRadius);
-    [[nodiscard]] static std::shared_ptr<UIBezierPath> bezierPathWithOvalInRect(const CGRect& rect);
 
     void moveToPoint(CGPoint point) { m_path.moveTo(point); }
     void addLineToPoint(CGPoint point) { m_path.addLineTo(point); }
     void addQuadCurveToPointControlPoint(CGPoint end, CGPoint control) { m_path.addQuadCurveTo(end, control); }
-    void addCurveToPointControlPoint1ControlPoint2(CGPoint end, CGPoint control1, CGPoint control2) {
-        m_path.addCurveTo(end, control1, control2);
-    }
-    void closePath() { m_path.closeSubpath(); }
 
     [[nodiscard]] bool isEmpty() const { return m_path.isEmpty(); }
     [[nodiscard]] CGRect bounds() const { return m_path.boundingBox(); }

@@ -47,10 +47,6 @@ RGBA UIColor::components() const {
     return resolved(context == nullptr ? UIUserInterfaceStyle::light : context->style());
 }
 
-UIColor::Pointer UIColor::colorWithAlphaComponent(CGFloat alpha) const {
-    return dynamicColor(m_light.withAlpha(alpha), m_dark.withAlpha(alpha));
-}
-
 void UIColor::set() const {
     DrawingContext* context = DrawingContext::current();
     if (context == nullptr) {

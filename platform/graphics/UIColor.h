@@ -34,7 +34,6 @@ public:
     [[nodiscard]] RGBA resolved(UIUserInterfaceStyle style) const;
     /// The components in the appearance that is being drawn (light outside of drawing).
     [[nodiscard]] RGBA components() const;
-    [[nodiscard]] Pointer colorWithAlphaComponent(CGFloat alpha) const;
 
     /// Makes this the current colour for filling and stroking; without effect outside of drawing.
     void set() const;

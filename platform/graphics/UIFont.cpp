@@ -54,19 +54,10 @@ std::shared_ptr<UIFont> UIFont::preferredFontForTextStyle(std::string_view style
     return found == std::end(styles) ? nullptr : systemFontOfSizeWeight(found->size, found->weight);
 }
 
-const std::string& UIFont::familyName() const {
-    static const std::string name = "Inter";
-    return name;
-}
-
 CGFloat UIFont::ascender() const {
     return FontLibrary::shared().metrics().ascender * m_pointSize;
 }
 
 CGFloat UIFont::descender() const {
     return FontLibrary::shared().metrics().descender * m_pointSize;
-}
-
-CGFloat UIFont::capHeight() const {
-    return FontLibrary::shared().metrics().capHeight * m_pointSize;
 }

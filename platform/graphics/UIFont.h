@@ -4,7 +4,6 @@
 #include "platform/runtime/NSObject.h"
 
 #include <memory>
-#include <string>
 #include <string_view>
 
 enum class UIFontWeight { ultraLight, thin, light, regular, medium, semibold, bold, heavy, black };
@@ -22,7 +21,6 @@ public:
     /// By the style's name in interface files ("UICTFontTextStyleBody"); null when unknown.
     [[nodiscard]] static std::shared_ptr<UIFont> preferredFontForTextStyle(std::string_view style);
 
-    [[nodiscard]] const std::string& familyName() const;
     [[nodiscard]] CGFloat pointSize() const { return m_pointSize; }
     [[nodiscard]] UIFontWeight weight() const { return m_weight; }
     [[nodiscard]] UIFontSlant slant() const { return m_slant; }
@@ -31,7 +29,6 @@ public:
     /// Negative: below the baseline.
     [[nodiscard]] CGFloat descender() const;
     [[nodiscard]] CGFloat lineHeight() const { return ascender() - descender(); }
-    [[nodiscard]] CGFloat capHeight() const;
 
     friend bool operator==(const UIFont& one, const UIFont& other) {
         return one.m_pointSize == other.m_pointSize && one.m_weight == other.m_weight && one.m_slant == other.m_slant;

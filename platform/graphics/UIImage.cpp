@@ -26,10 +26,6 @@ std::shared_ptr<UIImage> UIImage::imageNamed(std::string_view name) {
     return catalog == nullptr ? nullptr : catalog->imageNamed(name);
 }
 
-std::shared_ptr<UIImage> UIImage::imageWithRenderingMode(UIImageRenderingMode mode) const {
-    return std::make_shared<UIImage>(m_name, m_representations, mode);
-}
-
 CGSize UIImage::size() const {
     measure();
     return m_size;

@@ -27,8 +27,6 @@ public:
 
     /// The image of the running extension's asset catalogue; null when it has none of that name.
     [[nodiscard]] static std::shared_ptr<UIImage> imageNamed(std::string_view name);
-    /// The same image, drawn as its colours (original) or as a mask for the tint colour (template).
-    [[nodiscard]] std::shared_ptr<UIImage> imageWithRenderingMode(UIImageRenderingMode mode) const;
 
     [[nodiscard]] const std::string& name() const { return m_name; }
     /// In points.

@@ -16,12 +16,10 @@ TEST(UIBezierPathTest, KeepsItsPiecesInOrder) {
     path.moveToPoint({1, 2});
     path.addQuadCurveToPointControlPoint({5, 6}, {3, 4});
     path.addLineToPoint({7, 8});
-    path.closePath();
     const std::vector<CGPathElement> expected = {
         {CGPathElementType::moveToPoint, {{{1, 2}}}},
         {CGPathElementType::addQuadCurveToPoint, {{{3, 4}, {5, 6}}}},
         {CGPathElementType::addLineToPoint, {{{7, 8}}}},
-        {CGPathElementType::closeSubpath, {}},
     };
     EXPECT_EQ(path.elements(), expected);
     EXPECT_EQ(path.bounds(), CGRectMake(1, 2, 6, 6));
@@ -44,9 +42,9 @@ TEST(UIBezierPathTest, StrokesWithItsStyleAndTheCurrentColor) {
 }
 
 TEST(UIBezierPathTest, DrawsNothingOutsideOfDrawing) {
-    const auto path = UIBezierPath::bezierPathWithRect(CGRectMake(0, 0, 1, 1));
-    path->stroke();
-    path->fill();
+    const UIBezierPath path(CGPath::withRect(CGRectMake(0, 0, 1, 1)));
+    path.stroke();
+    path.fill();
     UIColor::blueColor()->set();
     EXPECT_EQ(DrawingContext::current(), nullptr);
 }

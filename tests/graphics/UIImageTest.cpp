@@ -35,8 +35,6 @@ TEST(UIImageTest, ATintKeepsOnlyTheCoverage) {
     const PictureFolder folder;
     const UIImage image("a", {{folder.writePicture("a.png", 10, 10, red), 1}});
     EXPECT_EQ(drawn(image, 1, RGBA{0, 1, 0, 1}), green);
-    EXPECT_EQ(image.imageWithRenderingMode(UIImageRenderingMode::alwaysTemplate)->renderingMode(),
-              UIImageRenderingMode::alwaysTemplate);
 }
 
 TEST(UIImageTest, BrokenAndMissingFilesHaveNoSizeAndDrawNothing) {

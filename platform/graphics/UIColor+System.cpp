@@ -27,52 +27,32 @@ constexpr SystemColor colors[] = {
     {"labelColor", black, white},
     {"secondaryLabelColor", {60, 60, 67, 0.6}, {235, 235, 245, 0.6}},
     {"tertiaryLabelColor", {60, 60, 67, 0.3}, {235, 235, 245, 0.3}},
-    {"quaternaryLabelColor", {60, 60, 67, 0.18}, {235, 235, 245, 0.16}},
     {"placeholderTextColor", {60, 60, 67, 0.3}, {235, 235, 245, 0.3}},
-    {"linkColor", {0, 122, 255}, {9, 132, 255}},
     {"separatorColor", {60, 60, 67, 0.29}, {84, 84, 88, 0.6}},
     {"opaqueSeparatorColor", {198, 198, 200}, {56, 56, 58}},
     {"systemBackgroundColor", white, black},
     {"secondarySystemBackgroundColor", {242, 242, 247}, {28, 28, 30}},
-    {"tertiarySystemBackgroundColor", white, {44, 44, 46}},
     {"systemGroupedBackgroundColor", {242, 242, 247}, black},
     {"secondarySystemGroupedBackgroundColor", white, {28, 28, 30}},
-    {"tertiarySystemGroupedBackgroundColor", {242, 242, 247}, {44, 44, 46}},
-    {"systemFillColor", {120, 120, 128, 0.2}, {120, 120, 128, 0.36}},
-    {"secondarySystemFillColor", {120, 120, 128, 0.16}, {120, 120, 128, 0.32}},
     {"tertiarySystemFillColor", {118, 118, 128, 0.12}, {118, 118, 128, 0.24}},
-    {"quaternarySystemFillColor", {116, 116, 128, 0.08}, {118, 118, 128, 0.18}},
     {"systemRedColor", {255, 59, 48}, {255, 69, 58}},
     {"systemOrangeColor", {255, 149, 0}, {255, 159, 10}},
     {"systemYellowColor", {255, 204, 0}, {255, 214, 10}},
     {"systemGreenColor", {52, 199, 89}, {48, 209, 88}},
     {"systemMintColor", {0, 199, 190}, {102, 212, 207}},
     {"systemTealColor", {48, 176, 199}, {64, 200, 224}},
-    {"systemCyanColor", {50, 173, 230}, {100, 210, 255}},
     {"systemBlueColor", {0, 122, 255}, {10, 132, 255}},
     {"systemIndigoColor", {88, 86, 214}, {94, 92, 230}},
-    {"systemPurpleColor", {175, 82, 222}, {191, 90, 242}},
     {"systemPinkColor", {255, 45, 85}, {255, 55, 95}},
-    {"systemBrownColor", {162, 132, 94}, {172, 142, 104}},
     {"systemGrayColor", {142, 142, 147}, {142, 142, 147}},
     {"systemGray2Color", {174, 174, 178}, {99, 99, 102}},
     {"systemGray3Color", {199, 199, 204}, {72, 72, 74}},
     {"systemGray4Color", {209, 209, 214}, {58, 58, 60}},
     {"systemGray5Color", {229, 229, 234}, {44, 44, 46}},
     {"systemGray6Color", {242, 242, 247}, {28, 28, 30}},
-    {"darkTextColor", black, black},
-    {"lightTextColor", {255, 255, 255, 0.6}, {255, 255, 255, 0.6}},
     {"blackColor", black, black},
     {"whiteColor", white, white},
     {"darkGrayColor", {85, 85, 85}, {85, 85, 85}},
-    {"lightGrayColor", {170, 170, 170}, {170, 170, 170}},
-    {"redColor", {255, 0, 0}, {255, 0, 0}},
-    {"greenColor", {0, 255, 0}, {0, 255, 0}},
-    {"blueColor", {0, 0, 255}, {0, 0, 255}},
-    {"cyanColor", {0, 255, 255}, {0, 255, 255}},
-    {"yellowColor", {255, 255, 0}, {255, 255, 0}},
-    {"magentaColor", {255, 0, 255}, {255, 0, 255}},
-    {"clearColor", {0, 0, 0, 0}, {0, 0, 0, 0}},
 };
 
 RGBA componentsOf(const Shade& shade) {
@@ -82,9 +62,6 @@ RGBA componentsOf(const Shade& shade) {
 } // namespace
 
 UIColor::Pointer UIColor::systemColorNamed(std::string_view name) {
-    if (name == "grayColor") {
-        return grayColor(); // half of white, which no whole number of 255 is
-    }
     const auto* found = std::find_if(std::begin(colors), std::end(colors),
                                      [name](const SystemColor& color) { return color.name == name; });
     return found == std::end(colors) ? nullptr : dynamicColor(componentsOf(found->light), componentsOf(found->dark));

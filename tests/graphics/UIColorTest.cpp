@@ -32,7 +32,6 @@ TEST(UIColorTest, SystemColorsDifferInTheDarkAndUnknownOnesAreAbsent) {
     const auto label = UIColor::systemColorNamed("labelColor");
     EXPECT_EQ(label->resolved(UIUserInterfaceStyle::light), (RGBA{0, 0, 0, 1}));
     EXPECT_EQ(label->resolved(UIUserInterfaceStyle::dark), (RGBA{1, 1, 1, 1}));
-    EXPECT_EQ(*UIColor::systemColorNamed("grayColor"), *UIColor::grayColor());
     EXPECT_EQ(UIColor::systemColorNamed("systemPlaidColor"), nullptr);
 }
 

@@ -45,19 +45,6 @@ std::optional<CGFloat> boundOf(const std::optional<CGFloat>& width) {
     return usable ? width : std::nullopt;
 }
 
-PangoEllipsizeMode ellipsizeMode(NSLineBreakMode mode) {
-    switch (mode) {
-    case NSLineBreakMode::byTruncatingHead:
-        return PANGO_ELLIPSIZE_START;
-    case NSLineBreakMode::byTruncatingMiddle:
-        return PANGO_ELLIPSIZE_MIDDLE;
-    case NSLineBreakMode::byTruncatingTail:
-        return PANGO_ELLIPSIZE_END;
-    default:
-        return PANGO_ELLIPSIZE_NONE;
-    }
-}
-
 /// A hair more than asked for, so that text measured at its own width fits that width again.
 int unitsFor(CGFloat width) {
     return static_cast<int>(std::ceil(width * PANGO_SCALE)) + 1;
@@ -139,11 +126,10 @@ void LineBreaker::addShortenedLine() {
     const std::string_view rest = m_text.substr(m_position);
     for (std::size_t limit = m_width.has_value() ? usualPiece : rest.size();; limit *= 2) {
         Owner layout = makeLayout(std::string(directionMark()) + shortened(rest, limit));
-        const PangoEllipsizeMode mode = ellipsizeMode(m_request.lineBreakMode);
-        if (mode == PANGO_ELLIPSIZE_NONE) {
+        if (m_request.lineBreakMode == NSLineBreakMode::byClipping) {
             pango_layout_set_width(layout.get(), -1);
         } else {
-            pango_layout_set_ellipsize(layout.get(), mode);
+            pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
         }
         PangoLayoutLine* line = pango_layout_get_line_readonly(layout.get(), 0);
         int width = 0;
@@ -162,24 +148,11 @@ void LineBreaker::addShortenedLine() {
 
 /// The part of `rest` that can matter to a line of `limit` bytes, as one paragraph.
 std::string LineBreaker::shortened(std::string_view rest, std::size_t limit) const {
-    const bool keepsEnd = m_request.lineBreakMode == NSLineBreakMode::byTruncatingHead ||
-                          m_request.lineBreakMode == NSLineBreakMode::byTruncatingMiddle;
-    if (!keepsEnd) {
-        const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
-        const bool goesOn = rest.find_first_not_of("\r\n", end) != std::string_view::npos;
-        const std::string line(rest.substr(0, startOfCharacter(rest, std::min(end, limit))));
-        const bool shows = goesOn && m_request.lineBreakMode == NSLineBreakMode::byTruncatingTail;
-        return shows ? line + std::string(ellipsis) : line;
-    }
-    std::string line(rest);
-    if (rest.size() > limit) {
-        const bool keepsStart = m_request.lineBreakMode == NSLineBreakMode::byTruncatingMiddle;
-        const std::size_t head = keepsStart ? startOfCharacter(rest, limit / 2) : 0;
-        const std::size_t tail = startOfCharacter(rest, rest.size() - limit / 2);
-        line = std::string(rest.substr(0, head)).append(rest.substr(tail));
-    }
-    std::replace(line.begin(), line.end(), '\n', ' ');
-    return line;
+    const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
+    const bool goesOn = rest.find_first_not_of("\r\n", end) != std::string_view::npos;
+    const std::string line(rest.substr(0, startOfCharacter(rest, std::min(end, limit))));
+    const bool shows = goesOn && m_request.lineBreakMode == NSLineBreakMode::byTruncatingTail;
+    return shows ? line + std::string(ellipsis) : line;
 }
 
 std::size_t LineBreaker::endOfPiece() const {

@@ -20,16 +20,7 @@ UIButton::UIButton(const CGRect& frame) : UIControl(frame) {
 
 UIButton::UIButton(const NSCoder& coder) : UIControl(coder) {
     makeParts();
-    m_system = coder
-                   .choice<bool>("buttonType", {{"custom", false},
-                                                {"system", true},
-                                                {"roundedRect", true},
-                                                {"close", true},
-                                                {"detailDisclosure", true},
-                                                {"infoLight", true},
-                                                {"infoDark", true},
-                                                {"contactAdd", true}})
-                   .value_or(false);
+    m_system = coder.string("buttonType").value_or("custom") != "custom"; // the others differ in what they show
     m_contentInsets = coder.insets("contentEdgeInsets").value_or(m_contentInsets);
     if (const std::optional<std::shared_ptr<UIFont>> font = coder.objectOf<UIFont>("fontDescription", "a font")) {
         m_titleLabel->setFont(*font);
@@ -45,7 +36,6 @@ UIButton::UIButton(const NSCoder& coder) : UIControl(coder) {
 void UIButton::makeParts() {
     m_titleLabel = std::make_shared<UILabel>();
     m_imageView = std::make_shared<UIImageView>();
-    m_titleLabel->setLineBreakMode(NSLineBreakMode::byTruncatingMiddle);
     addSubview(m_imageView);
     addSubview(m_titleLabel);
 }
@@ -57,11 +47,6 @@ std::string UIButton::title() const {
 void UIButton::setTitle(const std::string& title) {
     m_titleLabel->setText(title);
     invalidateIntrinsicContentSize();
-    setNeedsLayout();
-}
-
-void UIButton::setTitleColor(const std::shared_ptr<UIColor>& color) {
-    m_titleColor = color;
     setNeedsLayout();
 }
 

@@ -16,7 +16,6 @@ public:
 
     [[nodiscard]] std::string title() const;
     void setTitle(const std::string& title);
-    void setTitleColor(const std::shared_ptr<UIColor>& color);
     void setImage(const std::shared_ptr<UIImage>& image);
     [[nodiscard]] std::shared_ptr<UILabel> titleLabel() const { return m_titleLabel; }
     [[nodiscard]] std::shared_ptr<UIImage> image() const;

@@ -32,14 +32,14 @@ UILabel::UILabel(const NSCoder& coder)
       m_textColor(orDefault(coder.objectOf<UIColor>("textColor", "a colour").value_or(nullptr))),
       m_alignment(decodedTextAlignment(coder)) {
     setUserInteractionEnabled(coder.boolean("userInteractionEnabled").value_or(false));
-    m_lineBreakMode =
+    m_lineBreakMode = // the only place for an ellipsis is the end
         coder
             .choice<NSLineBreakMode>("lineBreakMode", {{"wordWrap", NSLineBreakMode::byWordWrapping},
                                                        {"characterWrap", NSLineBreakMode::byCharWrapping},
                                                        {"clip", NSLineBreakMode::byClipping},
-                                                       {"headTruncation", NSLineBreakMode::byTruncatingHead},
+                                                       {"headTruncation", NSLineBreakMode::byTruncatingTail},
                                                        {"tailTruncation", NSLineBreakMode::byTruncatingTail},
-                                                       {"middleTruncation", NSLineBreakMode::byTruncatingMiddle}})
+                                                       {"middleTruncation", NSLineBreakMode::byTruncatingTail}})
             .value_or(m_lineBreakMode);
     m_numberOfLines = std::max(0, static_cast<int>(coder.number("numberOfLines").value_or(m_numberOfLines)));
 }

@@ -160,16 +160,6 @@ TEST(CairoCanvasTest, AlignmentPlacesTextInItsWidth) {
     EXPECT_LT(inkOfText(line("Truth", 300)).left, 4);
 }
 
-TEST(CairoCanvasTest, TruncatedTextShowsTheSideThatItKeeps) {
-    // The narrow half is low, the wide half is tall.
-    TextRequest request = line(std::string(60, '.') + std::string(60, 'W'), 100);
-    request.lineBreakMode = NSLineBreakMode::byTruncatingTail;
-    const Ink tail = inkOfText(request);
-    request.lineBreakMode = NSLineBreakMode::byTruncatingHead;
-    const Ink head = inkOfText(request);
-    EXPECT_GT(tail.top, head.top + 5);
-}
-
 TEST(CairoCanvasTest, EmojiAreDrawnInColor) {
     Bitmap bitmap(40, 40);
     CairoCanvas canvas(bitmap, 1);

@@ -36,8 +36,6 @@ dispatch_queue_t dispatch_get_global_queue(qos_class_t qualityOfService) {
     static constexpr DispatchQueue userInteractive{QOS_CLASS_USER_INTERACTIVE};
     static constexpr DispatchQueue userInitiated{QOS_CLASS_USER_INITIATED};
     static constexpr DispatchQueue standard{QOS_CLASS_DEFAULT};
-    static constexpr DispatchQueue utility{QOS_CLASS_UTILITY};
-    static constexpr DispatchQueue background{QOS_CLASS_BACKGROUND};
     switch (qualityOfService) {
     case QOS_CLASS_USER_INTERACTIVE:
         return &userInteractive;
@@ -45,10 +43,6 @@ dispatch_queue_t dispatch_get_global_queue(qos_class_t qualityOfService) {
         return &userInitiated;
     case QOS_CLASS_DEFAULT:
         return &standard;
-    case QOS_CLASS_UTILITY:
-        return &utility;
-    case QOS_CLASS_BACKGROUND:
-        return &background;
     }
     return &standard;
 }

@@ -37,8 +37,8 @@ TEST(WorkerPool, RunsBlocksAtTheSameTimeAndBeginsTheHigherClassFirst) {
         std::this_thread::yield();
     }
     std::string order;
-    pool.submit(QOS_CLASS_BACKGROUND, [&] { released = threads; });
-    pool.submit(QOS_CLASS_UTILITY, [&] { order += 'c'; });
+    pool.submit(QOS_CLASS_DEFAULT, [&] { released = threads; });
+    pool.submit(QOS_CLASS_DEFAULT, [&] { order += 'c'; });
     pool.submit(QOS_CLASS_USER_INITIATED, [&] { order += 'a'; });
     pool.submit(QOS_CLASS_USER_INITIATED, [&] { order += 'b'; });
     released = 1;
@@ -51,7 +51,7 @@ TEST(WorkerPool, KeepsNoBlockWhenItEnds) {
     {
         WorkerPool pool;
         for (int i = 0; i < 50; ++i) {
-            pool.submit(QOS_CLASS_BACKGROUND, [held] { std::this_thread::yield(); });
+            pool.submit(QOS_CLASS_DEFAULT, [held] { std::this_thread::yield(); });
         }
     }
     EXPECT_EQ(held.use_count(), 1);

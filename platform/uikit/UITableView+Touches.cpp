@@ -6,7 +6,7 @@
 void UITableView::touchesBeganWithEvent(const TouchSet& touches, UIEvent* event) {
     UIScrollView::touchesBeganWithEvent(touches, event);
     const std::shared_ptr<UITouch> touch = draggingTouchIn(touches);
-    if (touch && m_allowsSelection) {
+    if (touch) {
         m_touched = indexPathForRowAtPoint(touch->locationInView(this));
         highlightTouchedRow(true);
     }

@@ -23,16 +23,10 @@ void replaceSubview(UIView& table, std::shared_ptr<View>& current, const std::sh
 
 } // namespace
 
-UITableView::UITableView(const CGRect& frame, UITableViewStyle style) : UIScrollView(frame), m_style(style) {}
+UITableView::UITableView(const CGRect& frame) : UIScrollView(frame) {}
 
 UITableView::UITableView(const NSCoder& coder) : UIScrollView(coder) {
-    using Style = UITableViewStyle;
     using Separator = UITableViewCellSeparatorStyle;
-    m_style =
-        coder
-            .choice<Style>(
-                "style", {{"plain", Style::plain}, {"grouped", Style::grouped}, {"insetGrouped", Style::insetGrouped}})
-            .value_or(Style::plain);
     m_separatorStyle = coder
                            .choice<Separator>("separatorStyle", {{"none", Separator::none},
                                                                  {"default", Separator::singleLine},
@@ -42,7 +36,6 @@ UITableView::UITableView(const NSCoder& coder) : UIScrollView(coder) {
     m_estimatedRowHeight = coder.number("estimatedRowHeight").value_or(UITableViewAutomaticDimension);
     m_sectionHeaderHeight = coder.number("sectionHeaderHeight").value_or(UITableViewAutomaticDimension);
     m_sectionFooterHeight = coder.number("sectionFooterHeight").value_or(UITableViewAutomaticDimension);
-    m_allowsSelection = coder.boolean("allowsSelection").value_or(true);
 }
 
 UITableView::~UITableView() = default;
@@ -60,26 +53,6 @@ void UITableView::setDelegate(std::weak_ptr<UITableViewDelegate> delegate) {
 void UITableView::setSeparatorStyle(UITableViewCellSeparatorStyle style) {
     m_separatorStyle = style;
     setNeedsDisplay();
-}
-
-void UITableView::setRowHeight(CGFloat height) {
-    m_rowHeight = height;
-    reloadData();
-}
-
-void UITableView::setEstimatedRowHeight(CGFloat height) {
-    m_estimatedRowHeight = height;
-    reloadData();
-}
-
-void UITableView::setSectionHeaderHeight(CGFloat height) {
-    m_sectionHeaderHeight = height;
-    reloadData();
-}
-
-void UITableView::setSectionFooterHeight(CGFloat height) {
-    m_sectionFooterHeight = height;
-    reloadData();
 }
 
 void UITableView::setTableHeaderView(const std::shared_ptr<UIView>& view) {
@@ -141,11 +114,6 @@ std::optional<NSIndexPath> UITableView::indexPathForRowAtPoint(CGPoint point) {
 std::shared_ptr<UITableViewCell> UITableView::cellForRowAtIndexPath(NSIndexPath indexPath) {
     const auto found = m_visible.find(indexPath);
     return found == m_visible.end() ? nullptr : found->second;
-}
-
-std::shared_ptr<UIView> UITableView::headerViewForSection(int section) {
-    const auto found = m_visibleHeaders.find(section);
-    return found == m_visibleHeaders.end() ? nullptr : found->second;
 }
 
 std::vector<NSIndexPath> UITableView::indexPathsForVisibleRows() {

@@ -16,7 +16,6 @@ class TableGeometry;
 class UINib;
 class UITableViewCell;
 
-enum class UITableViewStyle { plain, grouped, insetGrouped };
 enum class UITableViewCellSeparatorStyle { none, singleLine };
 
 /// Rows in sections, made only when they are seen and used again when they leave. Rows never seen count with an
@@ -24,8 +23,8 @@ enum class UITableViewCellSeparatorStyle { none, singleLine };
 /// screen jumps. Headers scroll with their section (they do not float). No cost grows with rows that are not seen.
 class UITableView : public UIScrollView {
 public:
-    UITableView() : UITableView(CGRect{}, UITableViewStyle::plain) {}
-    UITableView(const CGRect& frame, UITableViewStyle style);
+    UITableView() : UITableView(CGRect{}) {}
+    explicit UITableView(const CGRect& frame);
     explicit UITableView(const NSCoder& coder);
     ~UITableView() override;
 
@@ -34,23 +33,13 @@ public:
     [[nodiscard]] std::shared_ptr<UITableViewDelegate> delegate() const { return m_delegate.lock(); }
     void setDelegate(std::weak_ptr<UITableViewDelegate> delegate);
 
-    [[nodiscard]] UITableViewStyle style() const { return m_style; }
     [[nodiscard]] UITableViewCellSeparatorStyle separatorStyle() const { return m_separatorStyle; }
     void setSeparatorStyle(UITableViewCellSeparatorStyle style);
     /// Points, or UITableViewAutomaticDimension.
     [[nodiscard]] CGFloat rowHeight() const { return m_rowHeight; }
-    void setRowHeight(CGFloat height);
-    /// Height that a row counts with until it is seen. UITableViewAutomaticDimension: the fixed row height, or what the
-    /// rows seen before the last reload had on average, or 44.
-    [[nodiscard]] CGFloat estimatedRowHeight() const { return m_estimatedRowHeight; }
-    void setEstimatedRowHeight(CGFloat height);
     /// For delegates that do not say; nothing below zero takes up height.
     [[nodiscard]] CGFloat sectionHeaderHeight() const { return m_sectionHeaderHeight; }
-    void setSectionHeaderHeight(CGFloat height);
     [[nodiscard]] CGFloat sectionFooterHeight() const { return m_sectionFooterHeight; }
-    void setSectionFooterHeight(CGFloat height);
-    [[nodiscard]] bool allowsSelection() const { return m_allowsSelection; }
-    void setAllowsSelection(bool allows) { m_allowsSelection = allows; }
     /// Null for none; its frame's height is kept, its width follows the table.
     void setTableHeaderView(const std::shared_ptr<UIView>& view);
     void setTableFooterView(const std::shared_ptr<UIView>& view);
@@ -73,7 +62,6 @@ public:
     [[nodiscard]] std::optional<NSIndexPath> indexPathForRowAtPoint(CGPoint point);
     /// Null for rows that are not visible; after a reload none is until the next layout.
     [[nodiscard]] std::shared_ptr<UITableViewCell> cellForRowAtIndexPath(NSIndexPath indexPath);
-    [[nodiscard]] std::shared_ptr<UIView> headerViewForSection(int section);
     [[nodiscard]] std::vector<NSIndexPath> indexPathsForVisibleRows();
     [[nodiscard]] std::vector<std::shared_ptr<UITableViewCell>> visibleCells();
     [[nodiscard]] std::optional<NSIndexPath> indexPathForSelectedRow() const { return m_selected; }
@@ -120,13 +108,13 @@ private:
 
     std::weak_ptr<UITableViewDataSource> m_dataSource;
     std::weak_ptr<UITableViewDelegate> m_delegate;
-    UITableViewStyle m_style;
     UITableViewCellSeparatorStyle m_separatorStyle = UITableViewCellSeparatorStyle::singleLine;
     CGFloat m_rowHeight = UITableViewAutomaticDimension;
+    /// Height that a row counts with until it is seen. UITableViewAutomaticDimension: the fixed row height, or what the
+    /// rows seen before the last reload had on average, or 44.
     CGFloat m_estimatedRowHeight = UITableViewAutomaticDimension;
     CGFloat m_sectionHeaderHeight = UITableViewAutomaticDimension;
     CGFloat m_sectionFooterHeight = UITableViewAutomaticDimension;
-    bool m_allowsSelection = true;
     std::shared_ptr<UIView> m_tableHeaderView;
     std::shared_ptr<UIView> m_tableFooterView;
     std::map<std::string, std::shared_ptr<UINib>> m_nibs;

@@ -17,8 +17,6 @@ public:
     [[nodiscard]] const std::string& reuseIdentifier() const { return m_reuseIdentifier; }
     void setReuseIdentifier(const std::string& identifier) { m_reuseIdentifier = identifier; }
     [[nodiscard]] std::shared_ptr<UIView> contentView() const { return m_contentView; }
-    [[nodiscard]] UITableViewCellSelectionStyle selectionStyle() const { return m_selectionStyle; }
-    void setSelectionStyle(UITableViewCellSelectionStyle style) { m_selectionStyle = style; }
     [[nodiscard]] bool isHighlighted() const { return m_highlighted; }
     void setHighlighted(bool highlighted);
     [[nodiscard]] bool isSelected() const { return m_selected; }

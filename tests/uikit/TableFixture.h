@@ -115,7 +115,7 @@ public:
 /// A table that fills a window of 320 by 480 points at three pixels a point.
 struct ListOnScreen : EmptyWindow {
     explicit ListOnScreen(const std::vector<int>& rows, CGSize size = {320, 480}) : EmptyWindow(size, 3) {
-        table = std::make_shared<UITableView>(CGRect{{}, size}, UITableViewStyle::plain);
+        table = std::make_shared<UITableView>(CGRect{{}, size});
         list->rows = rows;
         table->registerNibForCellReuseIdentifier(nib, "row");
         table->setDataSource(list);

@@ -43,14 +43,12 @@ TEST(UITableViewTouches, ScrollsInsteadOfChoosingWhenTheFingerTravels) {
     EXPECT_TRUE(screen.list->selections.empty());
 }
 
-TEST(UITableViewTouches, ChoosesNothingForHeadersCancelledTouchesOrWhenNotAllowed) {
+TEST(UITableViewTouches, ChoosesNothingForHeadersAndCancelledTouches) {
     ListOnScreen screen({20});
     screen.layout();
     screen.tap({100, 10});
     screen.move(screen.touchDown({100, 100}), {100, 100}, UITouchPhase::cancelled);
     EXPECT_FALSE(screen.table->cellForRowAtIndexPath({0, 1})->isHighlighted());
-    screen.table->setAllowsSelection(false);
-    screen.tap({100, 100});
     EXPECT_TRUE(screen.list->selections.empty());
 }
 

@@ -11,23 +11,6 @@ namespace {
 constexpr CGFloat defaultFontSize = 17;
 constexpr CGFloat padding = 6; // above and below the line
 
-bool isContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0u) == 0x80;
-}
-
-/// How many bytes the text has without its last user-perceived character.
-std::size_t lengthWithoutLastCharacter(const std::string& text) {
-    const std::string_view view = text;
-    const std::size_t count = characterCount(view);
-    std::size_t length = text.size();
-    while (length > 0 && characterCount(view.substr(0, length)) == count) {
-        do {
-            --length;
-        } while (length > 0 && isContinuation(text[length]));
-    }
-    return length;
-}
-
 } // namespace
 
 UITextField::UITextField(const CGRect& frame) : UIControl(frame), m_font(UIFont::systemFontOfSize(defaultFontSize)) {}
@@ -70,14 +53,6 @@ bool UITextField::replaceCharactersInRange(NSRange range, const std::string& rep
 
 bool UITextField::insertText(const std::string& text) {
     return replaceCharactersInRange(NSMakeRange(utf16Length(m_text.value_or("")), 0), text);
-}
-
-bool UITextField::deleteBackward() {
-    if (!m_text || m_text->empty()) {
-        return false;
-    }
-    const std::size_t start = utf16Length(std::string_view(*m_text).substr(0, lengthWithoutLastCharacter(*m_text)));
-    return replaceCharactersInRange(NSMakeRange(start, utf16Length(*m_text) - start), "");
 }
 
 void UITextField::pressReturn() {

@@ -40,7 +40,6 @@ public:
     bool replaceCharactersInRange(NSRange range, const std::string& replacement);
     /// Appends at the end, where the insertion point of this field always stands.
     bool insertText(const std::string& text);
-    bool deleteBackward();
     /// The return key.
     void pressReturn();
 

@@ -14,14 +14,13 @@ enum class UITouchPhase { began, moved, stationary, ended, cancelled };
 class UITouch : public NSObject {
 public:
     /// In the window's coordinates, points.
-    explicit UITouch(CGPoint windowLocation) : m_location(windowLocation), m_previous(windowLocation) {}
+    explicit UITouch(CGPoint windowLocation) : m_location(windowLocation) {}
 
     [[nodiscard]] UITouchPhase phase() const { return m_phase; }
     /// The view that was hit when the touch began; null when it is gone.
     [[nodiscard]] std::shared_ptr<UIView> view() const { return m_view.lock(); }
     /// In the coordinates of `view`; of the window when null.
     [[nodiscard]] CGPoint locationInView(const UIView* view) const;
-    [[nodiscard]] CGPoint previousLocationInView(const UIView* view) const;
 
     /// For the window and the host.
     void setView(const std::shared_ptr<UIView>& view) { m_view = view; }
@@ -30,6 +29,5 @@ public:
 private:
     UITouchPhase m_phase = UITouchPhase::began;
     CGPoint m_location;
-    CGPoint m_previous;
     std::weak_ptr<UIView> m_view;
 };

@@ -88,18 +88,8 @@ UILayoutPriority UIView::contentHuggingPriority(UILayoutConstraintAxis axis) con
     return m_hugging[indexOf(axis)];
 }
 
-void UIView::setContentHuggingPriority(UILayoutPriority priority, UILayoutConstraintAxis axis) {
-    m_hugging[indexOf(axis)] = priority;
-    systemStructureChanged();
-}
-
 UILayoutPriority UIView::contentCompressionResistancePriority(UILayoutConstraintAxis axis) const {
     return m_compressionResistance[indexOf(axis)];
-}
-
-void UIView::setContentCompressionResistancePriority(UILayoutPriority priority, UILayoutConstraintAxis axis) {
-    m_compressionResistance[indexOf(axis)] = priority;
-    systemStructureChanged();
 }
 
 void UIView::setLayoutMargins(const UIEdgeInsets& margins) {

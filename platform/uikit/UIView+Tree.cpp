@@ -166,7 +166,6 @@ void UIView::windowChanged(bool inWindow) {
     if (!inWindow && isFirstResponder()) {
         resignFirstResponder();
     }
-    didMoveToWindow();
     const std::vector<std::shared_ptr<UIView>> subviews = m_subviews; // what is told may change the list
     for (const std::shared_ptr<UIView>& subview : subviews) {
         if (subview->m_superview == this) {

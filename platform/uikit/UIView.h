@@ -86,7 +86,6 @@ public:
     /// For the controller; its root view has wider margins unless they were set.
     void setViewController(UIViewController* controller);
     virtual void didMoveToSuperview() {}
-    virtual void didMoveToWindow() {}
 
     // Look.
     [[nodiscard]] std::shared_ptr<CALayer> layer() const { return m_layer; }
@@ -146,9 +145,7 @@ public:
     [[nodiscard]] NSLayoutAnchor centerXAnchor();
     [[nodiscard]] NSLayoutAnchor centerYAnchor();
     [[nodiscard]] UILayoutPriority contentHuggingPriority(UILayoutConstraintAxis axis) const;
-    void setContentHuggingPriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
     [[nodiscard]] UILayoutPriority contentCompressionResistancePriority(UILayoutConstraintAxis axis) const;
-    void setContentCompressionResistancePriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
     /// Width and height the content would like; noIntrinsicMetric where it has no wish.
     [[nodiscard]] virtual CGSize intrinsicContentSize() const;
     /// The same when the width is already known (texts that wrap); by default intrinsicContentSize().

@@ -43,10 +43,6 @@ WindowRenderer::WindowRenderer(CGSize size, int scale)
     : m_scale(scale),
       m_bitmap(static_cast<int>(std::lround(size.width * scale)), static_cast<int>(std::lround(size.height * scale))) {}
 
-void WindowRenderer::forgetPicture() {
-    m_paintAll = true;
-}
-
 bool WindowRenderer::render(UIWindow& window) {
     window.layoutIfNeeded();
     const std::vector<WindowChange> changes = window.takeChanges();

@@ -17,8 +17,6 @@ public:
 
     /// Lays the window out and draws its next frame. False when nothing had changed.
     bool render(UIWindow& window);
-    /// Paints the whole window anew at the next frame.
-    void forgetPicture();
     /// Has the system give the picture its memory now, which takes milliseconds. Any thread, also beside the first
     /// frame.
     void populate() { m_bitmap.populate(); }

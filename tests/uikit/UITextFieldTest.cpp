@@ -35,16 +35,6 @@ TEST_F(UITextFieldTest, TypingAppendsAfterTheDelegateAgrees) {
     EXPECT_EQ(field->text(), "a😀b");
 }
 
-TEST_F(UITextFieldTest, DeletingTakesWhatAPersonCallsACharacter) {
-    field->setText("é👨‍👩‍👧"); // e with a combining accent, a family joined of three
-    EXPECT_TRUE(field->deleteBackward());
-    EXPECT_EQ(field->text(), "é");
-    EXPECT_TRUE(field->deleteBackward());
-    EXPECT_EQ(field->text(), "");
-    EXPECT_FALSE(field->deleteBackward());
-    EXPECT_EQ(gatekeeper->asked.size(), 2U);
-}
-
 TEST_F(UITextFieldTest, ATouchOpensTheKeyboardAndReturnClosesIt) {
     const auto other = add(std::make_shared<UITextField>(CGRectMake(0, 50, 100, 40)));
     tap({10, 10});

@@ -9,16 +9,16 @@ std::optional<CatalogContents> CatalogContents::read(const std::filesystem::path
     const std::string path = (folder / "Contents.json").string();
     Result<std::string> text = readWholeFile(path);
     if (!text) {
-        findings.push_back({path, 0, 0, Severity::error, text.error()});
+        findings.push_back({path, 0, 0, Severity::warning, text.error()});
         return std::nullopt;
     }
     Result<JSONDocument> document = JSONDocument::parse(std::move(text).value());
     if (!document) {
-        findings.push_back({path, 0, 0, Severity::error, document.error()});
+        findings.push_back({path, 0, 0, Severity::warning, document.error()});
         return std::nullopt;
     }
     if (!document.value().root().is(JSONKind::object)) {
-        findings.push_back({path, 1, 1, Severity::error, "an object is expected"});
+        findings.push_back({path, 1, 1, Severity::warning, "an object is expected"});
         return std::nullopt;
     }
     return CatalogContents(path, std::move(document).value());
@@ -26,7 +26,7 @@ std::optional<CatalogContents> CatalogContents::read(const std::filesystem::path
 
 InterfaceFinding CatalogContents::finding(JSONValue at, const std::string& message) const {
     const JSONDocument::Position place = m_document.positionOf(at);
-    return {m_path, static_cast<int>(place.line), static_cast<int>(place.column), Severity::error, message};
+    return {m_path, static_cast<int>(place.line), static_cast<int>(place.column), Severity::warning, message};
 }
 
 std::string_view textAt(JSONValue value, std::string_view key) {

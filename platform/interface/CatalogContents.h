@@ -9,7 +9,8 @@
 #include <string_view>
 #include <vector>
 
-/// The Contents.json of one set of an asset catalogue.
+/// The Contents.json of one set of an asset catalogue. What is wrong with a set is a warning: the screen goes without
+/// that image or colour.
 class CatalogContents {
 public:
     /// Nothing, with a finding, when the file is missing or no JSON object.

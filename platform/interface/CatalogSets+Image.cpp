@@ -55,6 +55,27 @@ std::string problemOfPNG(const std::filesystem::path& path) {
     return path.extension() == ".svg" ? std::string() : readPNG(path.string()).error;
 }
 
+using Texts = std::vector<std::string>;
+
+/// What is wrong with the file that an entry names and with those that were rendered from it.
+Texts problemsOf(const std::filesystem::path& folder, std::string_view fileName) {
+    std::vector<UIImageRepresentation> files;
+    addFile(folder, {fileName, 1, false}, files);
+    if (files.size() > 1) {
+        files.push_back({(folder / fileName).string(), 1}); // the drawing itself
+    }
+    Texts problems;
+    for (const UIImageRepresentation& file : files) {
+        std::error_code error;
+        if (!std::filesystem::is_regular_file(file.path, error)) {
+            problems.push_back("the file " + file.path + " is missing");
+        } else if (const std::string problem = problemOfPNG(file.path); !problem.empty()) {
+            problems.push_back("the file " + file.path + " cannot be drawn: " + problem);
+        }
+    }
+    return problems;
+}
+
 UIImageRenderingMode renderingModeOf(JSONValue root) {
     const auto properties = root.find("properties");
     const std::string_view intent = properties ? textAt(*properties, "template-rendering-intent") : "";
@@ -93,24 +114,17 @@ void checkImageFiles(const std::filesystem::path& folder, std::vector<InterfaceF
     if (!images) {
         return;
     }
+    std::optional<InterfaceFinding> first;
+    std::size_t others = 0;
     for (const JSONValue entry : images->elements()) {
-        const auto name = entry.find("filename");
-        if (!name) {
-            continue; // an empty slot
+        const auto name = entry.find("filename"); // none in an empty slot
+        for (const std::string& problem : name ? problemsOf(folder, textAt(entry, "filename")) : Texts()) {
+            others += first ? 1 : 0;
+            first = first ? first : contents->finding(*name, problem);
         }
-        const std::string_view fileName = textAt(entry, "filename");
-        std::vector<UIImageRepresentation> files;
-        addFile(folder, {fileName, 1, false}, files);
-        if (files.size() > 1) {
-            files.push_back({(folder / fileName).string(), 1}); // the drawing itself
-        }
-        for (const UIImageRepresentation& file : files) {
-            std::error_code error;
-            if (!std::filesystem::is_regular_file(file.path, error)) {
-                findings.push_back(contents->finding(*name, "the file " + file.path + " is missing"));
-            } else if (const std::string problem = problemOfPNG(file.path); !problem.empty()) {
-                findings.push_back(contents->finding(*name, "the file " + file.path + " cannot be drawn: " + problem));
-            }
-        }
+    }
+    if (first) {
+        first->message += others > 0 ? ", and " + std::to_string(others) + " more of this set" : "";
+        findings.push_back(*std::move(first));
     }
 }

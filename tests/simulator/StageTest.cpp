@@ -81,6 +81,20 @@ TEST_F(StageTest, WarnsOfImagesThatTheCatalogueLacks) {
     EXPECT_EQ(status, exitFine);
 }
 
+TEST_F(StageTest, OpensAnExtensionWithBrokenPicturesAndTellsOfEachSetOnce) {
+    const std::filesystem::path set = folder.path() / "Assets.xcassets" / "list_arrow.imageset";
+    for (const auto& file : std::filesystem::directory_iterator(set)) {
+        if (file.path().extension() == ".png") {
+            folder.write(std::filesystem::relative(file.path(), folder.path()).string(), "no picture");
+        }
+    }
+    const std::string warnings = complaint();
+    EXPECT_THAT(warnings, ContainsRegex("list_arrow.imageset/Contents.json:[0-9]+:[0-9]+: warning: .*cannot be drawn"));
+    EXPECT_EQ(std::count(warnings.begin(), warnings.end(), '\n'), 1);
+    EXPECT_TRUE(stage);
+    EXPECT_EQ(status, exitFine);
+}
+
 TEST_F(StageTest, TellsWhereAContentFileIsWrongAndOpensTheExtensionAllTheSame) {
     folder.write("Couple.json", "[\n  {\"sectionTitle\": \"a\", \"items\": 3}\n]\n");
     EXPECT_THAT(complaint(), ContainsRegex("Couple.json:2:.*error"));

@@ -12,10 +12,16 @@ bool isOpaque(const UIView& view) {
            view.backgroundColor()->resolved(UIUserInterfaceStyle::dark).alpha >= 1;
 }
 
-/// Views that draw something of their own, or cut corners, or are translucent, are not even.
+/// Views that draw something of their own are not even.
 bool isEven(const UIView& view) {
-    const bool plain = typeid(view) == typeid(UIView) || typeid(view) == typeid(UIWindow);
-    return plain && view.alpha() >= 1 && !(view.clipsToBounds() && view.layer()->cornerRadius() > 0);
+    return typeid(view) == typeid(UIView) || typeid(view) == typeid(UIWindow);
+}
+
+/// Whether an ancestor draws nothing over its subviews: no border, no cut corners, no fading.
+bool staysBelow(const UIView& view) {
+    const CALayer& layer = *view.layer();
+    const bool hasBorder = layer.borderWidth() > 0 && layer.borderColor();
+    return view.alpha() >= 1 && !hasBorder && !(view.clipsToBounds() && layer.cornerRadius() > 0);
 }
 
 /// Looks at one ancestor and the branches beside the one that leads to the scroll view.
@@ -42,8 +48,7 @@ public:
                 look(*sibling, above);
             }
         }
-        m_move.canMovePixels = m_move.canMovePixels && (m_covered || isEven(ancestor)) && ancestor.alpha() >= 1 &&
-                               !(ancestor.clipsToBounds() && ancestor.layer()->cornerRadius() > 0);
+        m_move.canMovePixels = m_move.canMovePixels && (m_covered || isEven(ancestor)) && staysBelow(ancestor);
         m_covered = m_covered || isOpaque(ancestor);
         m_branch = &ancestor;
     }

@@ -53,6 +53,14 @@ CGRect imageRect(CGSize image, const CGRect& bounds, UIViewContentMode mode) {
 
 } // namespace
 
+CGRect UIImageView::drawnRect() const {
+    const CGSize size = m_image && !clipsToBounds() ? m_image->size() : CGSize{};
+    if (!(size.width > 0 && size.height > 0)) {
+        return bounds();
+    }
+    return bounds().unionWith(imageRect(size, bounds(), contentMode()));
+}
+
 void UIImageView::drawRect(const CGRect& rect) {
     UIView::drawRect(rect);
     const DrawingContext* context = DrawingContext::current();

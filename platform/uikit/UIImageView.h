@@ -16,6 +16,8 @@ public:
 
     [[nodiscard]] CGSize intrinsicContentSize() const override;
     void drawRect(const CGRect& rect) override;
+    /// An image may stand out of a view that does not clip.
+    [[nodiscard]] CGRect drawnRect() const override;
 
 private:
     void prepareImage() const;

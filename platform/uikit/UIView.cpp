@@ -83,7 +83,7 @@ void UIView::invalidate(const CGRect& rect) {
 }
 
 CGRect UIView::paintedRect() const {
-    CGRect painted = m_bounds.unionWith(m_layer->shadowRect());
+    CGRect painted = drawnRect().unionWith(m_layer->shadowRect());
     if (m_layer->masksToBounds()) {
         return painted;
     }

@@ -106,6 +106,9 @@ public:
     // Drawing. setNeedsDisplay marks the whole view, or a rectangle of it, to be drawn again.
     void setNeedsDisplay();
     virtual void drawRect(const CGRect& rect); // drawRect:
+    /// What drawRect can reach, in this view's coordinates: the bounds, or more where content stands out of a view that
+    /// does not clip.
+    [[nodiscard]] virtual CGRect drawnRect() const { return m_bounds; }
     /// What this view and its subviews paint, with shadows, in its own coordinates.
     [[nodiscard]] CGRect paintedRect() const;
 

@@ -126,7 +126,7 @@ void UIWindow::contentMoved(const UIView& scrolled, CGFloat distance) {
         m_changes.back().distance += distance;
         return;
     }
-    note({.area = {}, .scrolled = view, .distance = distance});
+    note({.area = {}, .scrolled = view, .distance = distance, .move = scrollMoveFor(scrolled)});
 }
 
 /// A window that nobody draws forgets the details.
@@ -134,7 +134,7 @@ void UIWindow::note(const WindowChange& change) {
     if (m_changes.size() < mostChanges) {
         m_changes.push_back(change);
     } else {
-        m_changes = {{.area = bounds(), .scrolled = {}, .distance = 0}};
+        m_changes = {{.area = bounds(), .scrolled = {}, .distance = 0, .move = {}}};
     }
 }
 
@@ -151,5 +151,5 @@ void UIWindow::invalidate(const CGRect& rect) {
     m_changes.erase(
         std::remove_if(first, m_changes.end(), [&](const WindowChange& known) { return covers(visible, known.area); }),
         m_changes.end());
-    note({.area = visible, .scrolled = {}, .distance = 0});
+    note({.area = visible, .scrolled = {}, .distance = 0, .move = {}});
 }

@@ -78,7 +78,7 @@ void ViewPainter::paint(UIView& view, const CGRect& dirty) {
 }
 
 void ViewPainter::paintSelf(UIView& view, const CGRect& dirty) {
-    const bool reached = intersects(view.bounds().unionWith(view.layer()->shadowRect()), dirty);
+    const bool reached = intersects(view.drawnRect().unionWith(view.layer()->shadowRect()), dirty);
     const std::optional<std::size_t> covering = lastCoveringSubview(view, dirty);
     if (reached && !covering) {
         paintShadow(view);
@@ -109,13 +109,17 @@ void ViewPainter::paintBackground(const UIView& view) {
 }
 
 void ViewPainter::paintContent(UIView& view, const CGRect& dirty) {
-    const CGRect rect = view.bounds().intersection(dirty);
+    const CGRect rect = view.drawnRect().intersection(dirty);
     if (rect.isEmpty()) {
         return;
     }
     const DrawingContext context(m_canvas, m_style);
     m_canvas.save();
-    m_canvas.clipRect(view.bounds());
+    if (view.clipsToBounds() && effectiveRadius(view) > 0) {
+        m_canvas.clip(CGPath::withRoundedRect(view.bounds(), effectiveRadius(view)));
+    } else {
+        m_canvas.clipRect(view.drawnRect());
+    }
     view.drawRect(rect);
     m_canvas.restore();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/foundation/Geometry.h"
+#include "platform/uikit/ScrollMove.h"
 
 #include <memory>
 
@@ -10,8 +11,9 @@ class UIView;
 /// moved. The order of changes counts, since a later move carries earlier ones along.
 struct WindowChange {
     CGRect area;                          // of a repaint, in the window's coordinates
-    std::weak_ptr<const UIView> scrolled; // of a move; the view may be gone by the time the frame is drawn
+    std::weak_ptr<const UIView> scrolled; // of a move
     CGFloat distance = 0;                 // of a move: how far the content went down, in points
+    ScrollMove move;                      // as the tree was at that moment
 
     [[nodiscard]] bool isMove() const { return distance != 0; }
 };

@@ -1,7 +1,6 @@
 #include "platform/uikit/WindowRenderer.h"
 
 #include "platform/graphics/cairo/CairoCanvas.h"
-#include "platform/uikit/ScrollMove.h"
 #include "platform/uikit/UIWindow.h"
 #include "platform/uikit/ViewPainter.h"
 
@@ -63,15 +62,14 @@ bool WindowRenderer::render(UIWindow& window) {
 }
 
 void WindowRenderer::take(const WindowChange& change, DirtyRegion& dirty) {
-    if (!change.isMove()) {
+    if (change.isMove()) {
+        move(change.move, change.distance, dirty);
+    } else {
         dirty.add(pixelsTouched(change.area, m_scale));
-    } else if (const std::shared_ptr<const UIView> scrolled = change.scrolled.lock()) {
-        move(*scrolled, change.distance, dirty);
     }
 }
 
-void WindowRenderer::move(const UIView& scrolled, CGFloat distance, DirtyRegion& dirty) {
-    const ScrollMove plan = scrollMoveFor(scrolled);
+void WindowRenderer::move(const ScrollMove& plan, CGFloat distance, DirtyRegion& dirty) {
     const PixelRect area = intersection(pixelsInside(plan.area, m_scale), limitsOf(m_bitmap));
     const PixelRect touched = intersection(pixelsTouched(plan.area, m_scale), limitsOf(m_bitmap));
     const int dy = static_cast<int>(std::lround(distance * m_scale));

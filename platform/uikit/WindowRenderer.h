@@ -9,7 +9,9 @@
 class UIWindow;
 
 /// Keeps a picture of a window up to date: moves the pixels of what was scrolled and paints what changed, nothing else.
-/// The picture is byte for byte what painting everything anew would give. Made and owned by the host, one per window.
+/// The picture is byte for byte what painting everything anew would give, as long as nothing curved stands half out of
+/// a scroll view that it covers: the antialiasing of a row depends on all of its edges. Made and owned by the host, one
+/// per window.
 class WindowRenderer {
 public:
     /// `size` in points, `scale` in device pixels a point. The first frame paints everything.
@@ -28,7 +30,7 @@ public:
 
 private:
     void take(const WindowChange& change, DirtyRegion& dirty);
-    void move(const UIView& scrolled, CGFloat distance, DirtyRegion& dirty);
+    void move(const ScrollMove& plan, CGFloat distance, DirtyRegion& dirty);
     void paint(UIWindow& window, const PixelRect& rect);
 
     int m_scale;

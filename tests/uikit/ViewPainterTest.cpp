@@ -66,6 +66,14 @@ TEST_F(ViewPainterTest, AClippedViewHasNoShadowAndClipsItsSubviews) {
     expectOrder(text, {"clip rect(0 0 100 50)", "rgba(0 0 1 1)"});
 }
 
+TEST_F(ViewPainterTest, RoundedCornersCutAClippedViewsOwnContent) {
+    const auto label = add(std::make_shared<UILabel>(CGRectMake(0, 0, 100, 50)));
+    label->setText("hello");
+    label->layer()->setCornerRadius(9);
+    label->setClipsToBounds(true);
+    expectOrder(painted(*label), {"clip roundedRect(0 0 100 50 r9)", "hello"});
+}
+
 TEST_F(ViewPainterTest, HiddenAndTransparentViewsAreLeftOutAndTranslucentOnesAreGroups) {
     const auto hidden = addCard(CGRectMake(0, 0, 10, 10));
     hidden->setHidden(true);

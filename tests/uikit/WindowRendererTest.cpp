@@ -76,6 +76,10 @@ TEST_F(WindowRendererTest, PicturesOfScrolledContentAreThoseOfAFullRepaint) {
         scroll->setContentOffset({0, scroll->contentOffset().y + distance});
         if (choice == 3) {
             labels[random() % 12]->setText("Changed after scrolling");
+        } else if (choice == 4) {
+            floating->setFrame(CGRectMake(10 + static_cast<double>(random() % 100), floating->frame().minY(), 200, 44));
+        } else if (choice == 5) {
+            floating->setHidden(!floating->isHidden());
         }
         renderer.render(*window);
         expectSameAsPaintedAnew();
@@ -98,6 +102,18 @@ TEST_F(WindowRendererTest, NoPixelAroundAFloatingViewIsPaintedTwice) {
     const CGFloat strip = 300 * 20;           // the lowest rows, where a part of the floating view is
     const CGFloat around = 200 * (440 - 380); // the rest of it, and where it was moved to
     EXPECT_EQ(renderer.paintedPixels(), static_cast<std::size_t>((strip + around) * scale * scale));
+}
+
+TEST_F(WindowRendererTest, ABorderAroundScrolledContentStaysInPlace) {
+    const auto frame = add(CGRectMake(0, 50, 320, 300));
+    frame->layer()->setBorderWidth(4);
+    frame->layer()->setBorderColor(UIColor::blueColor());
+    frame->addSubview(scroll);
+    scroll->setFrame(frame->bounds());
+    renderer.render(*window);
+    scroll->setContentOffset({0, 33});
+    renderer.render(*window);
+    expectSameAsPaintedAnew();
 }
 
 TEST_F(WindowRendererTest, ContentOverSomethingUnevenIsPaintedAnew) {

@@ -3,6 +3,7 @@
 #include "platform/foundation/FileReading.h"
 #include "simulator/pictures/PictureComparison.h"
 
+#include <algorithm>
 #include <cctype>
 #include <fstream>
 
@@ -63,7 +64,27 @@ std::optional<Failure> GalleryFolder::savePage() {
     }
     page << "</main>\n</html>\n";
     page.close();
-    return page ? std::nullopt : std::optional(Failure{"cannot write " + path.string()});
+    if (!page) {
+        return Failure{"cannot write " + path.string()};
+    }
+    removeEarlierPictures();
+    return std::nullopt;
+}
+
+void GalleryFolder::removeEarlierPictures() const {
+    const std::string_view mark = "<img src=\"";
+    std::size_t start = m_earlierPage.find(mark);
+    while (start != std::string::npos) {
+        start += mark.size();
+        const std::string name = m_earlierPage.substr(start, m_earlierPage.find('"', start) - start);
+        const bool isShown =
+            std::any_of(m_shown.begin(), m_shown.end(), [&](const Shown& shown) { return shown.name == name; });
+        if (!isShown && name.ends_with(".png") && std::filesystem::path(name).filename() == name) {
+            std::error_code error; // one that stays does no harm
+            std::filesystem::remove(m_folder / name, error);
+        }
+        start = m_earlierPage.find(mark, start);
+    }
 }
 
 std::string fileNameOf(const std::string& text) {

@@ -21,7 +21,8 @@ public:
     [[nodiscard]] std::optional<Failure> save(const Bitmap& picture, const std::string& name);
     /// Lists a picture on the page.
     void show(const std::string& name, const std::string& caption) { m_shown.push_back({name, caption}); }
-    /// Writes the page, index.html; the last thing to do.
+    /// Writes the page, index.html, and removes the pictures that only the earlier page shows: without a page that
+    /// names them they would count as somebody else's. The last thing to do.
     [[nodiscard]] std::optional<Failure> savePage();
 
 private:
@@ -29,6 +30,8 @@ private:
         std::string name;
         std::string caption;
     };
+    void removeEarlierPictures() const;
+
     std::filesystem::path m_folder;
     Overwriting m_overwriting;
     std::string m_earlierPage; // empty: there is none of ours

@@ -34,6 +34,26 @@ TEST_F(GalleryFolderTest, LeavesFilesOfOthersAloneUnlessForced) {
     EXPECT_TRUE(makeGallery()) << "now it is its own";
 }
 
+TEST_F(GalleryFolderTest, RemovesThePicturesThatOnlyItsEarlierPageShows) {
+    const std::filesystem::path outside = folder.write("up.png", "somebody's");
+    GalleryFolder earlier(folder.path() / "deep", Overwriting::own);
+    for (const std::string name : {"a.png", "b.png"}) {
+        EXPECT_FALSE(earlier.save(Bitmap(1, 1), name)) << name;
+        earlier.show(name, "");
+    }
+    earlier.show("../up.png", "as if edited by hand");
+    EXPECT_FALSE(earlier.savePage());
+    const std::filesystem::path foreign = folder.write("deep/c.png", "somebody's");
+    GalleryFolder smaller(folder.path() / "deep", Overwriting::own);
+    EXPECT_FALSE(smaller.save(Bitmap(1, 1), "a.png"));
+    smaller.show("a.png", "");
+    EXPECT_FALSE(smaller.savePage());
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "deep" / "a.png"));
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "deep" / "b.png"));
+    EXPECT_TRUE(std::filesystem::exists(foreign));
+    EXPECT_TRUE(std::filesystem::exists(outside));
+}
+
 TEST_F(GalleryFolderTest, NamesFilesInSmallLettersAndDigits) {
     EXPECT_EQ(fileNameOf("Adult (18+)"), "adult-18");
     EXPECT_EQ(fileNameOf("Dropdown open"), "dropdown-open");

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/FileReading.h"
 #include "platform/graphics/cairo/CairoCanvas.h"
+#include "platform/graphics/cairo/ScaledImages.h"
 #include "tests/graphics/PictureFolder.h"
 
 #include <gtest/gtest.h>
@@ -29,6 +30,17 @@ TEST(UIImageTest, EachScreenGetsTheFileMadeForIt) {
     EXPECT_EQ(drawn(image, 2), green);
     EXPECT_EQ(drawn(image, 3), green);
     EXPECT_EQ(image.size(), (CGSize{10, 10})) << "in points";
+}
+
+TEST(UIImageTest, AThousandDistinctIconsStayWithinTheMemoryKeptForPictures) {
+    const PictureFolder folder;
+    const std::string bytes = readWholeFile(folder.writePicture("icon.png", 132, 132, red)).value();
+    for (int i = 0; i < 1000; ++i) {
+        const UIImage icon("icon", {{folder.write("icon" + std::to_string(i) + ".png", bytes), 3}});
+        EXPECT_EQ(drawn(icon, 13.2), red);
+        ASSERT_LE(ScaledImages::shared().bytes(), ScaledImages::capacity);
+    }
+    EXPECT_GT(ScaledImages::shared().bytes(), ScaledImages::capacity / 2) << "the icons would not have filled it";
 }
 
 TEST(UIImageTest, ATintKeepsOnlyTheCoverage) {

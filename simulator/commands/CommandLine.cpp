@@ -10,6 +10,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <iostream>
 
 namespace {
@@ -65,6 +66,12 @@ void addShared(CLI::App& command, RunOptions& options) {
         ->type_name("NAME");
 }
 
+/// Empty when the text is one, else what to say.
+std::string finiteNumber(const std::string& text) {
+    double number = 0;
+    return CLI::detail::lexical_cast(text, number) && std::isfinite(number) ? "" : text + " is no distance";
+}
+
 CLI::App* addShot(CLI::App& app, RunOptions& options, ShotOptions& shot) {
     CLI::App* command = app.add_subcommand("shot", "Takes a picture of the screen");
     command->add_option("-o,--output", shot.file, "The PNG file; - for standard output")->type_name("FILE")->required();
@@ -77,7 +84,9 @@ CLI::App* addShot(CLI::App& app, RunOptions& options, ShotOptions& shot) {
         ->check(CLI::IsMember({"compact", "expanded"}))
         ->option_text("STYLE");
     command->add_flag("--open-dropdown", shot.openDropdown, "With the list of groups open");
-    command->add_option("--scroll", shot.scroll, "How far the modes are scrolled")->type_name("POINTS");
+    command->add_option("--scroll", shot.scroll, "How far the modes are scrolled")
+        ->check(finiteNumber)
+        ->type_name("POINTS");
     command->add_flag("--bare", shot.bare, "Without the conversation around the extension");
     command->footer(shotExamples);
     return command;

@@ -20,7 +20,7 @@ ExitStatus complain(const Failure& failure) {
     return exitUsage;
 }
 
-/// Takes the picture for the folder and, at one pixel a point, for the sheet.
+/// Takes the picture for the folder and, at one pixel a point, for the sheet. The outcome: whether it could be written.
 Outcome addPicture(FlowPlayer& player, GalleryFolder& folder, ContactSheet& sheet, const std::string& what,
                    const std::string& appearance) {
     ConversationHost& host = player.host();
@@ -35,14 +35,15 @@ Outcome addPicture(FlowPlayer& player, GalleryFolder& folder, ContactSheet& shee
 }
 
 /// One visit to the conversation; each state is seen light and dark.
-ScreenScript tour(GalleryFolder& folder, ContactSheet& light, ContactSheet& dark) {
+ScreenScript tour(GalleryFolder& folder, ContactSheet& light, ContactSheet& dark, Outcome& writing) {
     ScreenScript script;
     const auto show = [&](const std::string& what) {
         for (const std::string appearance : {"light", "dark"}) {
             script.add("- setAppearance: " + appearance + "\n");
             ContactSheet& sheet = appearance == "dark" ? dark : light;
-            script.addStep("picture", [&folder, &sheet, what, appearance](FlowPlayer& player) {
-                return addPicture(player, folder, sheet, what, appearance);
+            script.addStep("picture", [&folder, &sheet, &writing, what, appearance](FlowPlayer& player) -> Outcome {
+                writing = writing ? writing : addPicture(player, folder, sheet, what, appearance);
+                return std::nullopt;
             });
         }
     };
@@ -55,23 +56,31 @@ ScreenScript tour(GalleryFolder& folder, ContactSheet& light, ContactSheet& dark
     return script;
 }
 
-/// The rows of one device, or nothing when something went wrong.
-bool visit(const Stage& stage, GalleryFolder& folder, std::vector<ContactSheet>& rows) {
+/// Adds the rows of one device.
+ExitStatus visit(const Stage& stage, GalleryFolder& folder, std::vector<ContactSheet>& rows) {
     ContactSheet light;
     ContactSheet dark;
-    const ScreenScript script = tour(folder, light, dark);
+    Outcome writing; // the first picture that could not be written
+    const ScreenScript script = tour(folder, light, dark, writing);
     const FlowResult result = FlowPlayer(script.flow(), setStage(stage, script.flow()), {}).play();
+    if (writing) {
+        return complain(*writing);
+    }
     if (!result.failures.empty()) { // the others follow from it
         std::cerr << "parlor: " << result.failures.front().message << '\n';
+        return exitFailed;
     }
     rows.push_back(std::move(light));
     rows.push_back(std::move(dark));
-    return result.failures.empty();
+    return exitFine;
 }
 
 } // namespace
 
 ExitStatus makeGallery(RunOptions options, const GalleryOptions& gallery) {
+    if (gallery.folder.empty()) {
+        return complain({"the gallery needs a folder"});
+    }
     GalleryFolder folder(gallery.folder, gallery.force ? Overwriting::everything : Overwriting::own);
     for (const char* name : {sheetName, "index.html"}) {
         if (const Outcome refusal = folder.refusal(name)) {
@@ -87,8 +96,8 @@ ExitStatus makeGallery(RunOptions options, const GalleryOptions& gallery) {
         if (!stage) {
             return status;
         }
-        if (!visit(*stage, folder, rows)) {
-            return exitFailed;
+        if (const ExitStatus seen = visit(*stage, folder, rows); seen != exitFine) {
+            return seen;
         }
     }
     Outcome failure = folder.save(ContactSheet::stack(rows), sheetName);

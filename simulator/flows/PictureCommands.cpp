@@ -19,11 +19,18 @@ std::string readPictureName(const FlowValue& value) {
     for (const fs::path& part : fs::path(name)) {
         if (part == ".." || part.has_root_directory()) {
             value.complain("a picture's name is a path inside its folder, without '..'");
+            return {};
         }
     }
     const std::string ending = ".png";
-    const bool ends = name.size() > ending.size() && name.ends_with(ending);
-    return ends ? name.substr(0, name.size() - ending.size()) : name;
+    if (name.ends_with(ending)) {
+        name.resize(name.size() - ending.size());
+    }
+    const bool isNameless = fs::path(name).filename().string().find_first_not_of('.') == std::string::npos;
+    if (isNameless && !value.node().text.empty()) { // an empty text is told already
+        value.complain("'" + value.node().text + "' has no name before its ending");
+    }
+    return name;
 }
 
 PictureRequest readPicture(const FlowValue& value) {

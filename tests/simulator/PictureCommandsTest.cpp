@@ -70,9 +70,11 @@ TEST_F(PictureCommandsTest, TakesAPictureBeforeTheFingerIsLifted) {
     EXPECT_GT(pictureOf("scrolled").height(), 0);
 }
 
-TEST_F(PictureCommandsTest, RefusesNamesOutsideTheFolderAndWordsItDoesNotKnow) {
-    for (const char* command : {"takeScreenshot: ../up", "takeScreenshot: /tmp/up", "takeScreenshot: {bare: true}",
-                                "assertScreenshot: {path: a, bare: maybe}", "setAppearance: blue"}) {
+TEST_F(PictureCommandsTest, RefusesNamesOutsideTheFolderOrWithoutAStemAndWordsItDoesNotKnow) {
+    for (const char* command :
+         {"takeScreenshot: ../up", "takeScreenshot: /tmp/up", "takeScreenshot: ..png", "takeScreenshot: .png",
+          "takeScreenshot: a/", "takeScreenshot: ...png", "takeScreenshot: \"\"", "assertScreenshot: {path: a/..}",
+          "takeScreenshot: {bare: true}", "assertScreenshot: {path: a, bare: maybe}", "setAppearance: blue"}) {
         EXPECT_EQ(play("- " + std::string(command) + "\n").size(), 1u) << command;
     }
 }

@@ -13,6 +13,7 @@ constexpr std::array gameTypes{SpinTheBottle,   IsItCheating, PickupLines, PutAF
 template <class Options>
 std::vector<std::string> titlesOf(const Options& options) {
     std::vector<std::string> titles;
+    titles.reserve(options.size());
     for (const CurrentOption option : options) {
         titles.push_back(rawValue(option));
     }

@@ -8,7 +8,7 @@ struct ModeItemDTO {
     std::string icon;
     std::string title;
     std::string subtitle;
-    bool isSelected;
+    bool isSelected = false;
 };
 
 /// One section as a content file has it. Filled only by decoding.

@@ -3,6 +3,9 @@
 #include "platform/graphics/UIColor.h"
 #include "platform/uikit/UIView.h"
 
+CALayer::CALayer(UIView* view)
+    : m_view(view), m_borderColor(UIColor::blackColor()), m_shadowColor(UIColor::blackColor()) {}
+
 // Both the old and the new look are painted again: a shadow may reach further before or after the change.
 
 void CALayer::changed() {

@@ -9,11 +9,12 @@ class UIColor;
 class UIView;
 
 /// The look of a view's rectangle: border, corners, shadow, clipping. Owned by its view, which it tells of every
-/// change so that the view is drawn again. Colours may be null: no border or shadow colour.
+/// change so that the view is drawn again. Border and shadow are opaque black at first, with no width and no opacity; a
+/// null colour means none.
 class CALayer : public NSObject {
 public:
     /// `view` owns the layer and outlives it in use; told of changes.
-    explicit CALayer(UIView* view) : m_view(view) {}
+    explicit CALayer(UIView* view);
 
     [[nodiscard]] CGFloat cornerRadius() const { return m_cornerRadius; }
     void setCornerRadius(CGFloat radius);

@@ -58,7 +58,7 @@ TEST_F(AppViewTest, AppliesAPropertyTheMomentItIsWritten) {
 TEST_F(AppViewTest, AssertsItsLookAtEveryLayout) {
     const auto view = std::make_shared<AppView>();
     EXPECT_EQ(view->layer()->borderWidth(), 0) << "not before the first layout";
-    EXPECT_EQ(view->layer()->borderColor(), nullptr);
+    EXPECT_TRUE(*view->layer()->borderColor() == *UIColor::blackColor());
     EXPECT_EQ(view->layer()->shadowOpacity(), 0);
     view->layoutIfNeeded();
     EXPECT_EQ(view->layer()->borderWidth(), 1);

@@ -8,10 +8,10 @@
 #include "platform/foundation/NSBundle.h"
 #include "platform/interface/InterfaceReaders.h"
 #include "platform/messages/MessagesClasses.h"
-#include "platform/uikit/UIEvent.h"
 #include "platform/uikit/UIKitClasses.h"
-#include "platform/uikit/UIScreen.h"
-#include "platform/uikit/UIStoryboard.h"
+#include "platform/uikit/controllers/UIStoryboard.h"
+#include "platform/uikit/window/UIEvent.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <condition_variable>
 #include <mutex>

@@ -3,8 +3,8 @@
 #include "game/CategoriesVC.h"
 
 #include "platform/messages/MSMessagesAppViewController.h"
-#include "platform/uikit/UITouch.h"
-#include "platform/uikit/UIWindow.h"
+#include "platform/uikit/window/UITouch.h"
+#include "platform/uikit/window/UIWindow.h"
 
 #include <filesystem>
 #include <memory>

@@ -9,7 +9,7 @@
 #include "content/ModeListLoader.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/graphics/PNG.h"
-#include "platform/uikit/WindowRenderer.h"
+#include "platform/uikit/window/WindowRenderer.h"
 
 #include <cstdio>
 #include <optional>

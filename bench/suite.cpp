@@ -7,9 +7,9 @@
 #include "platform/dispatch/MainRunLoop.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/graphics/TextLayout.h"
-#include "platform/uikit/UIEvent.h"
-#include "platform/uikit/UINib.h"
-#include "platform/uikit/WindowRenderer.h"
+#include "platform/uikit/controllers/UINib.h"
+#include "platform/uikit/window/UIEvent.h"
+#include "platform/uikit/window/WindowRenderer.h"
 #include "ui/DrawingView.h"
 #include "ui/ModeTblCell.h"
 

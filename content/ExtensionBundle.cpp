@@ -2,7 +2,7 @@
 
 #include "platform/foundation/FatalError.h"
 #include "platform/foundation/NSBundle.h"
-#include "platform/uikit/UINib.h"
+#include "platform/uikit/controllers/UINib.h"
 
 #include <optional>
 #include <vector>

@@ -4,9 +4,9 @@
 
 #include "platform/dispatch/Dispatch.h"
 #include "platform/foundation/Text.h"
-#include "platform/uikit/UINavigationController.h"
-#include "platform/uikit/UINib.h"
-#include "platform/uikit/UIScreen.h"
+#include "platform/uikit/controllers/UINavigationController.h"
+#include "platform/uikit/controllers/UINib.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <utility>
 

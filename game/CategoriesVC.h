@@ -7,10 +7,10 @@
 #include "ui/AppView.h"
 
 #include "platform/runtime/Outlet.h"
-#include "platform/uikit/UIImageView.h"
-#include "platform/uikit/UILabel.h"
-#include "platform/uikit/UITableView.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/table/UITableView.h"
 
 #include <memory>
 #include <span>

@@ -2,7 +2,7 @@
 
 #include "platform/foundation/NSExtensionContext.h"
 #include "platform/foundation/NSURLComponents.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
 
 #include <memory>
 

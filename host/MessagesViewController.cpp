@@ -4,8 +4,8 @@
 
 #include "platform/dispatch/Dispatch.h"
 #include "platform/foundation/DebugConsole.h"
-#include "platform/uikit/UIStoryboard.h"
-#include "platform/uikit/UIView.h"
+#include "platform/uikit/controllers/UIStoryboard.h"
+#include "platform/uikit/view/UIView.h"
 
 #include <vector>
 

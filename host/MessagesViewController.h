@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/messages/MSMessagesAppViewController.h"
-#include "platform/uikit/UITextField.h"
+#include "platform/uikit/controls/UITextField.h"
 
 #include <memory>
 #include <string>

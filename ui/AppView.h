@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/uikit/UIView.h"
+#include "platform/uikit/view/UIView.h"
 
 #include <memory>
 

@@ -2,7 +2,7 @@
 
 #include "platform/graphics/UIImage.h"
 #include "platform/runtime/ClassRegistry.h"
-#include "platform/uikit/UITouch.h"
+#include "platform/uikit/window/UITouch.h"
 
 #include <cstddef>
 

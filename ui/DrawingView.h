@@ -3,7 +3,7 @@
 #include "ui/DrawingViewDelegate.h"
 #include "ui/PathWithProperties.h"
 
-#include "platform/uikit/UIImageView.h"
+#include "platform/uikit/controls/UIImageView.h"
 
 #include <memory>
 #include <optional>

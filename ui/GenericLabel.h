@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/uikit/UILabel.h"
+#include "platform/uikit/controls/UILabel.h"
 
 /// A label with line spacing. The spacing is applied to the text of the moment when `space` is written; text assigned
 /// later is shown without it until `space` is written again.

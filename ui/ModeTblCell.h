@@ -3,9 +3,9 @@
 #include "content/ModeItem.h"
 
 #include "platform/runtime/Outlet.h"
-#include "platform/uikit/UIImageView.h"
-#include "platform/uikit/UILabel.h"
-#include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/table/UITableViewCell.h"
 
 /// One row of the mode table, laid out by the nib of the same name. What it shows is wholly set by the last configure.
 class ModeTblCell : public UITableViewCell {

@@ -3,9 +3,9 @@
 #include "ui/AppView.h"
 
 #include "platform/runtime/Outlet.h"
-#include "platform/uikit/UIImageView.h"
-#include "platform/uikit/UILabel.h"
-#include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/table/UITableViewCell.h"
 
 /// One row of the option dropdown, laid out by the nib of the same name and styled by the screen.
 class VibeDropdownTblCell : public UITableViewCell {

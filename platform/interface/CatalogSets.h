@@ -17,6 +17,6 @@
 /// build renders beside it. Null when no file is named (an empty slot is no fault) or the set is broken.
 [[nodiscard]] std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, const std::string& name,
                                                     std::vector<InterfaceFinding>& findings);
-/// Warns, once for a set, of files that it names and that are missing or cannot be drawn, the PNG files rendered from an
-/// SVG included.
+/// Warns, once for a set, of files that it names and that are missing or cannot be drawn, the PNG files rendered from
+/// an SVG included.
 void checkImageFiles(const std::filesystem::path& folder, std::vector<InterfaceFinding>& findings);

@@ -2,7 +2,7 @@
 
 #include "platform/interface/WordTable.h"
 #include "platform/runtime/ClassRegistry.h"
-#include "platform/uikit/UIControl.h"
+#include "platform/uikit/controls/UIControl.h"
 
 namespace {
 

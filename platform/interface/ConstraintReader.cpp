@@ -3,7 +3,7 @@
 #include "platform/interface/ElementValues.h"
 #include "platform/interface/NumberText.h"
 #include "platform/interface/WordTable.h"
-#include "platform/uikit/UIView.h"
+#include "platform/uikit/view/UIView.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include "platform/interface/CatalogSets.h"
 #include "platform/interface/NibMaker.h"
 #include "platform/interface/SceneMaker.h"
-#include "platform/uikit/UIView.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/view/UIView.h"
 
 #include <algorithm>
 #include <array>

@@ -6,8 +6,8 @@
 #include "platform/interface/ObjectClasses.h"
 #include "platform/interface/RuntimeAttributes.h"
 #include "platform/interface/SourceLocation.h"
-#include "platform/uikit/UITableViewCell.h"
-#include "platform/uikit/UIView.h"
+#include "platform/uikit/table/UITableViewCell.h"
+#include "platform/uikit/view/UIView.h"
 
 std::shared_ptr<NSObject> InterfaceInstance::make(const InterfaceElement& element) {
     std::shared_ptr<NSObject> object = makeAlone(element);

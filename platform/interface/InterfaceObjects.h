@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/interface/InterfaceReport.h"
-#include "platform/uikit/NSLayoutConstraint.h"
+#include "platform/uikit/view/NSLayoutConstraint.h"
 
 #include <memory>
 #include <string_view>

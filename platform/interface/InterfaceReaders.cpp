@@ -4,7 +4,7 @@
 #include "platform/interface/AssetCatalogReader.h"
 #include "platform/interface/InterfaceStoryboard.h"
 #include "platform/interface/XibNib.h"
-#include "platform/uikit/InterfaceProvider.h"
+#include "platform/uikit/controllers/InterfaceProvider.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include "platform/foundation/FatalError.h"
 #include "platform/foundation/Nearest.h"
 #include "platform/interface/SceneMaker.h"
-#include "platform/uikit/UIView.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/view/UIView.h"
 
 namespace {
 

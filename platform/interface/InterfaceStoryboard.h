@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/interface/DocumentCache.h"
-#include "platform/uikit/UIStoryboard.h"
+#include "platform/uikit/controllers/UIStoryboard.h"
 
 #include <filesystem>
 #include <memory>

@@ -3,8 +3,8 @@
 #include "platform/interface/InterfaceInstance.h"
 #include "platform/interface/RuntimeAttributes.h"
 #include "platform/runtime/ClassRegistry.h"
-#include "platform/uikit/UIView.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/view/UIView.h"
 
 std::shared_ptr<UIViewController> makeSceneController(const InterfaceScene& scene, const InterfaceDocument& document,
                                                       InterfaceReport& report) {

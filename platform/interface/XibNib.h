@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/interface/DocumentCache.h"
-#include "platform/uikit/UINib.h"
+#include "platform/uikit/controllers/UINib.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/messages/MSConversation.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
 
 #include <memory>
 

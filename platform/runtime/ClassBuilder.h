@@ -42,7 +42,8 @@ public:
         return *this;
     }
 
-    /// `setter` is a member or a free function taking T& first; its value argument decides the type that files must give.
+    /// `setter` is a member or a free function taking T& first; its value argument decides the type that files must
+    /// give.
     template <class Owner, class Argument>
     ClassBuilder& property(const char* key, void (Owner::*setter)(Argument)) {
         return propertyOf<Argument>(key, [setter](T& self, const auto& value) { (self.*setter)(value); });
@@ -110,8 +111,7 @@ private:
             return typed != nullptr ? (use(*typed), Acceptance::accepted) : Acceptance::wrongType;
         } else if constexpr (std::is_arithmetic_v<Plain>) {
             const double* number = std::get_if<double>(&value);
-            return number != nullptr ? (use(static_cast<Plain>(*number)), Acceptance::accepted)
-                                     : Acceptance::wrongType;
+            return number != nullptr ? (use(static_cast<Plain>(*number)), Acceptance::accepted) : Acceptance::wrongType;
         } else {
             return acceptObject<typename Plain::element_type>(value, use);
         }

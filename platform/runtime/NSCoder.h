@@ -35,8 +35,8 @@ public:
 
     /// One of a fixed set of words; an unknown word is reported.
     template <class Enum>
-    [[nodiscard]] std::optional<Enum>
-    choice(std::string_view key, std::initializer_list<std::pair<std::string_view, Enum>> words) const;
+    [[nodiscard]] std::optional<Enum> choice(std::string_view key,
+                                             std::initializer_list<std::pair<std::string_view, Enum>> words) const;
     /// An object of a class; one of another class is reported.
     template <class T>
     [[nodiscard]] std::optional<std::shared_ptr<T>> objectOf(std::string_view key, std::string_view expected) const;

@@ -1,15 +1,15 @@
 #include "platform/uikit/UIKitClasses.h"
 
 #include "platform/runtime/ClassBuilder.h"
-#include "platform/uikit/UIButton.h"
-#include "platform/uikit/UIImageView.h"
-#include "platform/uikit/UILabel.h"
-#include "platform/uikit/UINavigationController.h"
-#include "platform/uikit/UITableView.h"
-#include "platform/uikit/UITableViewCell.h"
-#include "platform/uikit/UITableViewHeaderFooterView.h"
-#include "platform/uikit/UITextField.h"
-#include "platform/uikit/UIWindow.h"
+#include "platform/uikit/controllers/UINavigationController.h"
+#include "platform/uikit/controls/UIButton.h"
+#include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/controls/UITextField.h"
+#include "platform/uikit/table/UITableView.h"
+#include "platform/uikit/table/UITableViewCell.h"
+#include "platform/uikit/table/UITableViewHeaderFooterView.h"
+#include "platform/uikit/window/UIWindow.h"
 
 // Files write texts as plain strings; an absent text cannot be written.
 

@@ -1,7 +1,7 @@
 #include "simulator/commands/ContentFlow.h"
 
 #include "game/CategoriesVC.h"
-#include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/table/UITableViewCell.h"
 #include "simulator/commands/ScreenScript.h"
 #include "simulator/commands/Stage.h"
 #include "simulator/conversation/Finger.h"

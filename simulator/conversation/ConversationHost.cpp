@@ -3,8 +3,8 @@
 #include "platform/foundation/FatalError.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/foundation/NSURLComponents.h"
-#include "platform/uikit/UIScreen.h"
-#include "platform/uikit/UIStoryboard.h"
+#include "platform/uikit/controllers/UIStoryboard.h"
+#include "platform/uikit/window/UIScreen.h"
 
 using Style = MSMessagesAppPresentationStyle;
 

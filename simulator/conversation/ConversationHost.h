@@ -2,7 +2,7 @@
 
 #include "platform/dispatch/MainRunLoop.h"
 #include "platform/messages/MSMessagesAppViewController.h"
-#include "platform/uikit/UIWindow.h"
+#include "platform/uikit/window/UIWindow.h"
 #include "simulator/conversation/Device.h"
 #include "simulator/conversation/EventLog.h"
 

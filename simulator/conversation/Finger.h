@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/uikit/UITouch.h"
+#include "platform/uikit/window/UITouch.h"
 
 #include <functional>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/uikit/UIWindow.h"
+#include "platform/uikit/window/UIWindow.h"
 #include "simulator/flows/Selector.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "platform/runtime/ClassRegistry.h"
-#include "platform/uikit/UIControl.h"
-#include "platform/uikit/UIImageView.h"
-#include "platform/uikit/UIScrollView.h"
+#include "platform/uikit/controls/UIControl.h"
+#include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UIScrollView.h"
 #include "simulator/conversation/Screen.h"
 #include "simulator/conversation/ViewText.h"
 

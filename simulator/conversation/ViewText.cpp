@@ -1,7 +1,7 @@
 #include "simulator/conversation/ViewText.h"
 
-#include "platform/uikit/UILabel.h"
-#include "platform/uikit/UITextField.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/controls/UITextField.h"
 
 namespace {
 

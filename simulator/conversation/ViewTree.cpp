@@ -2,8 +2,8 @@
 
 #include "platform/interface/SourceLocation.h"
 #include "platform/runtime/ClassRegistry.h"
-#include "platform/uikit/UIImageView.h"
-#include "platform/uikit/UIScrollView.h"
+#include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UIScrollView.h"
 #include "simulator/conversation/ViewText.h"
 
 #include <array>

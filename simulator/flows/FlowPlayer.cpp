@@ -2,7 +2,7 @@
 
 #include "platform/foundation/DebugConsole.h"
 #include "platform/foundation/Nearest.h"
-#include "platform/uikit/LayoutReports.h"
+#include "platform/uikit/view/LayoutReports.h"
 
 #include <filesystem>
 

@@ -6,7 +6,7 @@
 #include "simulator/flows/FlowPoint.h"
 #include "simulator/flows/Selector.h"
 
-#include "platform/uikit/UITextField.h"
+#include "platform/uikit/controls/UITextField.h"
 
 #include <map>
 

@@ -1,7 +1,7 @@
 #include "simulator/pictures/ContactSheet.h"
 
 #include "platform/graphics/cairo/CairoCanvas.h"
-#include "platform/uikit/ViewPainter.h"
+#include "platform/uikit/window/ViewPainter.h"
 #include "simulator/pictures/Parts.h"
 
 #include <algorithm>

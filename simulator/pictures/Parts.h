@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/uikit/UILabel.h"
+#include "platform/uikit/controls/UILabel.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/graphics/UIBezierPath.h"
-#include "platform/uikit/UIView.h"
+#include "platform/uikit/view/UIView.h"
 
 #include <memory>
 #include <vector>

@@ -2,8 +2,8 @@
 
 #include "platform/messages/MSMessagesAppViewController.h"
 #include "platform/runtime/Outlet.h"
-#include "platform/uikit/UIButton.h"
-#include "platform/uikit/UILabel.h"
+#include "platform/uikit/controls/UIButton.h"
+#include "platform/uikit/controls/UILabel.h"
 #include "ui/DrawingView.h"
 
 /// A place to try the drawing canvas, which no screen of the extension shows: a canvas under a row of buttons and the

@@ -1,5 +1,5 @@
 #include "platform/runtime/ClassRegistry.h"
-#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/controllers/UINavigationController.h"
 #include "tests/game/GameFixture.h"
 
 using namespace std::chrono_literals;

@@ -1,4 +1,4 @@
-#include "platform/uikit/UINib.h"
+#include "platform/uikit/controllers/UINib.h"
 #include "tests/game/GameFixture.h"
 #include "ui/HexColor.h"
 #include "ui/ModeHeaderView.h"

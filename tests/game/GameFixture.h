@@ -2,8 +2,8 @@
 
 #include "game/CategoriesVC.h"
 #include "platform/dispatch/MainRunLoop.h"
-#include "platform/uikit/UIStoryboard.h"
-#include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/controllers/UIStoryboard.h"
+#include "platform/uikit/table/UITableViewCell.h"
 #include "simulator/conversation/ConversationHost.h"
 #include "simulator/conversation/ExtensionBundle.h"
 #include "simulator/conversation/Finger.h"

@@ -1,7 +1,7 @@
 #include "host/LaunchLink.h"
 
 #include "platform/foundation/NSURLComponents.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "host/MessagesViewController.h"
 
 #include "platform/dispatch/MainRunLoop.h"
-#include "platform/uikit/UIStoryboard.h"
-#include "platform/uikit/UIWindow.h"
+#include "platform/uikit/controllers/UIStoryboard.h"
+#include "platform/uikit/window/UIWindow.h"
 #include "tests/support/Output.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "platform/foundation/FileReading.h"
 #include "platform/interface/NibMaker.h"
 #include "platform/interface/SceneMaker.h"
-#include "platform/uikit/UIView.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/view/UIView.h"
 #include "tests/interface/StandIns.h"
 
 #include <gtest/gtest.h>

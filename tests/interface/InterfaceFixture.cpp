@@ -1,7 +1,7 @@
 #include "tests/interface/InterfaceFixture.h"
 
 #include "platform/interface/InterfaceReaders.h"
-#include "platform/uikit/UINib.h"
+#include "platform/uikit/controllers/UINib.h"
 #include "tests/interface/StandIns.h"
 
 InterfaceFixture::InterfaceFixture() {

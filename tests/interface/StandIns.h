@@ -1,13 +1,13 @@
 #pragma once
 
 #include "platform/runtime/Outlet.h"
-#include "platform/uikit/UIButton.h"
-#include "platform/uikit/UIImageView.h"
-#include "platform/uikit/UILabel.h"
-#include "platform/uikit/UITableView.h"
-#include "platform/uikit/UITableViewCell.h"
-#include "platform/uikit/UITableViewHeaderFooterView.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/controls/UIButton.h"
+#include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/table/UITableView.h"
+#include "platform/uikit/table/UITableViewCell.h"
+#include "platform/uikit/table/UITableViewHeaderFooterView.h"
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
 #include "platform/interface/SourceLocation.h"
-#include "platform/uikit/UIStoryboard.h"
+#include "platform/uikit/controllers/UIStoryboard.h"
 #include "tests/interface/InterfaceFixture.h"
 #include "tests/interface/StandIns.h"
 

@@ -1,8 +1,8 @@
 #include "simulator/conversation/Screen.h"
 
-#include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIKitClasses.h"
-#include "platform/uikit/UILabel.h"
+#include "platform/uikit/controls/UIButton.h"
+#include "platform/uikit/controls/UILabel.h"
 
 #include <gtest/gtest.h>
 

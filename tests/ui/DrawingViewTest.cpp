@@ -2,9 +2,9 @@
 #include "platform/graphics/DrawingContext.h"
 #include "platform/graphics/RecordingCanvas.h"
 #include "platform/runtime/ClassBuilder.h"
-#include "platform/uikit/UIEvent.h"
 #include "platform/uikit/UIKitClasses.h"
-#include "platform/uikit/UIWindow.h"
+#include "platform/uikit/window/UIEvent.h"
+#include "platform/uikit/window/UIWindow.h"
 #include "tests/ui/Catalog.h"
 #include "ui/UiClasses.h"
 

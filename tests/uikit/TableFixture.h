@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/uikit/UINib.h"
-#include "platform/uikit/UITableView.h"
-#include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/controllers/UINib.h"
+#include "platform/uikit/table/UITableView.h"
+#include "platform/uikit/table/UITableViewCell.h"
 
 #include "tests/uikit/ViewFixture.h"
 

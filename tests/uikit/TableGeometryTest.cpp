@@ -1,4 +1,4 @@
-#include "platform/uikit/TableGeometry.h"
+#include "platform/uikit/table/TableGeometry.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/uikit/UIControl.h"
+#include "platform/uikit/controls/UIControl.h"
 
 #include "platform/runtime/ClassBuilder.h"
 #include "platform/uikit/UIKitClasses.h"

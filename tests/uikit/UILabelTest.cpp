@@ -1,4 +1,4 @@
-#include "platform/uikit/UILabel.h"
+#include "platform/uikit/controls/UILabel.h"
 
 #include "tests/uikit/ViewFixture.h"
 

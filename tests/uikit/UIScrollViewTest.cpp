@@ -1,4 +1,4 @@
-#include "platform/uikit/UIScrollView.h"
+#include "platform/uikit/controls/UIScrollView.h"
 
 #include "tests/uikit/ViewFixture.h"
 

@@ -1,4 +1,4 @@
-#include "platform/uikit/UITextField.h"
+#include "platform/uikit/controls/UITextField.h"
 
 #include "tests/uikit/ViewFixture.h"
 

@@ -1,6 +1,6 @@
-#include "platform/uikit/LayoutReports.h"
-#include "platform/uikit/UILabel.h"
-#include "platform/uikit/UIScrollView.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/controls/UIScrollView.h"
+#include "platform/uikit/view/LayoutReports.h"
 
 #include "tests/uikit/ViewFixture.h"
 

@@ -1,4 +1,4 @@
-#include "platform/uikit/UIView.h"
+#include "platform/uikit/view/UIView.h"
 
 #include "tests/uikit/ViewFixture.h"
 

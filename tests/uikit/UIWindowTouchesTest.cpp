@@ -1,4 +1,4 @@
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
 
 #include "tests/uikit/ViewFixture.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/uikit/UIEvent.h"
-#include "platform/uikit/UIScreen.h"
-#include "platform/uikit/UITouch.h"
-#include "platform/uikit/UIWindow.h"
+#include "platform/uikit/window/UIEvent.h"
+#include "platform/uikit/window/UIScreen.h"
+#include "platform/uikit/window/UITouch.h"
+#include "platform/uikit/window/UIWindow.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "platform/uikit/ViewPainter.h"
+#include "platform/uikit/window/ViewPainter.h"
 
 #include "platform/graphics/RecordingCanvas.h"
-#include "platform/uikit/UIImageView.h"
-#include "platform/uikit/UILabel.h"
+#include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UILabel.h"
 #include "tests/uikit/ViewFixture.h"
 
 #include <gmock/gmock.h>

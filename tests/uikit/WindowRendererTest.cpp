@@ -1,7 +1,7 @@
-#include "platform/uikit/WindowRenderer.h"
+#include "platform/uikit/window/WindowRenderer.h"
 
-#include "platform/uikit/UILabel.h"
-#include "platform/uikit/UIScrollView.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/controls/UIScrollView.h"
 #include "tests/uikit/ViewFixture.h"
 
 #include <random>

@@ -1,0 +1,175 @@
+#include "platform/uikit/controls/UILabel.h"
+
+#include "platform/uikit/CoderWords.h"
+#include "platform/uikit/view/PixelGrid.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr CGFloat defaultFontSize = 17;
+constexpr std::size_t keptLayouts = 4;
+constexpr CGFloat tolerance = 0.01; // points; less room than this is none
+
+std::shared_ptr<UIFont> orDefault(const std::shared_ptr<UIFont>& font) {
+    return font ? font : UIFont::systemFontOfSize(defaultFontSize);
+}
+
+std::shared_ptr<UIColor> orDefault(const std::shared_ptr<UIColor>& color) {
+    return color ? color : UIColor::systemColorNamed("labelColor");
+}
+
+} // namespace
+
+UILabel::UILabel(const CGRect& frame)
+    : UIView(frame), m_font(orDefault(std::shared_ptr<UIFont>())), m_textColor(orDefault(std::shared_ptr<UIColor>())) {
+    setUserInteractionEnabled(false);
+}
+
+UILabel::UILabel(const NSCoder& coder)
+    : UIView(coder), m_text(coder.string("text")),
+      m_font(orDefault(coder.objectOf<UIFont>("fontDescription", "a font").value_or(nullptr))),
+      m_textColor(orDefault(coder.objectOf<UIColor>("textColor", "a colour").value_or(nullptr))),
+      m_alignment(decodedTextAlignment(coder)) {
+    setUserInteractionEnabled(coder.boolean("userInteractionEnabled").value_or(false));
+    m_lineBreakMode = // the only place for an ellipsis is the end
+        coder
+            .choice<NSLineBreakMode>("lineBreakMode", {{"wordWrap", NSLineBreakMode::byWordWrapping},
+                                                       {"characterWrap", NSLineBreakMode::byCharWrapping},
+                                                       {"clip", NSLineBreakMode::byClipping},
+                                                       {"headTruncation", NSLineBreakMode::byTruncatingTail},
+                                                       {"tailTruncation", NSLineBreakMode::byTruncatingTail},
+                                                       {"middleTruncation", NSLineBreakMode::byTruncatingTail}})
+            .value_or(m_lineBreakMode);
+    m_numberOfLines = std::max(0, static_cast<int>(coder.number("numberOfLines").value_or(m_numberOfLines)));
+}
+
+void UILabel::setText(const std::optional<std::string>& text) {
+    if (m_text != text || m_attributed) {
+        m_text = text;
+        m_attributed.reset();
+        contentChanged();
+    }
+}
+
+void UILabel::setAttributedText(const std::optional<NSMutableAttributedString>& text) {
+    if (m_attributed == text && (text || !m_text)) {
+        return;
+    }
+    m_attributed = text;
+    m_text.reset();
+    if (text) {
+        m_text = text->string();
+    }
+    contentChanged();
+}
+
+void UILabel::setFont(const std::shared_ptr<UIFont>& font) {
+    const std::shared_ptr<UIFont> wanted = orDefault(font);
+    if (!(*m_font == *wanted)) {
+        m_font = wanted;
+        contentChanged();
+    }
+}
+
+void UILabel::setTextColor(const std::shared_ptr<UIColor>& color) {
+    const std::shared_ptr<UIColor> wanted = orDefault(color);
+    if (!(*m_textColor == *wanted)) {
+        m_textColor = wanted;
+        setNeedsDisplay();
+    }
+}
+
+void UILabel::setTextAlignment(NSTextAlignment alignment) {
+    if (m_alignment != alignment) {
+        m_alignment = alignment;
+        m_layouts.clear();
+        setNeedsDisplay();
+    }
+}
+
+void UILabel::setLineBreakMode(NSLineBreakMode mode) {
+    if (m_lineBreakMode != mode) {
+        m_lineBreakMode = mode;
+        contentChanged();
+    }
+}
+
+void UILabel::setNumberOfLines(int lines) {
+    if (m_numberOfLines != lines) {
+        m_numberOfLines = std::max(0, lines);
+        contentChanged();
+    }
+}
+
+void UILabel::contentChanged() {
+    m_layouts.clear();
+    invalidateIntrinsicContentSize();
+    setNeedsDisplay();
+}
+
+// Measuring.
+
+CGSize UILabel::intrinsicContentSize() const {
+    const std::shared_ptr<const TextLayout> layout = textLayout(std::nullopt);
+    return layout ? ceiledToPixel(layout->size()) : CGSize{};
+}
+
+/// Laid out for that width alone, as it is going to be drawn.
+CGSize UILabel::intrinsicContentSizeForWidth(CGFloat width) const {
+    const std::shared_ptr<const TextLayout> layout = textLayout(width);
+    return layout ? ceiledToPixel(layout->size()) : CGSize{};
+}
+
+CGSize UILabel::sizeThatFits(CGSize size) const {
+    const CGSize natural = intrinsicContentSize();
+    const bool isWideEnough = !(size.width > 0) || size.width + tolerance >= natural.width;
+    return m_numberOfLines == 1 || isWideEnough ? natural : intrinsicContentSizeForWidth(size.width);
+}
+
+/// The text stands in the middle of the label's height.
+CGFloat UILabel::topOfText(const TextLayout& layout, CGSize size) const {
+    return (size.height - layout.size().height) / 2;
+}
+
+std::optional<CGFloat> UILabel::firstBaseline(CGSize size) const {
+    const std::shared_ptr<const TextLayout> layout = textLayout(size.width);
+    return layout ? std::optional(topOfText(*layout, size) + layout->firstBaseline()) : std::nullopt;
+}
+
+std::optional<CGFloat> UILabel::lastBaseline(CGSize size) const {
+    const std::shared_ptr<const TextLayout> layout = textLayout(size.width);
+    return layout ? std::optional(topOfText(*layout, size) + layout->lastBaseline()) : std::nullopt;
+}
+
+TextRequest UILabel::textRequest(std::optional<CGFloat> width) const {
+    TextRequest request;
+    request.text = *m_text;
+    request.font = m_font;
+    request.alignment = m_alignment;
+    request.lineBreakMode = m_lineBreakMode;
+    request.maximumLines = m_numberOfLines;
+    request.width = width;
+    const std::optional<NSParagraphStyle> style = m_attributed ? m_attributed->paragraphStyleAt(0) : std::nullopt;
+    if (style) {
+        request.alignment = style->alignment;
+        request.lineSpacing = style->lineSpacing;
+    }
+    return request;
+}
+
+std::shared_ptr<const TextLayout> UILabel::textLayout(std::optional<CGFloat> width) const {
+    if (!m_text || m_text->empty()) {
+        return nullptr;
+    }
+    for (const LaidOut& known : m_layouts) {
+        if (known.width == width) {
+            return known.layout;
+        }
+    }
+    if (m_layouts.size() == keptLayouts) {
+        m_layouts.erase(m_layouts.begin());
+    }
+    m_layouts.push_back({width, TextLayout::make(textRequest(width))});
+    return m_layouts.back().layout;
+}

@@ -1,0 +1,237 @@
+#pragma once
+
+#include "platform/foundation/Geometry.h"
+#include "platform/graphics/UIColor.h"
+#include "platform/runtime/NSCoder.h"
+#include "platform/uikit/view/CALayer.h"
+#include "platform/uikit/view/NSLayoutAnchor.h"
+#include "platform/uikit/window/UIResponder.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class UIViewController;
+class UIWindow;
+class ViewSystem;
+
+enum class UIViewContentMode {
+    scaleToFill,
+    scaleAspectFit,
+    scaleAspectFill,
+    redraw,
+    center,
+    top,
+    bottom,
+    left,
+    right,
+    topLeft,
+    topRight,
+    bottomLeft,
+    bottomRight,
+};
+
+/// Which distances grow and shrink with the superview, as bits.
+enum UIViewAutoresizing : unsigned {
+    UIViewAutoresizingNone = 0,
+    UIViewAutoresizingFlexibleLeftMargin = 1u << 0,
+    UIViewAutoresizingFlexibleWidth = 1u << 1,
+    UIViewAutoresizingFlexibleRightMargin = 1u << 2,
+    UIViewAutoresizingFlexibleTopMargin = 1u << 3,
+    UIViewAutoresizingFlexibleHeight = 1u << 4,
+    UIViewAutoresizingFlexibleBottomMargin = 1u << 5,
+};
+
+enum class UILayoutConstraintAxis { horizontal, vertical };
+
+/// A rectangle on the screen that lays out, draws and hit-tests itself and its subviews. A view owns its subviews and
+/// the constraints it holds; the superview is a plain back reference that is cleared when the superview goes.
+class UIView : public UIResponder {
+public:
+    /// intrinsicContentSize() of a view without a natural width or height.
+    static constexpr CGFloat noIntrinsicMetric = -1;
+
+    UIView() : UIView(CGRect{}) {}
+    explicit UIView(const CGRect& frame);  // initWithFrame:
+    explicit UIView(const NSCoder& coder); // initWithCoder:
+    ~UIView() override;
+
+    // Geometry, in points. `frame` is in the superview's coordinates, `bounds` in the view's own.
+    [[nodiscard]] CGRect frame() const;
+    void setFrame(const CGRect& frame);
+    [[nodiscard]] const CGRect& bounds() const { return m_bounds; }
+    /// A changed origin scrolls the content; a changed size lays the subviews out again.
+    virtual void setBounds(const CGRect& bounds);
+    [[nodiscard]] CGPoint center() const { return m_center; }
+    void setCenter(CGPoint center);
+    /// A null view stands for the window's coordinates.
+    [[nodiscard]] CGPoint convertPointToView(CGPoint point, const UIView* view) const;
+    [[nodiscard]] CGPoint convertPointFromView(CGPoint point, const UIView* view) const;
+    [[nodiscard]] CGRect convertRectToView(const CGRect& rect, const UIView* view) const;
+
+    // The tree.
+    [[nodiscard]] UIView* superview() const { return m_superview; }
+    [[nodiscard]] const std::vector<std::shared_ptr<UIView>>& subviews() const { return m_subviews; }
+    [[nodiscard]] UIWindow* window() const;
+    void addSubview(const std::shared_ptr<UIView>& view);
+    void insertSubviewAtIndex(const std::shared_ptr<UIView>& view, std::size_t index);
+    void bringSubviewToFront(UIView& view);
+    void removeFromSuperview();
+    [[nodiscard]] bool isDescendantOfView(const UIView& view) const;
+    /// This view or the first descendant with the tag; null when none has it.
+    [[nodiscard]] std::shared_ptr<UIView> viewWithTag(int tag);
+    /// The controller whose view this is; null for other views.
+    [[nodiscard]] UIViewController* viewController() const { return m_viewController; }
+    /// For the controller; its root view has wider margins unless they were set.
+    void setViewController(UIViewController* controller);
+    virtual void didMoveToSuperview() {}
+
+    // Look.
+    [[nodiscard]] std::shared_ptr<CALayer> layer() const { return m_layer; }
+    [[nodiscard]] std::shared_ptr<UIColor> backgroundColor() const { return m_backgroundColor; }
+    void setBackgroundColor(const std::shared_ptr<UIColor>& color);
+    /// Inherited from the superview while unset; the platform's blue at the top.
+    [[nodiscard]] std::shared_ptr<UIColor> tintColor() const;
+    void setTintColor(const std::shared_ptr<UIColor>& color);
+    [[nodiscard]] CGFloat alpha() const { return m_alpha; }
+    void setAlpha(CGFloat alpha);
+    [[nodiscard]] bool isHidden() const { return m_hidden; }
+    void setHidden(bool hidden);
+    [[nodiscard]] bool clipsToBounds() const { return m_layer->masksToBounds(); }
+    void setClipsToBounds(bool clips) { m_layer->setMasksToBounds(clips); }
+    [[nodiscard]] UIViewContentMode contentMode() const { return m_contentMode; }
+    void setContentMode(UIViewContentMode mode);
+
+    // Drawing. setNeedsDisplay marks the whole view, or a rectangle of it, to be drawn again.
+    void setNeedsDisplay();
+    virtual void drawRect(const CGRect& rect); // drawRect:
+    /// What drawRect can reach, in this view's coordinates: the bounds, or more where content stands out of a view that
+    /// does not clip.
+    [[nodiscard]] virtual CGRect drawnRect() const { return m_bounds; }
+    /// What this view and its subviews paint, with shadows, in its own coordinates.
+    [[nodiscard]] CGRect paintedRect() const;
+
+    // Touches.
+    [[nodiscard]] bool isUserInteractionEnabled() const { return m_userInteractionEnabled; }
+    void setUserInteractionEnabled(bool enabled) { m_userInteractionEnabled = enabled; }
+    /// The deepest visible, enabled view under the point, which is in this view's coordinates; null when outside.
+    [[nodiscard]] virtual std::shared_ptr<UIView> hitTestWithEvent(CGPoint point, UIEvent* event); // hitTest:withEvent:
+    [[nodiscard]] virtual bool pointInsideWithEvent(CGPoint point, UIEvent* event) const; // pointInside:withEvent:
+    [[nodiscard]] UIResponder* nextResponder() const override;
+
+    // Identity.
+    [[nodiscard]] int tag() const { return m_tag; }
+    void setTag(int tag) { m_tag = tag; }
+    [[nodiscard]] const std::string& accessibilityIdentifier() const { return m_accessibilityIdentifier; }
+    void setAccessibilityIdentifier(const std::string& identifier) { m_accessibilityIdentifier = identifier; }
+    [[nodiscard]] const std::string& accessibilityLabel() const { return m_accessibilityLabel; }
+    void setAccessibilityLabel(const std::string& label) { m_accessibilityLabel = label; }
+
+    // Constraints and layout.
+    [[nodiscard]] bool translatesAutoresizingMaskIntoConstraints() const { return m_autoresizes; }
+    void setTranslatesAutoresizingMaskIntoConstraints(bool translates);
+    [[nodiscard]] unsigned autoresizingMask() const { return m_autoresizingMask; }
+    void setAutoresizingMask(unsigned mask) { m_autoresizingMask = mask; }
+    /// The constraints this view holds, for itself and its descendants.
+    [[nodiscard]] const std::vector<std::shared_ptr<NSLayoutConstraint>>& constraints() const { return m_constraints; }
+    void addConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint);
+    void removeConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint);
+    [[nodiscard]] NSLayoutAnchor leftAnchor();
+    [[nodiscard]] NSLayoutAnchor rightAnchor();
+    [[nodiscard]] NSLayoutAnchor topAnchor();
+    [[nodiscard]] NSLayoutAnchor bottomAnchor();
+    [[nodiscard]] NSLayoutAnchor leadingAnchor();
+    [[nodiscard]] NSLayoutAnchor trailingAnchor();
+    [[nodiscard]] NSLayoutAnchor widthAnchor();
+    [[nodiscard]] NSLayoutAnchor heightAnchor();
+    [[nodiscard]] NSLayoutAnchor centerXAnchor();
+    [[nodiscard]] NSLayoutAnchor centerYAnchor();
+    [[nodiscard]] UILayoutPriority contentHuggingPriority(UILayoutConstraintAxis axis) const;
+    [[nodiscard]] UILayoutPriority contentCompressionResistancePriority(UILayoutConstraintAxis axis) const;
+    /// Width and height the content would like; noIntrinsicMetric where it has no wish.
+    [[nodiscard]] virtual CGSize intrinsicContentSize() const;
+    /// The same when the width is already known (texts that wrap); by default intrinsicContentSize().
+    [[nodiscard]] virtual CGSize intrinsicContentSizeForWidth(CGFloat width) const;
+    /// Distance of the first and last text baseline from the top for a given size; absent for views without text.
+    [[nodiscard]] virtual std::optional<CGFloat> firstBaseline(CGSize size) const;
+    [[nodiscard]] virtual std::optional<CGFloat> lastBaseline(CGSize size) const;
+    void invalidateIntrinsicContentSize();
+    /// Has the constraints around this view solved again at the next pass.
+    void setNeedsUpdateConstraints();
+    /// The smallest height that satisfies the constraints inside this view at exactly this width.
+    [[nodiscard]] CGFloat heightFittingWidth(CGFloat width); // systemLayoutSizeFittingSize: with a required width
+    /// The smallest (or the only) size of the view's own content within `size`; by default intrinsicContentSize().
+    [[nodiscard]] virtual CGSize sizeThatFits(CGSize size) const;
+
+    [[nodiscard]] const UIEdgeInsets& layoutMargins() const { return m_layoutMargins; }
+    void setLayoutMargins(const UIEdgeInsets& margins);
+    /// How far the device's rounded corners, bars and indicators reach into this view; never into scrolled content.
+    [[nodiscard]] UIEdgeInsets safeAreaInsets() const;
+
+    void setNeedsLayout();
+    /// Solves the constraints of the tree that this view stands in and runs layoutSubviews where something changed.
+    void layoutIfNeeded();
+    virtual void layoutSubviews(); // called by the layout pass; overrides call the base class first
+
+protected:
+    friend class CALayer;
+    friend class LayoutPass;
+    friend class UIWindow;
+    friend class ViewSystem;
+    /// Whether this view's subviews are laid out apart from the tree above it (scroll views, whose content has
+    /// coordinates of its own). Such a view is solved as the root of its own system.
+    [[nodiscard]] virtual bool isLayoutRoot() const { return false; }
+    /// A rectangle in this view's coordinates that must be painted again.
+    virtual void invalidate(const CGRect& rect);
+
+private:
+    void attach(const std::shared_ptr<UIView>& view, std::size_t index);
+    void detachFromSuperview();
+    void dropConstraintsInto(const UIView& subtree);
+    void windowChanged(bool inWindow);
+    /// Sets the frame without having the constraints solved again.
+    void place(const CGRect& frame);
+    void applyGeometry(CGPoint center, const CGRect& bounds);
+    /// Down, in points; what is painted of it can be moved along.
+    void moveContent(CGFloat distance);
+    void resizeSubviews(CGSize before);
+    void decodeAutoresizingMask(const NSCoder& coder);
+    void decodePriorities(const NSCoder& coder);
+    void decodeAccessibility(const NSCoder& coder);
+    [[nodiscard]] UIView& topView() const;
+    [[nodiscard]] bool isSystemRoot() const;
+    [[nodiscard]] UIView& systemRoot();
+    /// Views or constraints came or went: the descriptions kept for the solver are worthless.
+    void systemStructureChanged();
+    void ancestorsNeedVisit();
+
+    CGRect m_bounds;
+    CGPoint m_center;
+    UIView* m_superview = nullptr;
+    std::vector<std::shared_ptr<UIView>> m_subviews;
+    std::shared_ptr<CALayer> m_layer;
+    std::shared_ptr<UIColor> m_backgroundColor;
+    std::shared_ptr<UIColor> m_tintColor;
+    CGFloat m_alpha = 1;
+    bool m_hidden = false;
+    bool m_userInteractionEnabled = true;
+    bool m_autoresizes = true;
+    bool m_needsLayout = true;            // this view's layoutSubviews must run
+    bool m_descendantNeedsLayout = false; // one further down must run
+    bool m_constraintsChanged = true;     // the system this view is the root of must be solved again
+    bool m_isLayoutItem = false;          // the solver places this view or takes account of it
+    UIViewContentMode m_contentMode = UIViewContentMode::scaleToFill;
+    unsigned m_autoresizingMask = UIViewAutoresizingNone;
+    int m_tag = 0;
+    std::string m_accessibilityIdentifier;
+    std::string m_accessibilityLabel;
+    std::vector<std::shared_ptr<NSLayoutConstraint>> m_constraints;
+    UILayoutPriority m_hugging[2] = {UILayoutPriorityDefaultLow, UILayoutPriorityDefaultLow};
+    UILayoutPriority m_compressionResistance[2] = {UILayoutPriorityDefaultHigh, UILayoutPriorityDefaultHigh};
+    UIEdgeInsets m_layoutMargins{8, 8, 8, 8};
+    bool m_ownLayoutMargins = false;       // the margins were set, so no context chooses them
+    std::unique_ptr<ViewSystem> m_system;  // of the system this view is the root of; made by the layout pass
+    std::unique_ptr<ViewSystem> m_fitting; // the same for heightFittingWidth
+    UIViewController* m_viewController = nullptr;
+};

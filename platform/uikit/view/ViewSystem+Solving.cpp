@@ -1,0 +1,221 @@
+#include "platform/uikit/view/ViewSystem.h"
+
+#include "platform/uikit/view/LayoutReports.h"
+#include "platform/uikit/view/PixelGrid.h"
+#include "platform/uikit/view/UIView.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr int maximumSolves = 3;              // the natural widths, then two rounds for texts that wrap
+constexpr std::size_t fittingConstraints = 4; // left, top, width and height of the root
+constexpr std::size_t autoresizingConstraints = 4;
+
+/// True when the field had another value.
+template <class T, class U>
+bool assign(T& field, const U& value) {
+    const bool differs = !(field == value);
+    field = value;
+    return differs;
+}
+
+/// The solver's arithmetic leaves traces far behind the decimal point; a text must not be measured again for those.
+CGFloat withoutNoise(CGFloat length) {
+    return std::round(length * 1e6) / 1e6;
+}
+
+std::optional<CGFloat> metric(CGFloat length) {
+    return length == UIView::noIntrinsicMetric ? std::nullopt : std::optional(length);
+}
+
+UIEdgeInsets sum(const UIEdgeInsets& one, const UIEdgeInsets& other) {
+    return {one.top + other.top, one.left + other.left, one.bottom + other.bottom, one.right + other.right};
+}
+
+/// How far a guide's edge, centre or length lies from the view's own.
+CGFloat guideOffset(const UIView& view, const LayoutEnd& end) {
+    if (end.guide == LayoutGuide::view) {
+        return 0;
+    }
+    const UIEdgeInsets safe = view.safeAreaInsets();
+    const UIEdgeInsets insets = end.guide == LayoutGuide::safeArea ? safe : sum(view.layoutMargins(), safe);
+    switch (end.attribute) {
+    case LayoutAttribute::left:
+    case LayoutAttribute::leading:
+        return insets.left;
+    case LayoutAttribute::right:
+    case LayoutAttribute::trailing:
+        return -insets.right;
+    case LayoutAttribute::top:
+        return insets.top;
+    case LayoutAttribute::bottom:
+        return -insets.bottom;
+    case LayoutAttribute::width:
+        return -insets.left - insets.right;
+    case LayoutAttribute::height:
+        return -insets.top - insets.bottom;
+    case LayoutAttribute::centerX:
+        return (insets.left - insets.right) / 2;
+    case LayoutAttribute::centerY:
+        return (insets.top - insets.bottom) / 2;
+    case LayoutAttribute::firstBaseline:
+    case LayoutAttribute::lastBaseline:
+    case LayoutAttribute::notAnAttribute:
+        break;
+    }
+    return 0;
+}
+
+} // namespace
+
+bool ViewSystem::isFixed(std::size_t index) const {
+    return m_purpose == Purpose::placing &&
+           (index == 0 || m_entries[index].view->translatesAutoresizingMaskIntoConstraints());
+}
+
+bool ViewSystem::update() {
+    const bool isEmpty = m_entries.size() == 1 && m_constraints.empty() && m_purpose == Purpose::placing;
+    m_changed = refresh() || m_changed;
+    if (!m_changed || isEmpty) {
+        return false;
+    }
+    if (!m_measuresContent) {
+        findGivenWidths();
+    }
+    for (int count = 0; count < maximumSolves && m_changed; ++count) {
+        m_result = solveLayout(m_items, m_constraints);
+        rememberSizes();
+        m_changed = refreshItems();
+    }
+    m_changed = false;
+    return true;
+}
+
+void ViewSystem::report() const {
+    reportLayout(m_result);
+}
+
+/// Solves before anything is measured, so that a text whose width its surroundings give is laid out for that width
+/// only.
+void ViewSystem::findGivenWidths() {
+    m_result = solveLayout(m_items, m_constraints);
+    rememberSizes();
+    m_measuresContent = true;
+    refreshItems();
+}
+
+bool ViewSystem::refreshItems() {
+    bool changed = false;
+    for (std::size_t index = 0; index < m_entries.size(); ++index) {
+        changed = refreshItem(index) || changed;
+    }
+    return changed;
+}
+
+void ViewSystem::placeViews() {
+    std::vector<CGPoint> origins(m_entries.size());
+    for (std::size_t index = 1; index < m_entries.size(); ++index) {
+        if (isFixed(index)) {
+            origins[index] = m_result.frames[index].origin;
+            continue;
+        }
+        const CGRect frame = roundedToPixel(m_result.frames[index]);
+        const CGPoint parent = origins[static_cast<std::size_t>(m_items[index].parent)];
+        origins[index] = frame.origin;
+        m_entries[index].view->place(frame.offsetBy(-parent.x, -parent.y));
+    }
+}
+
+CGFloat ViewSystem::heightForWidth(CGFloat width) {
+    m_fittingWidth = width;
+    update();
+    return ceiledToPixel(m_result.frames[0].size.height);
+}
+
+bool ViewSystem::refresh() {
+    bool changed = refreshItems();
+    for (std::size_t index = 0; index < m_rows.size(); ++index) {
+        changed = refreshConstraint(index) || changed;
+    }
+    if (m_purpose == Purpose::placing) {
+        return changed;
+    }
+    changed = assign(m_constraints[m_rows.size() + 2].constant, m_fittingWidth) || changed;
+    std::size_t next = m_rows.size() + fittingConstraints;
+    for (std::size_t index = 1; index < m_entries.size(); ++index) {
+        if (m_entries[index].view->translatesAutoresizingMaskIntoConstraints()) {
+            changed = refreshAutoresizing(index, next) || changed;
+            next += autoresizingConstraints;
+        }
+    }
+    return changed;
+}
+
+bool ViewSystem::refreshItem(std::size_t index) {
+    LayoutItem& item = m_items[index];
+    const Entry& entry = m_entries[index];
+    const UIView& view = *entry.view;
+    bool changed = false;
+    CGSize size;
+    if (isFixed(index)) {
+        const CGRect frame = index == 0 ? CGRect{{0, 0}, view.bounds().size} : view.frame();
+        changed = assign(item.fixedFrame, std::optional(frame));
+        size = frame.size;
+    } else if (!m_measuresContent) {
+        return false;
+    } else {
+        const bool needsWidth = !entry.widthIsGiven;
+        CGSize natural = needsWidth ? view.intrinsicContentSize() : CGSize{UIView::noIntrinsicMetric, 0};
+        if (entry.solvedSize) {
+            natural.height = view.intrinsicContentSizeForWidth(entry.solvedSize->width).height;
+        }
+        changed = assign(item.intrinsicWidth, metric(natural.width));
+        changed = assign(item.intrinsicHeight, metric(natural.height)) || changed;
+        size = entry.solvedSize.value_or(natural);
+    }
+    if (entry.usesBaseline) {
+        changed = assign(item.firstBaseline, view.firstBaseline(size)) || changed;
+        changed = assign(item.lastBaseline, view.lastBaseline(size)) || changed;
+    }
+    return changed;
+}
+
+bool ViewSystem::refreshConstraint(std::size_t index) {
+    const Row& row = m_rows[index];
+    const NSLayoutConstraint& source = *row.source;
+    double constant = source.constant() - guideOffset(*row.first, source.first());
+    if (row.second != nullptr) {
+        constant += source.multiplier() * guideOffset(*row.second, source.second());
+    }
+    LayoutConstraint& constraint = m_constraints[index];
+    const bool changed = assign(constraint.constant, constant);
+    return assign(constraint.priority, static_cast<double>(source.priority())) || changed;
+}
+
+bool ViewSystem::refreshAutoresizing(std::size_t index, std::size_t firstConstraint) {
+    const CGRect frame = m_entries[index].view->frame();
+    const CGSize parent = m_entries[static_cast<std::size_t>(m_items[index].parent)].view->bounds().size;
+    LayoutConstraint* constraints = &m_constraints[firstConstraint];
+    const bool growsSideways = constraints[2].firstAttribute == LayoutAttribute::right;
+    const bool growsDown = constraints[3].firstAttribute == LayoutAttribute::bottom;
+    bool changed = assign(constraints[0].constant, frame.minX());
+    changed = assign(constraints[1].constant, frame.minY()) || changed;
+    changed =
+        assign(constraints[2].constant, growsSideways ? frame.maxX() - parent.width : frame.size.width) || changed;
+    return assign(constraints[3].constant, growsDown ? frame.maxY() - parent.height : frame.size.height) || changed;
+}
+
+void ViewSystem::rememberSizes() {
+    for (std::size_t index = 0; index < m_entries.size(); ++index) {
+        Entry& entry = m_entries[index];
+        const LayoutItem& item = m_items[index];
+        entry.widthIsGiven = m_result.conflicts.empty() && m_result.givenWidths[index] &&
+                             item.horizontalHugging < UILayoutPriorityRequired &&
+                             item.horizontalCompressionResistance < UILayoutPriorityRequired;
+        if (m_measuresContent || entry.widthIsGiven) {
+            const CGSize size = m_result.frames[index].size;
+            entry.solvedSize = CGSize{withoutNoise(size.width), withoutNoise(size.height)};
+        }
+    }
+}

@@ -1,0 +1,153 @@
+#include "platform/uikit/view/ViewSystem.h"
+
+#include "platform/runtime/ClassRegistry.h"
+#include "platform/uikit/view/UIView.h"
+
+namespace {
+
+bool isBaseline(LayoutAttribute attribute) {
+    return attribute == LayoutAttribute::firstBaseline || attribute == LayoutAttribute::lastBaseline;
+}
+
+std::string nameOf(const UIView& view) {
+    const std::string& identifier = view.accessibilityIdentifier();
+    return identifier.empty() ? classNameOf(view) : classNameOf(view) + " \"" + identifier + "\"";
+}
+
+std::string nameOf(const NSLayoutConstraint& constraint, const UIView& first, const UIView* second) {
+    if (!constraint.identifier().empty()) {
+        return constraint.identifier();
+    }
+    std::string name = "a constraint of " + nameOf(first);
+    return second == nullptr || second == &first ? name : name + " and " + nameOf(*second);
+}
+
+} // namespace
+
+ViewSystem::ViewSystem(UIView& root, Purpose purpose) : m_purpose(purpose) {
+    collectRows(root);
+    collectViews(root, -1);
+    std::vector<Row> candidates;
+    candidates.swap(m_rows);
+    for (const Row& row : candidates) {
+        addConstraint(row);
+    }
+    if (purpose == Purpose::fitting) {
+        addFittingConstraints();
+    }
+    m_referenced.clear();
+    m_indices.clear();
+}
+
+void ViewSystem::collectRows(const UIView& view) {
+    for (const std::shared_ptr<NSLayoutConstraint>& constraint : view.constraints()) {
+        const Row row{constraint.get(), constraint->first().view.lock().get(), constraint->second().view.lock().get()};
+        const bool hasTwoEnds = constraint->second().attribute != LayoutAttribute::notAnAttribute;
+        if (!constraint->isActive() || row.first == nullptr || (hasTwoEnds && row.second == nullptr)) {
+            continue;
+        }
+        m_rows.push_back(row);
+        m_referenced.insert(row.first);
+        m_referenced.insert(row.second);
+    }
+    if (!view.isLayoutRoot()) {
+        for (const std::shared_ptr<UIView>& subview : view.subviews()) {
+            collectRows(*subview);
+        }
+    }
+}
+
+/// Leaves out what has a frame of its own and is of no interest to any constraint; false when it did.
+bool ViewSystem::collectViews(UIView& view, int parent) {
+    const int index = static_cast<int>(m_entries.size());
+    m_entries.push_back({&view, false, false, std::nullopt});
+    m_items.emplace_back().parent = parent;
+    bool isWanted = !view.translatesAutoresizingMaskIntoConstraints() || m_referenced.count(&view) != 0;
+    if (!view.isLayoutRoot()) {
+        for (const std::shared_ptr<UIView>& subview : view.subviews()) {
+            isWanted = collectViews(*subview, index) || isWanted;
+        }
+    }
+    if (m_purpose == Purpose::placing) {
+        view.m_isLayoutItem = isWanted;
+    }
+    if (!isWanted && parent >= 0) {
+        m_entries.pop_back();
+        m_items.pop_back();
+        return false;
+    }
+    LayoutItem& item = m_items[static_cast<std::size_t>(index)];
+    item.name = nameOf(view);
+    item.horizontalHugging = view.contentHuggingPriority(UILayoutConstraintAxis::horizontal);
+    item.verticalHugging = view.contentHuggingPriority(UILayoutConstraintAxis::vertical);
+    item.horizontalCompressionResistance =
+        view.contentCompressionResistancePriority(UILayoutConstraintAxis::horizontal);
+    item.verticalCompressionResistance = view.contentCompressionResistancePriority(UILayoutConstraintAxis::vertical);
+    m_indices[&view] = index;
+    return true;
+}
+
+int ViewSystem::indexOf(const UIView* view) const {
+    const auto found = m_indices.find(view);
+    return found == m_indices.end() ? -1 : found->second;
+}
+
+/// A constraint that reaches out of this system is left to the system around it.
+void ViewSystem::addConstraint(const Row& row) {
+    const int first = indexOf(row.first);
+    const int second = indexOf(row.second);
+    if (first < 0 || (row.second != nullptr && second < 0)) {
+        return;
+    }
+    const NSLayoutConstraint& source = *row.source;
+    LayoutConstraint constraint;
+    constraint.first = first;
+    constraint.firstAttribute = source.first().attribute;
+    constraint.relation = source.relation();
+    constraint.second = second;
+    constraint.secondAttribute = source.second().attribute;
+    constraint.multiplier = source.multiplier();
+    constraint.name = nameOf(source, *row.first, row.second);
+    m_entries[static_cast<std::size_t>(first)].usesBaseline |= isBaseline(constraint.firstAttribute);
+    if (second >= 0) {
+        m_entries[static_cast<std::size_t>(second)].usesBaseline |= isBaseline(constraint.secondAttribute);
+    }
+    m_rows.push_back(row);
+    m_constraints.push_back(std::move(constraint));
+}
+
+void ViewSystem::add(int first, LayoutAttribute attribute, int second, double priority) {
+    LayoutConstraint constraint;
+    constraint.first = first;
+    constraint.firstAttribute = attribute;
+    constraint.second = second;
+    constraint.secondAttribute = second < 0 ? LayoutAttribute::notAnAttribute : attribute;
+    constraint.priority = priority;
+    constraint.name = m_items[static_cast<std::size_t>(first)].name;
+    m_constraints.push_back(std::move(constraint));
+}
+
+void ViewSystem::addFittingConstraints() {
+    add(0, LayoutAttribute::left, -1);
+    add(0, LayoutAttribute::top, -1);
+    add(0, LayoutAttribute::width, -1);
+    add(0, LayoutAttribute::height, -1, UILayoutPriorityFittingSizeLevel);
+    for (std::size_t index = 1; index < m_entries.size(); ++index) {
+        if (m_entries[index].view->translatesAutoresizingMaskIntoConstraints()) {
+            addAutoresizingConstraints(static_cast<int>(index));
+        }
+    }
+}
+
+/// While the root's height is open, a view that is placed by its mask keeps its distances instead of its frame.
+void ViewSystem::addAutoresizingConstraints(int index) {
+    const std::size_t position = static_cast<std::size_t>(index);
+    const unsigned mask = m_entries[position].view->autoresizingMask();
+    const int parent = m_items[position].parent;
+    const bool growsSideways = (mask & UIViewAutoresizingFlexibleWidth) != 0;
+    const bool growsDown = (mask & UIViewAutoresizingFlexibleHeight) != 0;
+    add(index, LayoutAttribute::left, parent);
+    add(index, LayoutAttribute::top, parent);
+    add(index, growsSideways ? LayoutAttribute::right : LayoutAttribute::width, growsSideways ? parent : -1);
+    add(index, growsDown ? LayoutAttribute::bottom : LayoutAttribute::height, growsDown ? parent : -1);
+}

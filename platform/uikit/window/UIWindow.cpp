@@ -1,0 +1,155 @@
+#include "platform/uikit/window/UIWindow.h"
+
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/view/LayoutPass.h"
+#include "platform/uikit/window/UIEvent.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t mostChanges = 64;
+
+bool covers(const CGRect& outer, const CGRect& inner) {
+    return outer.minX() <= inner.minX() && outer.minY() <= inner.minY() && outer.maxX() >= inner.maxX() &&
+           outer.maxY() >= inner.maxY();
+}
+
+} // namespace
+
+UIWindow::UIWindow(const CGRect& frame) : UIView(frame) {
+    UIWindow::invalidate(bounds());
+}
+
+/// Views that outlive the window learn that they are in none.
+UIWindow::~UIWindow() {
+    while (!subviews().empty()) {
+        const std::shared_ptr<UIView> last = subviews().back();
+        last->removeFromSuperview();
+    }
+}
+
+void UIWindow::setRootViewController(const std::shared_ptr<UIViewController>& controller) {
+    if (m_root == controller) {
+        return;
+    }
+    const std::shared_ptr<UIViewController> before = m_root;
+    m_root = controller;
+    if (before && before->isViewLoaded()) {
+        before->view()->removeFromSuperview();
+    }
+    if (controller) {
+        const std::shared_ptr<UIView> view = controller->view();
+        view->setFrame(bounds());
+        view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+        addSubview(view);
+    }
+}
+
+// Touches.
+
+void UIWindow::sendEvent(UIEvent& event) {
+    const std::shared_ptr<UIView> self = strong<UIView>(this); // a handler may drop the window
+    const TouchSet touches = event.allTouches();
+    beginTouches(touches, event);
+    deliver(touches, UITouchPhase::moved, event);
+    deliver(touches, UITouchPhase::ended, event);
+    deliver(touches, UITouchPhase::cancelled, event);
+}
+
+/// A view takes one finger at a time; further ones are lost on it.
+void UIWindow::beginTouches(const TouchSet& touches, UIEvent& event) {
+    for (const std::shared_ptr<UITouch>& touch : touches) {
+        if (touch->phase() != UITouchPhase::began) {
+            continue;
+        }
+        const std::shared_ptr<UIView> view = hitTestWithEvent(touch->locationInView(nullptr), &event);
+        const bool isBusy = std::any_of(m_activeTouches.begin(), m_activeTouches.end(), [&](const ActiveTouch& active) {
+            return active.view == view || active.touch == touch;
+        });
+        if (view && !isBusy) {
+            touch->setView(view);
+            m_activeTouches.push_back({touch, view});
+            view->touchesBeganWithEvent({touch}, &event);
+        }
+    }
+}
+
+void UIWindow::deliver(const TouchSet& touches, UITouchPhase phase, UIEvent& event) {
+    for (const std::shared_ptr<UITouch>& touch : touches) {
+        const auto position = std::find_if(m_activeTouches.begin(), m_activeTouches.end(),
+                                           [&](const ActiveTouch& active) { return active.touch == touch; });
+        if (touch->phase() != phase || position == m_activeTouches.end()) {
+            continue;
+        }
+        const std::shared_ptr<UIView> view = position->view; // kept while it is told
+        if (phase == UITouchPhase::moved) {
+            view->touchesMovedWithEvent({touch}, &event);
+            continue;
+        }
+        m_activeTouches.erase(position);
+        phase == UITouchPhase::ended ? view->touchesEndedWithEvent({touch}, &event)
+                                     : view->touchesCancelledWithEvent({touch}, &event);
+    }
+}
+
+// Surroundings.
+
+void UIWindow::setWindowSafeAreaInsets(const UIEdgeInsets& insets) {
+    if (m_safeArea != insets) {
+        m_safeArea = insets;
+        setNeedsUpdateConstraints();
+    }
+}
+
+void UIWindow::setUserInterfaceStyle(UIUserInterfaceStyle style) {
+    if (m_style != style) {
+        m_style = style;
+        setNeedsDisplay();
+    }
+}
+
+bool UIWindow::needsLayout() const {
+    return LayoutPass::isDue(*this);
+}
+
+// Changes to the picture.
+
+std::vector<WindowChange> UIWindow::takeChanges() {
+    return std::exchange(m_changes, {});
+}
+
+void UIWindow::contentMoved(const UIView& scrolled, CGFloat distance) {
+    const std::shared_ptr<const UIView> view = std::static_pointer_cast<const UIView>(scrolled.shared_from_this());
+    if (!m_changes.empty() && m_changes.back().isMove() && m_changes.back().scrolled.lock() == view) {
+        m_changes.back().distance += distance;
+        return;
+    }
+    note({.area = {}, .scrolled = view, .distance = distance, .move = scrollMoveFor(scrolled)});
+}
+
+/// A window that nobody draws forgets the details.
+void UIWindow::note(const WindowChange& change) {
+    if (m_changes.size() < mostChanges) {
+        m_changes.push_back(change);
+    } else {
+        m_changes = {{.area = bounds(), .scrolled = {}, .distance = 0, .move = {}}};
+    }
+}
+
+/// Joins what has been invalidated since the last move; what came before it stays apart, for the move carries it along.
+void UIWindow::invalidate(const CGRect& rect) {
+    const CGRect visible = rect.intersection(bounds());
+    const auto first = std::find_if(m_changes.rbegin(), m_changes.rend(), [](const WindowChange& change) {
+                           return change.isMove();
+                       }).base();
+    if (visible.isEmpty() ||
+        std::any_of(first, m_changes.end(), [&](const WindowChange& known) { return covers(known.area, visible); })) {
+        return;
+    }
+    m_changes.erase(
+        std::remove_if(first, m_changes.end(), [&](const WindowChange& known) { return covers(visible, known.area); }),
+        m_changes.end());
+    note({.area = visible, .scrolled = {}, .distance = 0, .move = {}});
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/graphics/UIUserInterfaceStyle.h"
+#include "platform/uikit/view/UIView.h"
+#include "platform/uikit/window/UITouch.h"
+#include "platform/uikit/window/WindowChange.h"
+
+class UIEvent;
+
+/// The root of a view tree: receives touches, runs layout passes and collects what must be painted again. Made and
+/// owned by the host.
+class UIWindow : public UIView {
+public:
+    explicit UIWindow(const CGRect& frame);
+    ~UIWindow() override;
+
+    [[nodiscard]] std::shared_ptr<UIViewController> rootViewController() const { return m_root; }
+    /// Adds the controller's view, filling the window.
+    void setRootViewController(const std::shared_ptr<UIViewController>& controller);
+    /// Delivers touches: a beginning touch goes to the view it hits, the later ones to that same view. The view that
+    /// a touch is sent to is kept alive until the touch has ended.
+    void sendEvent(UIEvent& event);
+
+    /// What the device's bars and corners cover along the window's edges; set by the host.
+    [[nodiscard]] const UIEdgeInsets& windowSafeAreaInsets() const { return m_safeArea; }
+    void setWindowSafeAreaInsets(const UIEdgeInsets& insets);
+    [[nodiscard]] UIUserInterfaceStyle userInterfaceStyle() const { return m_style; }
+    void setUserInterfaceStyle(UIUserInterfaceStyle style);
+
+    /// True when something was marked for layout since the last pass.
+    [[nodiscard]] bool needsLayout() const;
+    /// What happened to the picture since the last call, in order.
+    [[nodiscard]] std::vector<WindowChange> takeChanges();
+    /// The content of a scroll view in this window went down by `distance` points.
+    void contentMoved(const UIView& scrolled, CGFloat distance);
+
+protected:
+    void invalidate(const CGRect& rect) override;
+
+private:
+    struct ActiveTouch {
+        std::shared_ptr<UITouch> touch;
+        std::shared_ptr<UIView> view;
+    };
+    void beginTouches(const TouchSet& touches, UIEvent& event);
+    void deliver(const TouchSet& touches, UITouchPhase phase, UIEvent& event);
+    void note(const WindowChange& change);
+
+    std::vector<ActiveTouch> m_activeTouches;
+    std::shared_ptr<UIViewController> m_root;
+    UIEdgeInsets m_safeArea;
+    UIUserInterfaceStyle m_style = UIUserInterfaceStyle::light;
+    std::vector<WindowChange> m_changes;
+};

@@ -18,7 +18,7 @@ public:
         if (decodeRoot(sections)) {
             return sections;
         }
-        return Failure{m_failure};
+        return m_failure;
     }
 
 private:
@@ -128,16 +128,14 @@ private:
             place = "section " + std::to_string(m_section);
             place += m_item > 0 ? ", item " + std::to_string(m_item) + ": " : ": ";
         }
-        const JSONDocument::Position position = m_document.positionOf(where);
-        m_failure = place + what + " (line " + std::to_string(position.line) + ", column " +
-                    std::to_string(position.column) + ")";
+        m_failure = {place + what, m_document.placeOf(where)};
         return false;
     }
 
     const JSONDocument& m_document;
     std::size_t m_section = 0;
     std::size_t m_item = 0;
-    std::string m_failure;
+    Failure m_failure;
 };
 
 } // namespace
@@ -145,7 +143,7 @@ private:
 Result<std::vector<ModeSectionDTO>> decodeModeList(std::string text) {
     const Result<JSONDocument> document = JSONDocument::parse(std::move(text));
     if (!document) {
-        return Failure{document.error()};
+        return document.failure();
     }
     return ModeListDecoder(document.value()).decode();
 }

@@ -14,11 +14,11 @@ namespace {
 Result<std::vector<ModeSectionDTO>> readModeList(const std::filesystem::path& path) {
     Result<std::string> text = readWholeFile(path);
     if (!text) {
-        return Failure{text.error()};
+        return text.failure();
     }
     Result<std::vector<ModeSectionDTO>> sections = decodeModeList(std::move(text).value());
     if (!sections) {
-        return Failure{path.filename().string() + ": " + sections.error()};
+        return Failure{path.filename().string() + ": " + sections.failure().describe()};
     }
     return sections;
 }
@@ -49,7 +49,7 @@ std::optional<std::vector<ModeSection>> loadModeSections(const std::string& file
     }
     Result<std::vector<ModeSectionDTO>> decoded = readModeList(*url);
     if (!decoded) {
-        print("❌ JSON Decode Error: " + decoded.error());
+        print("❌ JSON Decode Error: " + decoded.failure().what);
         return std::nullopt;
     }
     std::vector<ModeSection> sections;

@@ -1,5 +1,7 @@
 #include "platform/foundation/JSONDocument.h"
 
+#include "platform/foundation/TextPlaces.h"
+
 #include <boost/json/basic_parser_impl.hpp>
 
 #include <algorithm>
@@ -15,19 +17,6 @@ namespace {
 constexpr std::size_t greatestDepth = 512;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-JSONDocument::Position positionAt(std::string_view text, std::size_t offset) {
-    JSONDocument::Position position;
-    for (const char character : text.substr(0, offset)) {
-        if (character == '\n') {
-            ++position.line;
-            position.column = 1;
-        } else if ((static_cast<unsigned char>(character) & 0xC0) != 0x80) { // the first byte of a character
-            ++position.column;
-        }
-    }
-    return position;
-}
-
 /// The document's text, without a byte order mark.
 std::string_view bodyOf(const std::string& text) {
     std::string_view body = text;
@@ -35,11 +24,6 @@ std::string_view bodyOf(const std::string& text) {
         body.remove_prefix(byteOrderMark.size());
     }
     return body;
-}
-
-Failure failureAt(std::string_view body, std::size_t offset, const std::string& what) {
-    const JSONDocument::Position position = positionAt(body, offset);
-    return {"line " + std::to_string(position.line) + ", column " + std::to_string(position.column) + ": " + what};
 }
 
 } // namespace
@@ -149,7 +133,7 @@ Result<JSONDocument> JSONDocument::parse(std::string text) {
         error = json::make_error_code(json::error::extra_data);
     }
     if (error) {
-        return failureAt(body, read, error.message());
+        return Failure{error.message(), TextPlaces(body).at(read)};
     }
     return document;
 }
@@ -159,7 +143,7 @@ bool JSONDocument::isInText(const char* pointer) const {
     return notAfter(m_text->data(), pointer) && notAfter(pointer, m_text->data() + m_text->size());
 }
 
-JSONDocument::Position JSONDocument::positionOf(JSONValue value) const {
+TextPlace JSONDocument::placeOf(JSONValue value) const {
     const std::string_view body = bodyOf(*m_text);
     const JSONNode* node = value.m_node;
     while (node != m_nodes.data() && !(node->kind == JSONKind::string && isInText(node->text))) {
@@ -168,5 +152,5 @@ JSONDocument::Position JSONDocument::positionOf(JSONValue value) const {
     if (node->kind != JSONKind::string || !isInText(node->text)) {
         return {};
     }
-    return positionAt(body, static_cast<std::size_t>(node->text - body.data()) - 1); // at the quotation mark
+    return TextPlaces(body).at(static_cast<std::size_t>(node->text - body.data()) - 1); // at the quotation mark
 }

@@ -13,17 +13,13 @@
 /// levels deep. Owns all that its values refer to; may be moved, not copied. Any thread.
 class JSONDocument {
 public:
-    /// The error is one line, such as "line 3, column 14: syntax error"; columns count characters.
+    /// The failure has the place at which reading stopped.
     [[nodiscard]] static Result<JSONDocument> parse(std::string text);
 
     [[nodiscard]] JSONValue root() const { return JSONValue(m_nodes.data()); }
 
     /// Where a value stands: the key or text nearest before it (itself, if it is a text). Counted from 1.
-    struct Position {
-        std::size_t line = 1;
-        std::size_t column = 1;
-    };
-    [[nodiscard]] Position positionOf(JSONValue value) const;
+    [[nodiscard]] TextPlace placeOf(JSONValue value) const;
 
 private:
     class Builder;

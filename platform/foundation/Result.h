@@ -1,15 +1,10 @@
 #pragma once
 
 #include "platform/foundation/FatalError.h"
+#include "platform/foundation/Finding.h"
 
-#include <string>
 #include <utility>
 #include <variant>
-
-/// Why something could not be done, in one line for people.
-struct Failure {
-    std::string message;
-};
 
 /// The outcome of work on input that may be bad: a value, or one line that says what is wrong with the input.
 ///     return Failure{"no such file"};
@@ -23,8 +18,8 @@ public:
     [[nodiscard]] const T& value() const& { return *valueOf(this); }
     [[nodiscard]] T& value() & { return *valueOf(this); }
     [[nodiscard]] T&& value() && { return std::move(*valueOf(this)); }
-    /// Taking the error of a success, or the value of a failure, stops the program.
-    [[nodiscard]] const std::string& error() const { return require(std::get_if<1>(&m_outcome))->message; }
+    /// Taking the failure of a success, or the value of a failure, stops the program.
+    [[nodiscard]] const Failure& failure() const { return *require(std::get_if<1>(&m_outcome)); }
 
 private:
     template <class Self>

@@ -12,7 +12,7 @@ std::shared_ptr<UIColor> AssetCatalogReader::colorNamed(std::string_view name) {
         return known->second;
     }
     const std::filesystem::path folder = find(name, ".colorset");
-    std::vector<InterfaceFinding> unheard;
+    Findings unheard;
     auto color = folder.empty() ? nullptr : readColorSet(folder, unheard);
     return m_colors.emplace(name, std::move(color)).first->second;
 }
@@ -23,7 +23,7 @@ std::shared_ptr<UIImage> AssetCatalogReader::imageNamed(std::string_view name) {
         return known->second;
     }
     const std::filesystem::path folder = find(name, ".imageset");
-    std::vector<InterfaceFinding> unheard;
+    Findings unheard;
     auto image = folder.empty() ? nullptr : readImageSet(folder, std::string(name), unheard);
     return m_images.emplace(name, std::move(image)).first->second;
 }

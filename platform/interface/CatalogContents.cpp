@@ -2,31 +2,27 @@
 
 #include "platform/foundation/FileReading.h"
 
-using Severity = InterfaceFinding::Severity;
-
-std::optional<CatalogContents> CatalogContents::read(const std::filesystem::path& folder,
-                                                     std::vector<InterfaceFinding>& findings) {
+std::optional<CatalogContents> CatalogContents::read(const std::filesystem::path& folder, Findings& findings) {
     const std::string path = (folder / "Contents.json").string();
     Result<std::string> text = readWholeFile(path);
     if (!text) {
-        findings.push_back({path, 0, 0, Severity::warning, text.error()});
+        findings.push_back(text.failure().in(path, Severity::warning));
         return std::nullopt;
     }
     Result<JSONDocument> document = JSONDocument::parse(std::move(text).value());
     if (!document) {
-        findings.push_back({path, 0, 0, Severity::warning, document.error()});
+        findings.push_back(document.failure().in(path, Severity::warning));
         return std::nullopt;
     }
     if (!document.value().root().is(JSONKind::object)) {
-        findings.push_back({path, 1, 1, Severity::warning, "an object is expected"});
+        findings.push_back({Severity::warning, path, TextPlace{}, "an object is expected"});
         return std::nullopt;
     }
     return CatalogContents(path, std::move(document).value());
 }
 
-InterfaceFinding CatalogContents::finding(JSONValue at, const std::string& message) const {
-    const JSONDocument::Position place = m_document.positionOf(at);
-    return {m_path, static_cast<int>(place.line), static_cast<int>(place.column), Severity::warning, message};
+Finding CatalogContents::finding(JSONValue at, const std::string& message) const {
+    return {Severity::warning, m_path, m_document.placeOf(at), message};
 }
 
 std::string_view textAt(JSONValue value, std::string_view key) {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
 #include "platform/foundation/JSONDocument.h"
-#include "platform/interface/InterfaceFinding.h"
 
 #include <filesystem>
 #include <optional>
@@ -14,11 +14,10 @@
 class CatalogContents {
 public:
     /// Nothing, with a finding, when the file is missing or no JSON object.
-    [[nodiscard]] static std::optional<CatalogContents> read(const std::filesystem::path& folder,
-                                                             std::vector<InterfaceFinding>& findings);
+    [[nodiscard]] static std::optional<CatalogContents> read(const std::filesystem::path& folder, Findings& findings);
 
     [[nodiscard]] JSONValue root() const { return m_document.root(); }
-    [[nodiscard]] InterfaceFinding finding(JSONValue at, const std::string& message) const;
+    [[nodiscard]] Finding finding(JSONValue at, const std::string& message) const;
 
 private:
     CatalogContents(std::string path, JSONDocument document)

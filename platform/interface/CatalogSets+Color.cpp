@@ -22,8 +22,7 @@ std::optional<double> componentFrom(std::string_view text) {
 /// Reads one colour set; remembers that something was wrong.
 class ColorSetReader {
 public:
-    ColorSetReader(const CatalogContents& contents, std::vector<InterfaceFinding>& findings)
-        : m_contents(contents), m_findings(findings) {}
+    ColorSetReader(const CatalogContents& contents, Findings& findings) : m_contents(contents), m_findings(findings) {}
 
     std::shared_ptr<UIColor> read() {
         const auto colors = m_contents.root().find("colors");
@@ -104,7 +103,7 @@ private:
     }
 
     const CatalogContents& m_contents;
-    std::vector<InterfaceFinding>& m_findings;
+    Findings& m_findings;
     std::optional<RGBA> m_light;
     std::optional<RGBA> m_dark;
     bool m_sound = true;
@@ -112,7 +111,7 @@ private:
 
 } // namespace
 
-std::shared_ptr<UIColor> readColorSet(const std::filesystem::path& folder, std::vector<InterfaceFinding>& findings) {
+std::shared_ptr<UIColor> readColorSet(const std::filesystem::path& folder, Findings& findings) {
     const std::optional<CatalogContents> contents = CatalogContents::read(folder, findings);
     return contents ? ColorSetReader(*contents, findings).read() : nullptr;
 }

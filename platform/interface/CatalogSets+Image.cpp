@@ -87,7 +87,7 @@ UIImageRenderingMode renderingModeOf(JSONValue root) {
 } // namespace
 
 std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, const std::string& name,
-                                      std::vector<InterfaceFinding>& findings) {
+                                      Findings& findings) {
     const std::optional<CatalogContents> contents = CatalogContents::read(folder, findings);
     if (!contents) {
         return nullptr;
@@ -107,14 +107,14 @@ std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, const
     return std::make_shared<UIImage>(name, std::move(representations), renderingModeOf(contents->root()));
 }
 
-void checkImageFiles(const std::filesystem::path& folder, std::vector<InterfaceFinding>& findings) {
-    std::vector<InterfaceFinding> told; // by readImageSet
+void checkImageFiles(const std::filesystem::path& folder, Findings& findings) {
+    Findings told; // by readImageSet
     const std::optional<CatalogContents> contents = CatalogContents::read(folder, told);
     const auto images = contents ? contents->root().find("images") : std::nullopt;
     if (!images) {
         return;
     }
-    std::optional<InterfaceFinding> first;
+    std::optional<Finding> first;
     std::size_t others = 0;
     for (const JSONValue entry : images->elements()) {
         const auto name = entry.find("filename"); // none in an empty slot
@@ -124,7 +124,7 @@ void checkImageFiles(const std::filesystem::path& folder, std::vector<InterfaceF
         }
     }
     if (first) {
-        first->message += others > 0 ? ", and " + std::to_string(others) + " more of this set" : "";
+        first->what += others > 0 ? ", and " + std::to_string(others) + " more of this set" : "";
         findings.push_back(*std::move(first));
     }
 }

@@ -133,7 +133,7 @@ std::string identifierOf(const InterfaceElement& element, const InterfaceDocumen
             identifier = *given;
         }
     }
-    return identifier.append(" (").append(document.fileName()).append(":") + std::to_string(element.line) + ")";
+    return identifier.append(" (").append(document.fileName()).append(":") + std::to_string(element.place.line) + ")";
 }
 
 } // namespace

@@ -13,8 +13,6 @@
 
 namespace {
 
-using Findings = std::vector<InterfaceFinding>;
-
 std::vector<std::filesystem::path> documentsOf(const NSBundle& bundle) {
     std::vector<std::filesystem::path> paths;
     std::error_code error;
@@ -88,7 +86,7 @@ void checkCatalog(const std::filesystem::path& catalog, Findings& findings) {
 
 } // namespace
 
-std::vector<InterfaceFinding> checkBundle(const NSBundle& bundle) {
+Findings checkBundle(const NSBundle& bundle) {
     Findings findings;
     for (const std::filesystem::path& path : documentsOf(bundle)) {
         checkDocument(path, findings);

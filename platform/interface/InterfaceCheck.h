@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
 #include "platform/foundation/NSBundle.h"
-#include "platform/interface/InterfaceFinding.h"
 
 #include <vector>
 
@@ -9,4 +9,4 @@
 /// controller) and reads every set of its asset catalogue. Errors of documents, and warnings of the images and colours
 /// that the catalogue lacks or that are broken there. Needs the classes to be registered and the bundle's catalogue to
 /// be the current one. Sorted by file, documents first.
-[[nodiscard]] std::vector<InterfaceFinding> checkBundle(const NSBundle& bundle);
+[[nodiscard]] Findings checkBundle(const NSBundle& bundle);

@@ -1,7 +1,7 @@
 #include "platform/interface/InterfaceDocument.h"
 
 #include "platform/foundation/FileReading.h"
-#include "platform/interface/LinePositions.h"
+#include "platform/foundation/TextPlaces.h"
 
 #include <pugixml.hpp>
 
@@ -9,13 +9,15 @@
 
 namespace {
 
-LoadedDocument refuse(const std::string& path, LinePosition place, const std::string& message) {
-    return {nullptr, {path, place.line, place.column, InterfaceFinding::Severity::error, message}};
+LoadedDocument refuse(const std::string& path, std::optional<TextPlace> place, const std::string& message) {
+    return {nullptr, {Severity::error, path, place, message}};
 }
 
 /// Where a node's markup opens. The parser gives the place of its name.
-LinePosition placeOf(const pugi::xml_node& node, const LinePositions& lines) {
-    return lines.ofBracketBefore(static_cast<std::size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0)));
+TextPlace placeOf(const pugi::xml_node& node, const std::string& text, const TextPlaces& places) {
+    const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
+    const std::size_t bracket = text.rfind('<', offset);
+    return places.at(bracket == std::string::npos ? offset : bracket);
 }
 
 /// The first element that is nested too deeply; walks without recursion, so that depth cannot exhaust the stack.
@@ -40,18 +42,16 @@ pugi::xml_node tooDeep(const pugi::xml_node& root) {
     return {};
 }
 
-InterfaceElement convert(const pugi::xml_node& node, const LinePositions& lines) {
-    const LinePosition place = placeOf(node, lines);
+InterfaceElement convert(const pugi::xml_node& node, const std::string& text, const TextPlaces& places) {
     InterfaceElement element;
+    element.place = placeOf(node, text, places);
     element.name = node.name();
-    element.line = place.line;
-    element.column = place.column;
     for (const pugi::xml_attribute& attribute : node.attributes()) {
         element.attributes.emplace_back(attribute.name(), attribute.value());
     }
     for (const pugi::xml_node& child : node.children()) {
         if (child.type() == pugi::node_element) {
-            element.children.push_back(convert(child, lines));
+            element.children.push_back(convert(child, text, places));
         } else if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) {
             element.text += child.value();
         }
@@ -105,34 +105,34 @@ LoadedDocument InterfaceDocument::load(const std::filesystem::path& path) {
         return refuse(path.string(), {}, "the file is larger than 8 MB");
     }
     const Result<std::string> text = readWholeFile(path);
-    return text ? parse(path.string(), text.value()) : refuse(path.string(), {}, text.error());
+    return text ? parse(path.string(), text.value()) : refuse(path.string(), {}, text.failure().what);
 }
 
 LoadedDocument InterfaceDocument::parse(std::string path, const std::string& text) {
     if (text.size() > largestSize) {
         return refuse(path, {}, "the file is larger than 8 MB");
     }
-    const LinePositions lines(text);
+    const TextPlaces places(text);
     pugi::xml_document document;
     const pugi::xml_parse_result parsed =
         document.load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_doctype, pugi::encoding_utf8);
     if (!parsed) {
         const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(parsed.offset, 0));
-        return refuse(path, lines.at(offset), "malformed XML: " + std::string(parsed.description()));
+        return refuse(path, places.at(offset), "malformed XML: " + std::string(parsed.description()));
     }
     if (const pugi::xml_node doctype = doctypeOf(document)) {
-        return refuse(path, placeOf(doctype, lines), "a document type (DOCTYPE) is not accepted");
+        return refuse(path, placeOf(doctype, text, places), "a document type (DOCTYPE) is not accepted");
     }
     if (const pugi::xml_node deep = tooDeep(document)) {
-        return refuse(path, placeOf(deep, lines),
+        return refuse(path, placeOf(deep, text, places),
                       "elements are nested more than " + std::to_string(greatestDepth) + " deep");
     }
     if (const pugi::xml_node second = secondRoot(document)) {
-        return refuse(path, placeOf(second, lines), "malformed XML: a second outermost element");
+        return refuse(path, placeOf(second, text, places), "malformed XML: a second outermost element");
     }
-    InterfaceElement root = convert(document.document_element(), lines);
+    InterfaceElement root = convert(document.document_element(), text, places);
     if (const std::string reason = reasonToRefuse(root); !reason.empty()) {
-        return refuse(path, {root.line, root.column}, reason);
+        return refuse(path, root.place, reason);
     }
     return {std::make_shared<const InterfaceDocument>(std::move(path), std::move(root)), {}};
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
 #include "platform/interface/InterfaceElement.h"
-#include "platform/interface/InterfaceFinding.h"
 
 #include <filesystem>
 #include <memory>
@@ -20,7 +20,7 @@ class InterfaceDocument;
 /// What came of reading a file: a document, or what is wrong with the file as a whole.
 struct LoadedDocument {
     std::shared_ptr<const InterfaceDocument> document; // null when there is a problem
-    InterfaceFinding problem;
+    Finding problem;
 };
 
 /// A parsed interface document: its elements, each with its place in the file. Immutable; objects are made from it

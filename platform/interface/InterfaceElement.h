@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
+
 #include <string>
 #include <string_view>
 #include <utility>
@@ -9,8 +11,7 @@
 /// whole tree; never changes afterwards.
 struct InterfaceElement {
     std::string name;
-    int line = 0;                                                // counted from 1
-    int column = 0;                                              // of the opening bracket, in bytes, counted from 1
+    TextPlace place;                                             // of the opening bracket
     std::vector<std::pair<std::string, std::string>> attributes; // in file order
     std::vector<InterfaceElement> children;
     std::string text; // character data directly inside

@@ -39,7 +39,7 @@ std::shared_ptr<UIView> InterfaceInstance::makeView(const InterfaceElement& elem
 }
 
 void InterfaceInstance::keep(const InterfaceElement& element, const std::shared_ptr<NSObject>& object) {
-    setSourceLocation(*object, m_document.sharedPath(), element.line, element.column);
+    setSourceLocation(*object, m_document.sharedPath(), element.place);
     m_objects.put(element, {object, LayoutGuide::view}, m_report);
     m_made.push_back({&element, object, false});
 }

@@ -2,24 +2,22 @@
 
 #include <algorithm>
 
-using Severity = InterfaceFinding::Severity;
-
 void InterfaceReport::error(const InterfaceElement& element, const std::string& message) {
-    add({m_path, element.line, element.column, Severity::error, element.describe() + ": " + message});
+    add({Severity::error, m_path, element.place, element.describe() + ": " + message});
 }
 
 void InterfaceReport::warning(const InterfaceElement& element, const std::string& message) {
-    add({m_path, element.line, element.column, Severity::warning, element.describe() + ": " + message});
+    add({Severity::warning, m_path, element.place, element.describe() + ": " + message});
 }
 
 bool InterfaceReport::hasErrors() const {
     return std::any_of(m_findings.begin(), m_findings.end(),
-                       [](const InterfaceFinding& finding) { return finding.severity == Severity::error; });
+                       [](const Finding& finding) { return finding.severity == Severity::error; });
 }
 
 std::string InterfaceReport::errorText() const {
     std::string text;
-    for (const InterfaceFinding& finding : m_findings) {
+    for (const Finding& finding : m_findings) {
         if (finding.severity == Severity::error) {
             text.append(text.empty() ? "" : "\n").append(finding.describe());
         }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
 #include "platform/interface/InterfaceElement.h"
-#include "platform/interface/InterfaceFinding.h"
 
 #include <string>
 #include <vector>
@@ -15,14 +15,14 @@ public:
     /// The message is told after the element: `<label id="abc">: MESSAGE`.
     void error(const InterfaceElement& element, const std::string& message);
     void warning(const InterfaceElement& element, const std::string& message);
-    void add(InterfaceFinding finding) { m_findings.push_back(std::move(finding)); }
+    void add(Finding finding) { m_findings.push_back(std::move(finding)); }
 
     [[nodiscard]] bool hasErrors() const;
-    [[nodiscard]] const std::vector<InterfaceFinding>& findings() const { return m_findings; }
+    [[nodiscard]] const Findings& findings() const { return m_findings; }
     /// All errors, one a line, without a line break at the end.
     [[nodiscard]] std::string errorText() const;
 
 private:
     std::string m_path;
-    std::vector<InterfaceFinding> m_findings;
+    Findings m_findings;
 };

@@ -26,7 +26,7 @@ std::optional<Finding> problemOfMainStoryboard(const NSBundle& bundle) {
     if (!id.empty() && loaded.document->sceneWith("id", id) != nullptr) {
         return std::nullopt;
     }
-    return Finding{path->string(), 0, 0, Severity::error, "the storyboard has no initial controller"};
+    return Finding{Severity::error, path->string(), std::nullopt, "the storyboard has no initial controller"};
 }
 
 } // namespace
@@ -40,7 +40,7 @@ BundleFindings checkBundleData() {
     findings.canLaunch = !hasErrors(findings.all);
     for (const CurrentOption option : contentLoadOrder()) {
         if (const auto file = bundle.URLForResource(rawValue(option), "json")) { // a missing one the extension tells
-            const std::vector<Finding> inFile = checkContent(*file);
+            const Findings inFile = checkContent(*file);
             findings.all.insert(findings.all.end(), inFile.begin(), inFile.end());
         }
     }

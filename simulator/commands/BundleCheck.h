@@ -1,12 +1,12 @@
 #pragma once
 
-#include "simulator/findings/Finding.h"
+#include "platform/foundation/Finding.h"
 
 #include <vector>
 
 /// What is wrong with the data of the main bundle.
 struct BundleFindings {
-    std::vector<Finding> all;
+    Findings all;
     bool canLaunch = true; // false: an interface document would stop the extension
 };
 

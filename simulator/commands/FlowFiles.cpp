@@ -43,7 +43,7 @@ std::optional<std::vector<Flow>> readFlows(const std::vector<std::string>& files
         FlowProblems problems(file);
         if (std::optional<Flow> flow = readFlowFile(file, problems)) {
             if (const Result<Device> device = deviceNamed(flow->device.empty() ? "15" : flow->device); !device) {
-                problems.add(0, 0, device.error());
+                problems.add(std::nullopt, device.failure().what);
             }
             flows.push_back(*std::move(flow));
         }

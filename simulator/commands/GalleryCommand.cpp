@@ -16,7 +16,7 @@ namespace {
 constexpr const char* sheetName = "gallery.png";
 
 ExitStatus complain(const Failure& failure) {
-    std::cerr << "parlor: " << failure.message << '\n';
+    std::cerr << "parlor: " << failure.what << '\n';
     return exitUsage;
 }
 
@@ -67,7 +67,7 @@ ExitStatus visit(const Stage& stage, GalleryFolder& folder, std::vector<ContactS
         return complain(*writing);
     }
     if (!result.failures.empty()) { // the others follow from it
-        std::cerr << "parlor: " << result.failures.front().message << '\n';
+        std::cerr << "parlor: " << result.failures.front().what << '\n';
         return exitFailed;
     }
     rows.push_back(std::move(light));

@@ -26,7 +26,10 @@ json::object styleRequestJson(const ConversationHost::StyleRequest& request) {
 }
 
 json::object failureJson(const Finding& failure) {
-    return {{"file", failure.path}, {"line", failure.line}, {"column", failure.column}, {"message", failure.message}};
+    return {{"file", failure.path},
+            {"line", failure.place ? failure.place->line : 0},
+            {"column", failure.place ? failure.place->column : 0},
+            {"message", failure.what}};
 }
 
 template <class T>

@@ -23,7 +23,7 @@ void ScreenScript::add(const std::string& commands) {
 }
 
 void ScreenScript::addStep(std::string name, std::function<Outcome(FlowPlayer&)> run) {
-    m_flow.steps.push_back({0, 0, std::move(name), std::move(run)});
+    m_flow.steps.push_back({TextPlace(), std::move(name), std::move(run)});
 }
 
 void ScreenScript::choose(const std::string& group) {

@@ -59,7 +59,7 @@ ExitStatus deliver(const Bitmap& picture, const std::string& file, ExitStatus st
         return std::cout.flush() ? status : exitUsage;
     }
     if (const std::optional<Failure> failure = savePicture(picture, file)) {
-        std::cerr << "parlor: " << failure->message << '\n';
+        std::cerr << "parlor: " << failure->what << '\n';
         return exitUsage;
     }
     std::cerr << "parlor: picture " << file << '\n';
@@ -80,7 +80,7 @@ ExitStatus takeShot(const RunOptions& options, const ShotOptions& shot) {
     }
     std::optional<Bitmap> picture;
     const ScreenScript script = scriptOf(options, shot, picture);
-    std::vector<Finding> failures;
+    Findings failures;
     {
         std::optional<OutputAside> aside;
         if (shot.file == "-") {
@@ -89,7 +89,7 @@ ExitStatus takeShot(const RunOptions& options, const ShotOptions& shot) {
         failures = FlowPlayer(script.flow(), setStage(*stage, script.flow()), {}).play().failures;
     }
     for (const Finding& failure : failures) {
-        std::cerr << "parlor: " << failure.message << '\n';
+        std::cerr << "parlor: " << failure.what << '\n';
     }
     return deliver(*picture, shot.file, failures.empty() ? status : exitFailed);
 }

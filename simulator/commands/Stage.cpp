@@ -42,7 +42,7 @@ std::optional<Stage> prepareStage(const RunOptions& options, ExitStatus& status)
     const bool deviceIsAsked = !options.device.empty();
     const Result<Device> device = deviceNamed(deviceIsAsked ? options.device : "15");
     if (!device) {
-        return refuse(device.error(), status);
+        return refuse(device.failure().what, status);
     }
     Stage stage{options.bundle.empty() ? besideProgram("TruthsAndDares.appex") : options.bundle,
                 device.value(),
@@ -54,7 +54,7 @@ std::optional<Stage> prepareStage(const RunOptions& options, ExitStatus& status)
     }
     if (options.content) {
         if (const Result<std::string> text = readWholeFile(*options.content); !text) {
-            return refuse(text.error(), status);
+            return refuse(text.failure().what, status);
         }
         stage.overrides.push_back({groupFor(*options.content) + ".json", options.content});
     }

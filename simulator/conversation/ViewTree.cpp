@@ -61,7 +61,7 @@ void append(std::string& tree, const UIView& view, TreeDetail detail, std::size_
     tree += std::string(depth * 2, ' ') + lineOf(view);
     const std::optional<SourceLocation> source = sourceLocationOf(view);
     if (source && detail == TreeDetail::withSources) {
-        tree += "  <- " + source->file + ":" + std::to_string(source->line);
+        tree += "  <- " + source->file + ":" + std::to_string(source->place.line);
     }
     tree += '\n';
     for (const std::shared_ptr<UIView>& subview : view.subviews()) {

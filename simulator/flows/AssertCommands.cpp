@@ -130,7 +130,7 @@ FlowAction readAssertTree(const FlowValue& value) {
         }
         const Result<std::string> expected = readWholeFile(path);
         if (!expected) {
-            return Failure{expected.error()};
+            return Failure{expected.failure().what};
         }
         return tree == expected.value()
                    ? Outcome()

@@ -14,8 +14,7 @@ using Outcome = std::optional<Failure>;
 
 /// One command of a flow, ready to be played.
 struct FlowStep {
-    int line = 0;
-    int column = 0;
+    TextPlace place;
     std::string command;
     std::function<Outcome(FlowPlayer&)> run;
 };

@@ -51,7 +51,7 @@ void checkQuotes(std::string_view line, int number, FlowProblems& problems) {
         }
         const std::size_t end = afterClosingQuote(line, i);
         if (end == std::string_view::npos) {
-            problems.add(number, static_cast<int>(i) + 1, "this quote is not closed on its line");
+            problems.add(TextPlace{number, static_cast<int>(i) + 1}, "this quote is not closed on its line");
             return;
         }
         i = end;
@@ -65,7 +65,7 @@ void checkLines(const std::string& text, FlowProblems& problems) {
         const std::size_t content = line.find_first_not_of(" \t\r");
         const std::size_t tab = line.find('\t');
         if (content != std::string::npos && tab < content) {
-            problems.add(number, static_cast<int>(tab) + 1, "tab used for indentation; use spaces");
+            problems.add(TextPlace{number, static_cast<int>(tab) + 1}, "tab used for indentation; use spaces");
         } else {
             checkQuotes(line, number, problems);
         }
@@ -80,8 +80,7 @@ public:
 
     FlowNode convert(const YAML::Node& node) {
         FlowNode result;
-        result.line = node.Mark().line + 1;
-        result.column = node.Mark().column + 1;
+        result.place = {node.Mark().line + 1, node.Mark().column + 1};
         if (node.IsScalar()) {
             result.kind = FlowNode::Kind::text;
             result.text = node.Scalar();
@@ -141,8 +140,7 @@ private:
                 m_problems.add(entry.key, "'" + entry.key.text + "' is written twice");
             }
             if (entry.value.kind == FlowNode::Kind::nothing) { // YAML places what is not there one line too low
-                entry.value.line = entry.key.line;
-                entry.value.column = entry.key.column;
+                entry.value.place = entry.key.place;
             }
             result.entries.push_back(std::move(entry));
         }
@@ -159,7 +157,7 @@ std::vector<FlowNode> readFlowDocuments(const std::string& text, FlowProblems& p
     constexpr std::size_t largest = 1'000'000; // bytes; the YAML library takes a hundred times as much memory
     std::vector<FlowNode> documents;
     if (text.size() > largest) {
-        problems.add(0, 0, "the flow is larger than 1 MB");
+        problems.add(std::nullopt, "the flow is larger than 1 MB");
         return documents;
     }
     checkLines(text, problems);
@@ -170,7 +168,7 @@ std::vector<FlowNode> readFlowDocuments(const std::string& text, FlowProblems& p
                 documents.push_back(converter.convert(document));
             }
         } catch (const YAML::Exception& error) {
-            problems.add(error.mark.line + 1, error.mark.column + 1, "not readable as YAML: " + error.msg);
+            problems.add(TextPlace{error.mark.line + 1, error.mark.column + 1}, "not readable as YAML: " + error.msg);
         }
     }
     if (!problems.findings().empty()) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
+
 #include <string>
 #include <vector>
 
@@ -13,8 +15,7 @@ struct FlowNode {
     std::string text;
     std::vector<FlowNode> items;
     std::vector<FlowEntry> entries;
-    int line = 1; // both counted from 1
-    int column = 1;
+    TextPlace place;
 };
 
 struct FlowEntry {

@@ -46,8 +46,7 @@ void FlowPlayer::playStep(const FlowStep& flowStep) {
     m_host->settle();
     m_story.tell(*m_host);
     if (outcome) {
-        m_failures.push_back(
-            {m_flow.file, flowStep.line, flowStep.column, Severity::error, flowStep.command + ": " + outcome->message});
+        m_failures.push_back({Severity::error, m_flow.file, flowStep.place, flowStep.command + ": " + outcome->what});
         m_log.add("failure", m_failures.back().describe());
     }
 }

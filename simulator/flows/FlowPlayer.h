@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
 #include "simulator/conversation/ConversationHost.h"
 #include "simulator/conversation/Screen.h"
 #include "simulator/conversation/ScreenStory.h"
-#include "simulator/findings/Finding.h"
 #include "simulator/flows/Flow.h"
 #include "simulator/flows/FlowResult.h"
 #include "simulator/pictures/PictureSettings.h"
@@ -51,7 +51,7 @@ private:
     std::shared_ptr<ConversationHost> m_host;
     ScreenStory m_story;
     std::vector<std::string> m_debugLines;
-    std::vector<Finding> m_failures;
+    Findings m_failures;
     std::size_t m_linksAsked = 0;
     std::size_t m_debugLinesTaken = 0;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/findings/Finding.h"
+#include "platform/foundation/Finding.h"
 #include "simulator/flows/FlowNode.h"
 
 #include <string>
@@ -12,15 +12,15 @@ class FlowProblems {
 public:
     explicit FlowProblems(std::string file) : m_file(std::move(file)) {}
 
-    void add(int line, int column, std::string message) {
-        m_findings.push_back({m_file, line, column, Severity::error, std::move(message)});
+    void add(std::optional<TextPlace> place, std::string message) {
+        m_findings.push_back({Severity::error, m_file, place, std::move(message)});
     }
-    void add(const FlowNode& node, std::string message) { add(node.line, node.column, std::move(message)); }
+    void add(const FlowNode& node, std::string message) { add(node.place, std::move(message)); }
 
     [[nodiscard]] const std::string& file() const { return m_file; }
-    [[nodiscard]] const std::vector<Finding>& findings() const { return m_findings; }
+    [[nodiscard]] const Findings& findings() const { return m_findings; }
 
 private:
     std::string m_file;
-    std::vector<Finding> m_findings;
+    Findings m_findings;
 };

@@ -68,7 +68,7 @@ const FlowCommand* findCommand(const FlowNode& key, FlowProblems& problems) {
 
 void readStep(const FlowNode& key, const FlowNode& argument, Flow& flow, FlowProblems& problems) {
     if (const FlowCommand* command = findCommand(key, problems)) {
-        flow.steps.push_back({key.line, key.column, command->name, command->read(FlowValue(argument, problems))});
+        flow.steps.push_back({key.place, command->name, command->read(FlowValue(argument, problems))});
     }
 }
 
@@ -76,8 +76,7 @@ void readSteps(const FlowNode& list, Flow& flow, FlowProblems& problems) {
     for (const FlowNode& item : list.items) {
         if (item.kind == FlowNode::Kind::text) {
             FlowNode nothing;
-            nothing.line = item.line;
-            nothing.column = item.column;
+            nothing.place = item.place;
             readStep(item, nothing, flow, problems);
         } else if (item.kind != FlowNode::Kind::map || item.entries.empty()) {
             problems.add(item, "a command is expected here, such as '- launchApp' or '- tapOn: Friends'");
@@ -117,7 +116,7 @@ std::optional<Flow> readFlow(const std::string& text, FlowProblems& problems) {
 std::optional<Flow> readFlowFile(const std::string& path, FlowProblems& problems) {
     Result<std::string> text = readWholeFile(path);
     if (!text) {
-        problems.add(0, 0, text.error());
+        problems.add(std::nullopt, text.failure().what);
         return std::nullopt;
     }
     return readFlow(text.value(), problems);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
 #include "simulator/conversation/ConversationHost.h"
-#include "simulator/findings/Finding.h"
 
 #include <string>
 #include <vector>
@@ -15,5 +15,5 @@ struct FlowResult {
     std::vector<std::string> debugLines;
     std::vector<ConversationHost::OpenedLink> links;
     std::vector<ConversationHost::StyleRequest> styleRequests;
-    std::vector<Finding> failures; // empty: the flow passed
+    Findings failures; // empty: the flow passed
 };

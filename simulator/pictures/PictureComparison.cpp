@@ -108,5 +108,5 @@ std::optional<Failure> compareWithGolden(const Bitmap& actual, const Golden& gol
     const std::optional<Failure> failure = leavePictures(golden, *expected.bitmap, actual, difference->picture);
     return Failure{
         message + "\n      " +
-        (failure ? failure->message : "see " + (golden.output / golden.name).string() + ".{expected,actual,diff}.png")};
+        (failure ? failure->what : "see " + (golden.output / golden.name).string() + ".{expected,actual,diff}.png")};
 }

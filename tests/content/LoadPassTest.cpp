@@ -78,18 +78,19 @@ TEST_F(LoadPass, LeavesOutWhatIsMissingOrBadAndSaysSoInTheOrderOfReading) {
     folder.write("Dating.json", "{}");
     loadAllModeSections(receiver);
     loop.runUntilIdle();
-    EXPECT_EQ(support::takeStandardOutput(),
-              "❌ JSON file not found: Adult (18+)\n"
-              "❌ JSON file not found: Friends\n"
-              "❌ JSON file not found: Family\n"
-              "❌ JSON file not found: Spin The Bottle\n"
-              "❌ JSON file not found: Is It Cheating?\n"
-              "❌ JSON file not found: Pickup Lines\n"
-              "❌ JSON file not found: Put A Finger Down\n"
-              "❌ JSON file not found: Who’s Most Likely\n"
-              "❌ JSON Decode Error: Dating.json: the file must hold an array of sections, but holds an object (line 1, "
-              "column 1)\n"
-              "❌ JSON file not found: Ice Breaker\n");
+    EXPECT_EQ(
+        support::takeStandardOutput(),
+        "❌ JSON file not found: Adult (18+)\n"
+        "❌ JSON file not found: Friends\n"
+        "❌ JSON file not found: Family\n"
+        "❌ JSON file not found: Spin The Bottle\n"
+        "❌ JSON file not found: Is It Cheating?\n"
+        "❌ JSON file not found: Pickup Lines\n"
+        "❌ JSON file not found: Put A Finger Down\n"
+        "❌ JSON file not found: Who’s Most Likely\n"
+        "❌ JSON Decode Error: Dating.json: line 1, column 1: the file must hold an array of sections, but holds an "
+        "object\n"
+        "❌ JSON file not found: Ice Breaker\n");
     ASSERT_TRUE(story.map);
     EXPECT_EQ(story.map->size(), 1U);
     EXPECT_EQ(story.map->count("Couple"), 1U) << "an empty list is a list";

@@ -8,7 +8,7 @@ namespace {
 
 std::string errorOf(const std::string& text) {
     const Result<std::vector<ModeSectionDTO>> sections = decodeModeList(text);
-    return sections ? "no error" : sections.error();
+    return sections ? "no error" : sections.failure().describe();
 }
 
 /// A list of one section with one item of these members.
@@ -23,39 +23,39 @@ TEST(ModeListDecoder, SaysWhichKeyOfWhichItemFailsAndWhere) {
         std::string text;
         std::string error;
     } cases[] = {
-        {"{}", "the file must hold an array of sections, but holds an object (line 1, column 1)"},
-        {"\n 7", "the file must hold an array of sections, but holds a number (line 1, column 1)"},
-        {R"(["S"])", "section 1: must be an object, but is a text (line 1, column 2)"},
-        {R"([{"items": []}])", R"(section 1: "sectionTitle" is missing (line 1, column 3))"},
+        {"{}", "line 1, column 1: the file must hold an array of sections, but holds an object"},
+        {"\n 7", "line 1, column 1: the file must hold an array of sections, but holds a number"},
+        {R"(["S"])", "line 1, column 2: section 1: must be an object, but is a text"},
+        {R"([{"items": []}])", R"(line 1, column 3: section 1: "sectionTitle" is missing)"},
         {R"([{"sectionTitle": null, "items": []}])",
-         R"(section 1: "sectionTitle" must be a text, but is null (line 1, column 3))"},
+         R"(line 1, column 3: section 1: "sectionTitle" must be a text, but is null)"},
         {"[{\"sectionTitle\": \"S\", \"items\": []},\n\n {\"sectionTitle\": \"T\"}]",
-         R"(section 2: "items" is missing (line 3, column 19))"},
+         R"(line 3, column 19: section 2: "items" is missing)"},
         {R"([{"sectionTitle": "S", "items": {}}])",
-         R"(section 1: "items" must be an array of items, but is an object (line 1, column 24))"},
+         R"(line 1, column 24: section 1: "items" must be an array of items, but is an object)"},
         {R"([{"sectionTitle": "S", "items": [["icon"]]}])",
-         R"(section 1, item 1: must be an object, but is an array (line 1, column 24))"},
+         R"(line 1, column 24: section 1, item 1: must be an object, but is an array)"},
         {itemFile(R"("title": "T", "subtitle": "", "isSelected": true)"),
-         R"(section 1, item 1: "icon" is missing (line 1, column 44))"},
+         R"(line 1, column 44: section 1, item 1: "icon" is missing)"},
         {itemFile(R"("icon": null, "title": "T", "subtitle": "", "isSelected": true)"),
-         R"(section 1, item 1: "icon" must be a text, but is null (line 1, column 35))"},
+         R"(line 1, column 35: section 1, item 1: "icon" must be a text, but is null)"},
         {itemFile("\n\"icon\": \"i\", \"title\": \"T\",\n  \"subtitle\": 3, \"isSelected\": true"),
-         R"(section 1, item 1: "subtitle" must be a text, but is a number (line 3, column 3))"},
+         R"(line 3, column 3: section 1, item 1: "subtitle" must be a text, but is a number)"},
         {itemFile(R"("icon": "i", "title": "é", "subtitle": "", "isSelected": "true")"),
-         R"(section 1, item 1: "isSelected" must be true or false, but is a text (line 1, column 92))"},
+         R"(line 1, column 92: section 1, item 1: "isSelected" must be true or false, but is a text)"},
         {itemFile(R"("icon": "i", "title": "T", "subtitle": "", "isSelected": 1)"),
-         R"(section 1, item 1: "isSelected" must be true or false, but is a number (line 1, column 78))"},
+         R"(line 1, column 78: section 1, item 1: "isSelected" must be true or false, but is a number)"},
         {itemFile(R"("icon": "i", "title": "T", "subtitle": "")"),
-         R"(section 1, item 1: "isSelected" is missing (line 1, column 43))"},
+         R"(line 1, column 43: section 1, item 1: "isSelected" is missing)"},
         // Of several failures the first in the order of reading, whatever the order of the keys.
         {R"([{"items": 1, "sectionTitle": 2}])",
-         R"(section 1: "sectionTitle" must be a text, but is a number (line 1, column 15))"},
+         R"(line 1, column 15: section 1: "sectionTitle" must be a text, but is a number)"},
         {itemFile(R"("isSelected": 1, "subtitle": 2, "title": 3, "icon": 4}, {)"),
-         R"(section 1, item 1: "icon" must be a text, but is a number (line 1, column 79))"},
+         R"(line 1, column 79: section 1, item 1: "icon" must be a text, but is a number)"},
         {itemFile(R"("isSelected": 1, "subtitle": 2, "title": 3, "icon": "i"}, {)"),
-         R"(section 1, item 1: "title" must be a text, but is a number (line 1, column 67))"},
+         R"(line 1, column 67: section 1, item 1: "title" must be a text, but is a number)"},
         {itemFile(R"("isSelected": 1, "subtitle": 2, "title": "T", "icon": "i"}, {)"),
-         R"(section 1, item 1: "subtitle" must be a text, but is a number (line 1, column 52))"},
+         R"(line 1, column 52: section 1, item 1: "subtitle" must be a text, but is a number)"},
     };
     for (const auto& [text, error] : cases) {
         EXPECT_EQ(errorOf(text), error) << text;

@@ -19,7 +19,7 @@ TEST(FileReading, NamesTheFileAndTheReasonWhenItCannot) {
     const support::TemporaryFolder folder;
     std::filesystem::create_directory(folder.path() / "Folder");
     ASSERT_EQ(mkfifo((folder.path() / "Pipe").c_str(), 0600), 0); // nobody waits for its other end
-    const auto errorOf = [&](const char* name) { return readWholeFile(folder.path() / name).error(); };
+    const auto errorOf = [&](const char* name) { return readWholeFile(folder.path() / name).failure().what; };
     EXPECT_EQ(errorOf("Gone.json"), "The file “Gone.json” couldn’t be opened: No such file or directory");
     EXPECT_EQ(errorOf("Folder"), "The file “Folder” couldn’t be opened: it is a folder");
     EXPECT_EQ(errorOf("Pipe"), "The file “Pipe” couldn’t be opened: it is not a regular file");

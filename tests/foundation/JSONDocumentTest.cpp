@@ -10,7 +10,7 @@ namespace {
 
 std::string errorOf(const std::string& text) {
     const Result<JSONDocument> document = JSONDocument::parse(text);
-    return document ? "no error" : document.error();
+    return document ? "no error" : document.failure().describe();
 }
 
 /// "line 2, column 5", without the parser's own words.
@@ -118,8 +118,8 @@ TEST(JSONDocument, RefusesDeepNestingWithoutHarm) {
 TEST(JSONDocument, SaysWhereAValueStands) {
     const JSONDocument document = parsed("[\n  {\"title\": \"T\",\n   \"items\": 7}\n]");
     const JSONValue section = *document.root().elements().begin();
-    EXPECT_EQ(document.positionOf(*section.find("title")).line, 2U);
-    EXPECT_EQ(document.positionOf(*section.find("title")).column, 13U);
-    EXPECT_EQ(document.positionOf(*section.find("items")).line, 3U);
-    EXPECT_EQ(document.positionOf(document.root()).line, 1U);
+    EXPECT_EQ(document.placeOf(*section.find("title")).line, 2);
+    EXPECT_EQ(document.placeOf(*section.find("title")).column, 13);
+    EXPECT_EQ(document.placeOf(*section.find("items")).line, 3);
+    EXPECT_EQ(document.placeOf(document.root()).line, 1);
 }

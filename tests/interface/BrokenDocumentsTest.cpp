@@ -15,7 +15,7 @@ namespace {
 void tryDocument(const std::string& text) {
     const LoadedDocument loaded = InterfaceDocument::parse("A", text);
     if (!loaded.document) {
-        EXPECT_FALSE(loaded.problem.message.empty());
+        EXPECT_FALSE(loaded.problem.what.empty());
         return;
     }
     InterfaceReport report("A");

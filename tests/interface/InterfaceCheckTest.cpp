@@ -7,7 +7,7 @@ class InterfaceCheck : public InterfaceFixture {
 protected:
     [[nodiscard]] std::string findings() const {
         std::string text;
-        for (const InterfaceFinding& finding : checkBundle(bundle())) {
+        for (const Finding& finding : checkBundle(bundle())) {
             text += finding.describe() + "\n";
         }
         return withoutFolder(text);

@@ -20,7 +20,9 @@ TEST(InterfaceDocument, KeepsTheLineAndColumnOfEveryElement) {
         "\xEF\xBB\xBF" + nibStart + "\n  <objects>\r\n\t<view\n id=\"&b; &amp;&#x41;\"/><label/></objects></document>");
     ASSERT_TRUE(loaded.document);
     const InterfaceElement& objects = *loaded.document->objects();
-    const auto place = [](const InterfaceElement& element) { return std::pair(element.line, element.column); };
+    const auto place = [](const InterfaceElement& element) {
+        return std::pair(element.place.line, element.place.column);
+    };
     EXPECT_EQ(place(objects), std::pair(2, 3));
     EXPECT_EQ(place(objects.children[0]), std::pair(3, 2));
     EXPECT_EQ(place(objects.children[1]), std::pair(4, 24));

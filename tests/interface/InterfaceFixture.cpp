@@ -23,7 +23,7 @@ Result<InterfaceFixture::Objects> InterfaceFixture::instantiateObjects(const std
 
 std::string InterfaceFixture::errorsOf(const std::string& objects) const {
     const Result<Objects> made = instantiateObjects(objects);
-    return made ? "" : withoutFolder(made.error());
+    return made ? "" : withoutFolder(made.failure().what);
 }
 
 std::string InterfaceFixture::withoutFolder(std::string text) const {

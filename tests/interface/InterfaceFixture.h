@@ -41,7 +41,7 @@ private:
 template <class T>
 std::shared_ptr<T> firstOf(const Result<std::vector<std::shared_ptr<NSObject>>>& objects) {
     if (!objects) {
-        ADD_FAILURE() << objects.error();
+        ADD_FAILURE() << objects.failure().what;
         return nullptr;
     }
     auto first = objects.value().empty() ? nullptr : std::dynamic_pointer_cast<T>(objects.value().front());

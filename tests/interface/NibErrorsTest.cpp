@@ -129,11 +129,12 @@ TEST_F(NibErrors, AreAllToldAtOnceAndNotMadeOfUnknownAttributesAndChildren) {
 TEST_F(NibErrors, TellOfAMissingFileAndOfAStoryboardInItsPlace) {
     const Result<Objects> missing = instantiate("Nothing");
     ASSERT_FALSE(missing);
-    EXPECT_EQ(withoutFolder(missing.error()).substr(0, 19), "Nothing.xib: error:");
+    EXPECT_EQ(withoutFolder(missing.failure().what).substr(0, 19), "Nothing.xib: error:");
     write("Board.xib", storyboardWith("", ""));
     const Result<Objects> storyboard = instantiate("Board");
     ASSERT_FALSE(storyboard);
-    EXPECT_EQ(withoutFolder(storyboard.error()), "Board.xib: error: a storyboard stands where a nib is expected");
+    EXPECT_EQ(withoutFolder(storyboard.failure().what),
+              "Board.xib: error: a storyboard stands where a nib is expected");
 }
 
 } // namespace

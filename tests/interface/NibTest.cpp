@@ -41,7 +41,7 @@ TEST_F(Nib, MakesACellWithItsContentConnectedAndAwakensIt) {
     const auto label = sourceLocationOf(*made->lblTitle);
     ASSERT_TRUE(label);
     EXPECT_EQ(withoutFolder(label->file), "Test.xib");
-    EXPECT_EQ(std::pair(label->line, label->column), std::pair(7, 3));
+    EXPECT_EQ(label->place, (TextPlace{7, 3}));
     EXPECT_NE(firstOf<StandInModeCell>(instantiate("Test"))->lblTitle.get(), made->lblTitle.get());
 }
 

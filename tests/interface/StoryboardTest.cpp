@@ -42,7 +42,7 @@ TEST_F(Storyboard, MakesControllersAndConnectsThemWhenTheirViewIsFirstAskedFor) 
     EXPECT_TRUE(std::dynamic_pointer_cast<StandInMessages>(initial));
     EXPECT_EQ(initial->storyboard(), storyboard);
     EXPECT_TRUE(initial->view());
-    EXPECT_EQ(sourceLocationOf(*initial)->line, 4);
+    EXPECT_EQ(sourceLocationOf(*initial)->place.line, 4);
     const auto made = screen();
     ASSERT_TRUE(made);
     EXPECT_FALSE(made->isViewLoaded());

@@ -81,14 +81,14 @@ TEST_F(FlowPlayerTest, RecordsATreeOnceAndThenComparesWithIt) {
     const std::string flow = "- launchApp\n- wait: 600\n- assertTree: tree.txt\n";
     const FlowResult first = play(flow, file);
     ASSERT_EQ(first.failures.size(), 1u);
-    EXPECT_THAT(first.failures[0].message, HasSubstr("has been recorded"));
+    EXPECT_THAT(first.failures[0].what, HasSubstr("has been recorded"));
     EXPECT_TRUE(play(flow, file).failures.empty());
     const FlowResult other = play("- launchApp\n- assertTree: tree.txt\n", file);
     ASSERT_EQ(other.failures.size(), 1u);
-    EXPECT_THAT(other.failures[0].message, HasSubstr("line 1:"));
+    EXPECT_THAT(other.failures[0].what, HasSubstr("line 1:"));
     const FlowResult folderAsTree = play("- launchApp\n- assertTree: .\n", file);
     ASSERT_EQ(folderAsTree.failures.size(), 1u);
-    EXPECT_THAT(folderAsTree.failures[0].message, HasSubstr("it is a folder"));
+    EXPECT_THAT(folderAsTree.failures[0].what, HasSubstr("it is a folder"));
 }
 
 } // namespace

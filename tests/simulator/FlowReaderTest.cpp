@@ -96,7 +96,7 @@ TEST(FlowReaderTest, TakesTheSettingsAndTheCommandsInOrder) {
     EXPECT_EQ(flow->overrides[1].file, "flows/broken/Family.json");
     ASSERT_EQ(flow->steps.size(), 2u);
     EXPECT_EQ(flow->steps[0].command, "launchApp");
-    EXPECT_EQ(flow->steps[1].line, 7);
+    EXPECT_EQ(flow->steps[1].place.line, 7);
 }
 
 TEST(FlowReaderTest, NeedsNoSettings) {
@@ -114,7 +114,7 @@ TEST(FlowReaderTest, SaysWhyAFileCannotBeRead) {
     FlowProblems problems("no/such.yaml");
     EXPECT_FALSE(readFlowFile("no/such.yaml", problems));
     ASSERT_EQ(problems.findings().size(), 1u);
-    EXPECT_EQ(problems.findings()[0].line, 0);
+    EXPECT_FALSE(problems.findings()[0].place);
 }
 
 } // namespace

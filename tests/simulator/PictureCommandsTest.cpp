@@ -18,7 +18,7 @@ class PictureCommandsTest : public testing::Test {
 protected:
     ~PictureCommandsTest() override { static_cast<void>(support::takeStandardOutput()); }
 
-    std::vector<Finding> play(const std::string& text, bool updateGoldens = false) {
+    Findings play(const std::string& text, bool updateGoldens = false) {
         openExtensionBundle(TD_BUNDLE, {});
         FlowProblems problems((folder.path() / "test.yaml").string());
         const std::optional<Flow> flow = readFlow(text, problems);
@@ -49,9 +49,9 @@ TEST_F(PictureCommandsTest, WritesPicturesOfTheScreenAndOfTheExtensionAlone) {
 
 TEST_F(PictureCommandsTest, ComparesWithTheGoldenBesideTheFlow) {
     const std::string compact = "- launchApp\n- assertScreenshot: opened\n";
-    const std::vector<Finding> recorded = play(compact);
+    const Findings recorded = play(compact);
     ASSERT_EQ(recorded.size(), 1u);
-    EXPECT_THAT(recorded[0].message, HasSubstr((folder.path() / "opened.png").string()));
+    EXPECT_THAT(recorded[0].what, HasSubstr((folder.path() / "opened.png").string()));
     EXPECT_THAT(play(compact), IsEmpty());
     const std::string expanded = "- launchApp\n- wait: 600\n- assertScreenshot: opened\n";
     EXPECT_EQ(play(expanded).size(), 1u);

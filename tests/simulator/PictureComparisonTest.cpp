@@ -41,7 +41,7 @@ protected:
 TEST_F(PictureComparisonTest, AMissingGoldenIsRecordedAndFails) {
     const std::optional<Failure> failure = compareWithGolden(plain(4, 3), golden());
     ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(failure->message, AllOf(HasSubstr(golden().file.string()), HasSubstr("recorded")));
+    EXPECT_THAT(failure->what, AllOf(HasSubstr(golden().file.string()), HasSubstr("recorded")));
     EXPECT_FALSE(compareWithGolden(plain(4, 3), golden()).has_value());
     EXPECT_FALSE(left("actual"));
 }
@@ -53,7 +53,7 @@ TEST_F(PictureComparisonTest, ADifferenceIsNamedCountedAndLeftAsPictures) {
     actual.row(3)[0] = 0xFFFFFFFF;
     const std::optional<Failure> failure = compareWithGolden(actual, golden());
     ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(failure->message, HasSubstr("(2, 1), 2 differ in all, 10.0000 %"));
+    EXPECT_THAT(failure->what, HasSubstr("(2, 1), 2 differ in all, 10.0000 %"));
     EXPECT_TRUE(left("expected") && left("actual") && left("diff"));
     const PNGReading difference = readPNG((folder.path() / "differences" / "screen.diff.png").string());
     ASSERT_TRUE(difference.bitmap.has_value());
@@ -65,7 +65,7 @@ TEST_F(PictureComparisonTest, SizesThatDifferAreSaid) {
     keepAsGolden(plain(4, 3));
     const std::optional<Failure> failure = compareWithGolden(plain(5, 3), golden());
     ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(failure->message, AllOf(HasSubstr("5 x 3 pixels, not 4 x 3"), HasSubstr("(4, 0), 3 differ in all")));
+    EXPECT_THAT(failure->what, AllOf(HasSubstr("5 x 3 pixels, not 4 x 3"), HasSubstr("(4, 0), 3 differ in all")));
     EXPECT_FALSE(compareWithGolden(plain(4, 3), golden()).has_value()) << "the golden stays";
 }
 
@@ -73,7 +73,7 @@ TEST_F(PictureComparisonTest, AGoldenThatIsNoPictureIsSaid) {
     folder.write("golden/screen.png", "not a picture");
     const std::optional<Failure> failure = compareWithGolden(plain(4, 3), golden());
     ASSERT_TRUE(failure.has_value());
-    EXPECT_THAT(failure->message, HasSubstr("cannot read"));
+    EXPECT_THAT(failure->what, HasSubstr("cannot read"));
 }
 
 } // namespace

@@ -14,9 +14,9 @@ TEST(ReportTest, TellsWhatHappenedWithDecodedLinks) {
     result.debugLines = {"willBecomeActive"};
     result.links = {{600ms, *NSURL::URLWithString("https://h.example/Category?mainCategory=Adult%20(18+)&icon")}};
     result.styleRequests = {{500ms, MSMessagesAppPresentationStyle::expanded, true}};
-    result.failures = {{"f.yaml", 3, 5, Severity::error, "tapOn: no 'x'"}};
+    result.failures = {{Severity::error, "f.yaml", TextPlace{3, 5}, "tapOn: no 'x'"}};
     const Result<JSONDocument> report = JSONDocument::parse(reportText({result, FlowResult()}));
-    ASSERT_TRUE(report) << report.error();
+    ASSERT_TRUE(report) << report.failure().what;
 
     const JSONValue flows = *report.value().root().find("flows");
     ASSERT_EQ(flows.elements().size(), 2u);

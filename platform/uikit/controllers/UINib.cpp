@@ -13,7 +13,7 @@ std::optional<std::vector<std::shared_ptr<NSObject>>> loadNibNamedOwner(const NS
     Result<std::vector<std::shared_ptr<NSObject>>> objects =
         UINib::nibWithNibNameBundle(name, bundle)->instantiateWithOwner(owner);
     if (!objects) {
-        std::fprintf(stderr, "%s\n", objects.error().c_str());
+        std::fprintf(stderr, "%s\n", objects.failure().what.c_str());
         return std::nullopt;
     }
     return std::move(objects).value();

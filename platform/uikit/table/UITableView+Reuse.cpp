@@ -13,7 +13,7 @@ namespace {
 std::shared_ptr<UITableViewCell> cellFromNib(UINib& nib, const std::string& identifier) {
     const auto objects = nib.instantiateWithOwner(nullptr);
     if (!objects) {
-        fatalError("Could not make a cell for the reuse identifier \"" + identifier + "\": " + objects.error());
+        fatalError("Could not make a cell for the reuse identifier \"" + identifier + "\": " + objects.failure().what);
     }
     const auto cell =
         objects.value().empty() ? nullptr : std::dynamic_pointer_cast<UITableViewCell>(objects.value().front());

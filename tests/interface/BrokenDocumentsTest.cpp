@@ -39,8 +39,7 @@ protected:
     BrokenDocuments() { registerStandIns(); }
 
     [[nodiscard]] static std::string text() {
-        const std::filesystem::path here = __FILE__;
-        return readWholeFile(here.parent_path().parent_path().parent_path() / "resources" / GetParam()).value();
+        return readWholeFile(std::filesystem::path(TD_RESOURCES) / GetParam()).value();
     }
 };
 

@@ -63,30 +63,30 @@ public:
     CGFloat tableViewHeightForFooterInSection(UITableView& table, int section) override;
     void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
 
-    Outlet<UITableView> tableView{"tableView"};
-    Outlet<UITableView> tblDropDown{"tblDropDown"};
+    Outlet<UITableView> tableView{this, "tableView"};
+    Outlet<UITableView> tblDropDown{this, "tblDropDown"};
     /// Assignment registers the dropdown's row nib.
     void setTblDropDown(const std::shared_ptr<UITableView>& table);
-    Outlet<UIView> viewDropDown{"viewDropDown"};
-    Outlet<AppView> viewDropDownButton{"viewDropDownButton"};
-    Outlet<UILabel> lblDropDown{"lblDropDown"};
-    Outlet<UIImageView> imgDropDown{"imgDropDown"};
-    Outlet<NSLayoutConstraint> cnBottomOfLetsPlay{"cnBottomOfLetsPlay"};
-    Outlet<NSLayoutConstraint> heightOfTblView{"heightOfTblView"};
+    Outlet<UIView> viewDropDown{this, "viewDropDown"};
+    Outlet<AppView> viewDropDownButton{this, "viewDropDownButton"};
+    Outlet<UILabel> lblDropDown{this, "lblDropDown"};
+    Outlet<UIImageView> imgDropDown{this, "imgDropDown"};
+    Outlet<NSLayoutConstraint> cnBottomOfLetsPlay{this, "cnBottomOfLetsPlay"};
+    Outlet<NSLayoutConstraint> heightOfTblView{this, "heightOfTblView"};
 
     // Connected by some scenes, never read.
-    Outlet<AppView> viewOptions1{"viewOptions1"};
-    Outlet<AppView> viewOptions2{"viewOptions2"};
-    Outlet<AppView> viewOptions3{"viewOptions3"};
-    Outlet<AppView> viewOptions4{"viewOptions4"};
-    Outlet<UIImageView> imgSelect1{"imgSelect1"};
-    Outlet<UIImageView> imgSelect2{"imgSelect2"};
-    Outlet<UIImageView> imgSelect3{"imgSelect3"};
-    Outlet<UIImageView> imgSelect4{"imgSelect4"};
-    Outlet<UILabel> lblFriends{"lblFriends"};
-    Outlet<UILabel> lblFamily{"lblFamily"};
-    Outlet<UILabel> lblCouple{"lblCouple"};
-    Outlet<UILabel> lblRandom{"lblRandom"};
+    Outlet<AppView> viewOptions1{this, "viewOptions1"};
+    Outlet<AppView> viewOptions2{this, "viewOptions2"};
+    Outlet<AppView> viewOptions3{this, "viewOptions3"};
+    Outlet<AppView> viewOptions4{this, "viewOptions4"};
+    Outlet<UIImageView> imgSelect1{this, "imgSelect1"};
+    Outlet<UIImageView> imgSelect2{this, "imgSelect2"};
+    Outlet<UIImageView> imgSelect3{this, "imgSelect3"};
+    Outlet<UIImageView> imgSelect4{this, "imgSelect4"};
+    Outlet<UILabel> lblFriends{this, "lblFriends"};
+    Outlet<UILabel> lblFamily{this, "lblFamily"};
+    Outlet<UILabel> lblCouple{this, "lblCouple"};
+    Outlet<UILabel> lblRandom{this, "lblRandom"};
 
 private:
     void setupScreen();

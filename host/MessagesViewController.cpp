@@ -4,6 +4,7 @@
 
 #include "platform/dispatch/Dispatch.h"
 #include "platform/foundation/DebugConsole.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
 #include "platform/uikit/view/UIView.h"
 
@@ -102,7 +103,11 @@ void MessagesViewController::removeChildren() {
 }
 
 void MessagesViewController::installCategoryScreen() {
-    embedChildController(storyboard()->instantiateViewControllerWithIdentifier("CategoriesVC"));
+    const std::shared_ptr<UIStoryboard> source = storyboard();
+    if (!source) {
+        fatalErrorAt(*this, "the controller was not made from a storyboard, where its screen's scene would be");
+    }
+    embedChildController(source->instantiateViewControllerWithIdentifier("CategoriesVC"));
 }
 
 void MessagesViewController::embedChildController(const std::shared_ptr<UIViewController>& child) {

@@ -9,5 +9,5 @@ class ModeHeaderView : public UITableViewHeaderFooterView {
 public:
     using UITableViewHeaderFooterView::UITableViewHeaderFooterView;
 
-    Outlet<UILabel> lblHeaderTitle{"lblHeaderTitle"};
+    Outlet<UILabel> lblHeaderTitle{this, "lblHeaderTitle"};
 };

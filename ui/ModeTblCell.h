@@ -15,9 +15,9 @@ public:
     /// Called each time the row is dequeued.
     void configure(const ModeItem& item);
 
-    Outlet<UIImageView> iconImageView{"iconImageView"};
-    Outlet<UILabel> lblTitle{"lblTitle"};
-    Outlet<UILabel> lblDesc{"lblDesc"};
-    Outlet<UIImageView> imgSelection{"imgSelection"};
-    Outlet<UIView> viewBackground{"viewBackground"};
+    Outlet<UIImageView> iconImageView{this, "iconImageView"};
+    Outlet<UILabel> lblTitle{this, "lblTitle"};
+    Outlet<UILabel> lblDesc{this, "lblDesc"};
+    Outlet<UIImageView> imgSelection{this, "imgSelection"};
+    Outlet<UIView> viewBackground{this, "viewBackground"};
 };

@@ -12,7 +12,7 @@ class VibeDropdownTblCell : public UITableViewCell {
 public:
     using UITableViewCell::UITableViewCell;
 
-    Outlet<UILabel> lblTitle{"lblTitle"};
-    Outlet<UIImageView> imgSelected{"imgSelected"};
-    Outlet<AppView> viewMain{"viewMain"};
+    Outlet<UILabel> lblTitle{this, "lblTitle"};
+    Outlet<UIImageView> imgSelected{this, "imgSelected"};
+    Outlet<AppView> viewMain{this, "viewMain"};
 };

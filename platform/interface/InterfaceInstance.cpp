@@ -5,7 +5,7 @@
 #include "platform/interface/ElementCoder.h"
 #include "platform/interface/ObjectClasses.h"
 #include "platform/interface/RuntimeAttributes.h"
-#include "platform/interface/SourceLocation.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/table/UITableViewCell.h"
 #include "platform/uikit/view/UIView.h"
 
@@ -39,7 +39,7 @@ std::shared_ptr<UIView> InterfaceInstance::makeView(const InterfaceElement& elem
 }
 
 void InterfaceInstance::keep(const InterfaceElement& element, const std::shared_ptr<NSObject>& object) {
-    setSourceLocation(*object, m_document.sharedPath(), element.place);
+    setSourceLocation(*object, {m_document.sharedPath(), element.place, element.describe()});
     m_objects.put(element, {object, LayoutGuide::view}, m_report);
     m_made.push_back({&element, object, false});
 }

@@ -14,6 +14,13 @@ void stopOnErrors(const InterfaceReport& report) {
     }
 }
 
+/// Over what the document as a whole lacks.
+[[noreturn]] void stopAtRoot(const InterfaceDocument& document, const std::string& message) {
+    InterfaceReport report(document.path());
+    report.error(document.root(), message);
+    fatalError(report.errorText());
+}
+
 std::vector<std::string> identifiersIn(const InterfaceDocument& document) {
     std::vector<std::string> identifiers;
     for (const InterfaceScene& scene : document.scenes()) {
@@ -32,7 +39,7 @@ std::shared_ptr<UIViewController> InterfaceStoryboard::instantiateInitialViewCon
     const std::string_view id = read->root().value("initialViewController");
     const InterfaceScene* scene = id.empty() ? nullptr : read->sceneWith("id", id);
     if (scene == nullptr) {
-        fatalError(m_path.string() + ": error: the storyboard has no initial controller");
+        stopAtRoot(*read, "the storyboard has no initial controller");
     }
     return instantiate(read, *scene);
 }
@@ -42,8 +49,8 @@ InterfaceStoryboard::instantiateViewControllerWithIdentifier(const std::string& 
     const auto read = document();
     const InterfaceScene* scene = read->sceneWith("storyboardIdentifier", identifier);
     if (scene == nullptr) {
-        fatalError(m_path.string() + ": error: there is no scene with the identifier \"" + identifier + "\"" +
-                   suggestion(identifier, identifiersIn(*read)));
+        stopAtRoot(*read, "there is no scene with the identifier \"" + identifier + "\"" +
+                              suggestion(identifier, identifiersIn(*read)));
     }
     return instantiate(read, *scene);
 }
@@ -54,7 +61,7 @@ std::shared_ptr<const InterfaceDocument> InterfaceStoryboard::document() const {
         fatalError(loaded.problem.describe());
     }
     if (loaded.document->kind() != InterfaceDocument::Kind::storyboard) {
-        fatalError(m_path.string() + ": error: a nib stands where a storyboard is expected");
+        stopAtRoot(*loaded.document, "a nib stands where a storyboard is expected");
     }
     return std::move(loaded.document);
 }

@@ -1,27 +1,23 @@
 #pragma once
 
+#include "platform/runtime/SourceLocation.h"
+
 #include <memory>
 #include <string>
 
-class NSObject;
-
-/// Stops the program: "outlet NAME is not connected".
-[[noreturn]] void stopForUnconnectedOutlet(const char* name);
-
-/// A weak, optional reference that an interface file connects by name. It is read as always present: following one
-/// that is not connected (or whose object is gone) stops the program with the outlet's name.
+/// A weak, optional reference that an interface file connects by name; a member of the object that has the outlet. It
+/// is read as always present: following one that is not connected (or whose object is gone) stops the program with the
+/// outlet's name and its owner's place in the interface file.
 template <class T>
 class Outlet {
 public:
-    explicit Outlet(const char* name) : m_name(name) {}
+    Outlet(const NSObject* owner, const char* name) : m_owner(owner), m_name(name) {}
 
-    void connect(const std::shared_ptr<T>& object) { m_object = object; }
     Outlet& operator=(const std::shared_ptr<T>& object) {
-        connect(object);
+        m_object = object;
         return *this;
     }
 
-    [[nodiscard]] const char* name() const { return m_name; }
     /// Null when not connected.
     [[nodiscard]] std::shared_ptr<T> get() const { return m_object.lock(); }
     /// Identity; false when not connected.
@@ -34,11 +30,12 @@ private:
     T* require() const {
         T* object = m_object.lock().get();
         if (object == nullptr) {
-            stopForUnconnectedOutlet(m_name);
+            fatalErrorAt(*m_owner, std::string("the outlet ") + m_name + " is not connected");
         }
         return object;
     }
 
+    const NSObject* m_owner;
     const char* m_name;
     std::weak_ptr<T> m_object;
 };

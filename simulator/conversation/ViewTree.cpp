@@ -1,7 +1,7 @@
 #include "simulator/conversation/ViewTree.h"
 
-#include "platform/interface/SourceLocation.h"
 #include "platform/runtime/ClassRegistry.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controls/UIImageView.h"
 #include "platform/uikit/controls/UIScrollView.h"
 #include "simulator/conversation/ViewText.h"
@@ -59,9 +59,9 @@ std::string lineOf(const UIView& view) {
 
 void append(std::string& tree, const UIView& view, TreeDetail detail, std::size_t depth) {
     tree += std::string(depth * 2, ' ') + lineOf(view);
-    const std::optional<SourceLocation> source = sourceLocationOf(view);
-    if (source && detail == TreeDetail::withSources) {
-        tree += "  <- " + source->file + ":" + std::to_string(source->place.line);
+    const SourceLocation* source = sourceLocationOf(view);
+    if (source != nullptr && detail == TreeDetail::withSources) {
+        tree += "  <- " + *source->file + ":" + std::to_string(source->place.line);
     }
     tree += '\n';
     for (const std::shared_ptr<UIView>& subview : view.subviews()) {

@@ -23,10 +23,10 @@ public:
     void didBeginDrawing(); // didBeginDrawing
     void didEndDrawing();   // didEndDrawing
 
-    Outlet<DrawingView> canvas{"canvas"};
-    Outlet<UILabel> lblStrokes{"lblStrokes"};
-    Outlet<UIButton> btnPencil{"btnPencil"};
-    Outlet<UIButton> btnColor{"btnColor"};
+    Outlet<DrawingView> canvas{this, "canvas"};
+    Outlet<UILabel> lblStrokes{this, "lblStrokes"};
+    Outlet<UIButton> btnPencil{this, "btnPencil"};
+    Outlet<UIButton> btnColor{this, "btnColor"};
 
 private:
     void showButtons();

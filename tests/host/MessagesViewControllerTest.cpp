@@ -87,6 +87,12 @@ const std::string received = "----------------\nRecieved\n----------------\n";
 
 } // namespace
 
+TEST_F(MessagesViewControllerTest, StopsWithoutTheStoryboardThatHoldsItsScreen) {
+    controller->setStoryboardSource(nullptr, nullptr);
+    EXPECT_DEATH(activate(), "the controller was not made from a storyboard");
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
+}
+
 TEST_F(MessagesViewControllerTest, ShowsOneScreenThatFillsItsView) {
     activate();
     EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");

@@ -1,5 +1,5 @@
-#include "platform/interface/SourceLocation.h"
 #include "platform/runtime/ClassRegistry.h"
+#include "platform/runtime/SourceLocation.h"
 #include "tests/interface/InterfaceFixture.h"
 #include "tests/interface/StandIns.h"
 
@@ -38,9 +38,9 @@ TEST_F(Nib, MakesACellWithItsContentConnectedAndAwakensIt) {
     EXPECT_FALSE(made->imgSelection.get());
     EXPECT_EQ(made->awakenings, 1);
     EXPECT_TRUE(made->connectedWhenAwoken);
-    const auto label = sourceLocationOf(*made->lblTitle);
-    ASSERT_TRUE(label);
-    EXPECT_EQ(withoutFolder(label->file), "Test.xib");
+    const SourceLocation* label = sourceLocationOf(*made->lblTitle);
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(withoutFolder(*label->file), "Test.xib");
     EXPECT_EQ(label->place, (TextPlace{7, 3}));
     EXPECT_NE(firstOf<StandInModeCell>(instantiate("Test"))->lblTitle.get(), made->lblTitle.get());
 }

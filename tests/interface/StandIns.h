@@ -27,9 +27,9 @@ struct StandInModeCell : UITableViewCell {
     /// Whether title and corner radius stood when the cell awoke.
     void awakeFromNib() override;
 
-    Outlet<UILabel> lblTitle{"lblTitle"};
-    Outlet<UIImageView> imgSelection{"imgSelection"};
-    Outlet<UIView> viewBackground{"viewBackground"};
+    Outlet<UILabel> lblTitle{this, "lblTitle"};
+    Outlet<UIImageView> imgSelection{this, "imgSelection"};
+    Outlet<UIView> viewBackground{this, "viewBackground"};
     int awakenings = 0;
     bool connectedWhenAwoken = false;
 };
@@ -37,7 +37,7 @@ struct StandInModeCell : UITableViewCell {
 struct StandInHeader : UITableViewHeaderFooterView {
     using UITableViewHeaderFooterView::UITableViewHeaderFooterView;
 
-    Outlet<UILabel> lblHeaderTitle{"lblHeaderTitle"};
+    Outlet<UILabel> lblHeaderTitle{this, "lblHeaderTitle"};
 };
 
 struct StandInMessages : UIViewController {
@@ -55,8 +55,8 @@ struct StandInScreen : UIViewController, UITableViewDataSource, UITableViewDeleg
         return nullptr;
     }
 
-    Outlet<UILabel> lblDropDown{"lblDropDown"};
-    Outlet<NSLayoutConstraint> cnBottomOfLetsPlay{"cnBottomOfLetsPlay"};
+    Outlet<UILabel> lblDropDown{this, "lblDropDown"};
+    Outlet<NSLayoutConstraint> cnBottomOfLetsPlay{this, "cnBottomOfLetsPlay"};
     std::vector<std::string> sent;
 };
 

@@ -1,4 +1,4 @@
-#include "platform/interface/SourceLocation.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
 #include "tests/interface/InterfaceFixture.h"
 #include "tests/interface/StandIns.h"
@@ -85,10 +85,12 @@ using StoryboardDeathTest = Storyboard;
 
 TEST_F(StoryboardDeathTest, StopsForAMissingSceneOrFile) {
     const auto storyboard = board(storyboardWith("", scenes));
-    EXPECT_DEATH((void)storyboard->instantiateViewControllerWithIdentifier("CategorysVC"),
-                 "Main.storyboard: error: there is no scene with the identifier \"CategorysVC\"; did you mean "
-                 "CategoriesVC\\?");
-    EXPECT_DEATH((void)storyboard->instantiateInitialViewController(), "has no initial controller");
+    EXPECT_DEATH(
+        (void)storyboard->instantiateViewControllerWithIdentifier("CategorysVC"),
+        "Main.storyboard:2:1: error: <document>: there is no scene with the identifier \"CategorysVC\"; did you mean "
+        "CategoriesVC\\?");
+    EXPECT_DEATH((void)storyboard->instantiateInitialViewController(),
+                 "Main.storyboard:2:1: error: <document>: the storyboard has no initial controller");
     const auto missing = UIStoryboard::storyboardWithNameBundle("Other", bundle());
     EXPECT_DEATH((void)missing->instantiateInitialViewController(), "Other.storyboard: error: ");
 }

@@ -1,6 +1,6 @@
 #include "platform/runtime/Outlet.h"
 
-#include "platform/runtime/NSObject.h"
+#include "tests/runtime/RuntimeClasses.h"
 
 #include <gtest/gtest.h>
 
@@ -15,17 +15,21 @@ public:
 
 TEST(Outlet, FollowsAConnectedObject) {
     const auto label = std::make_shared<Label>();
-    Outlet<Label> outlet("lblTitle");
+    const NSObject owner;
+    Outlet<Label> outlet(&owner, "lblTitle");
     outlet = label;
     EXPECT_EQ(outlet->value, 3);
     EXPECT_TRUE(outlet.is(*label));
     EXPECT_FALSE(outlet.is(*std::make_shared<Label>()));
 }
 
-TEST(OutletDeathTest, FollowingAnUnconnectedOneStopsWithItsName) {
-    const Outlet<Label> never("lblTitle");
-    EXPECT_DEATH((void)never->value, "outlet lblTitle is not connected");
-    Outlet<Label> gone("imgArrow");
-    gone = std::make_shared<Label>();
-    EXPECT_DEATH((void)(*gone).value, "outlet imgArrow is not connected");
+TEST(OutletDeathTest, FollowingAnUnconnectedOneStopsWithItsNameAndItsOwnersPlace) {
+    registerTestClasses();
+    const auto owner = std::make_shared<Base>();
+    EXPECT_DEATH((void)owner->panel->radius, "^Fatal error: Base: the outlet panel is not connected\n$");
+    const auto file = std::make_shared<const std::string>("Main.storyboard");
+    setSourceLocation(*owner, {file, {12, 9}, "<view id=\"v\">"});
+    owner->panel = std::make_shared<Part>(); // gone at once
+    EXPECT_DEATH((void)(*owner->panel).radius,
+                 "Main.storyboard:12:9: error: Base <view id=\"v\">: the outlet panel is not connected\n$");
 }

@@ -22,7 +22,7 @@ public:
     void tapped(NSObject* from) { sender = from; }
     void closed() { ++closings; }
 
-    Outlet<Part> panel{"panel"};
+    Outlet<Part> panel{this, "panel"};
     std::string title;
     bool hidden = false;
     int tag = 0;

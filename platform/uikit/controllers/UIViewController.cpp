@@ -1,6 +1,6 @@
 #include "platform/uikit/controllers/UIViewController.h"
 
-#include "platform/foundation/FatalError.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controllers/UINavigationController.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
 #include "platform/uikit/view/UIView.h"
@@ -31,7 +31,7 @@ std::shared_ptr<UIView> UIViewController::view() {
     if (!m_view) {
         loadView();
         if (!m_view) {
-            fatalError("loadView has set no view");
+            fatalErrorAt(*this, "loadView has set no view");
         }
         viewDidLoad();
     }
@@ -81,7 +81,7 @@ void UIViewController::viewDidMoveToWindow(bool inWindow) {
 void UIViewController::addChildViewController(const std::shared_ptr<UIViewController>& child) {
     for (const UIViewController* ancestor = this; ancestor != nullptr; ancestor = ancestor->m_parent) {
         if (ancestor == child.get()) {
-            fatalError("A view controller cannot be its own child");
+            fatalErrorAt(*this, "A view controller cannot be its own child");
         }
     }
     if (child->m_parent == this) {

@@ -1,7 +1,7 @@
 #include "platform/uikit/controls/UIControl.h"
 
-#include "platform/foundation/FatalError.h"
 #include "platform/runtime/ClassRegistry.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/window/UITouch.h"
 
 #include <algorithm>
@@ -42,8 +42,8 @@ void UIControl::sendActionsForControlEvents(unsigned events) {
     for (const Target& entry : targets) {
         const std::shared_ptr<NSObject> target = entry.target.lock();
         if (target && (entry.events & events) != 0 && !performSelector(*target, entry.selector, this)) {
-            fatalError("-[" + classNameOf(*target) + " " + entry.selector +
-                       "]: unrecognized selector sent to instance");
+            fatalErrorAt(*this, "-[" + classNameOf(*target) + " " + entry.selector +
+                                    "]: unrecognized selector sent to instance");
         }
     }
 }

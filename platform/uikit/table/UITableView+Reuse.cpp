@@ -1,6 +1,7 @@
 #include "platform/uikit/table/UITableView.h"
 
 #include "platform/foundation/FatalError.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controllers/UINib.h"
 #include "platform/uikit/table/TableGeometry.h"
 #include "platform/uikit/table/UITableViewCell.h"
@@ -41,7 +42,7 @@ UITableView::dequeueReusableCellWithIdentifierForIndexPath(const std::string& id
     }
     const auto nib = m_nibs.find(identifier);
     if (nib == m_nibs.end() || !nib->second) {
-        fatalError("No nib is registered for the cell reuse identifier \"" + identifier + "\"");
+        fatalErrorAt(*this, "No nib is registered for the cell reuse identifier \"" + identifier + "\"");
     }
     std::shared_ptr<UITableViewCell> cell = cellFromNib(*nib->second, identifier);
     cell->setReuseIdentifier(identifier);
@@ -58,8 +59,8 @@ std::shared_ptr<UITableViewCell> UITableView::visibleCell(const SharedGeometry& 
     }
     std::shared_ptr<UITableViewCell> cell = source->tableViewCellForRowAtIndexPath(*this, path);
     if (!cell) {
-        fatalError("The data source returned no cell for row " + std::to_string(path.row) + " of section " +
-                   std::to_string(path.section));
+        fatalErrorAt(*this, "The data source returned no cell for row " + std::to_string(path.row) + " of section " +
+                                std::to_string(path.section));
     }
     if (m_geometry != geometry) {
         recycle(cell);

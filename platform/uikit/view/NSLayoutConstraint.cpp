@@ -1,6 +1,6 @@
 #include "platform/uikit/view/NSLayoutConstraint.h"
 
-#include "platform/foundation/FatalError.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/view/UIView.h"
 
 namespace {
@@ -56,7 +56,8 @@ void NSLayoutConstraint::setActive(bool active) {
     const std::shared_ptr<UIView> second = m_second.view.lock();
     UIView* holder = commonAncestor(first.get(), second.get());
     if (holder == nullptr) {
-        fatalError("Cannot activate the constraint \"" + m_identifier + "\": its views have no common ancestor");
+        fatalErrorAt(*this,
+                     "Cannot activate the constraint \"" + m_identifier + "\": its views have no common ancestor");
     }
     holder->addConstraint(self);
 }

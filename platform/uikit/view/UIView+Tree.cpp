@@ -1,6 +1,6 @@
 #include "platform/uikit/view/UIView.h"
 
-#include "platform/foundation/FatalError.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controllers/UIViewController.h"
 #include "platform/uikit/window/UIWindow.h"
 
@@ -81,7 +81,7 @@ void UIView::bringSubviewToFront(UIView& view) {
 void UIView::attach(const std::shared_ptr<UIView>& view, std::size_t index) {
     const std::shared_ptr<UIView> added = view; // the argument may be an element of a list that changes here
     if (!added || isDescendantOfView(*added)) {
-        fatalError(added ? "A view cannot be added to itself" : "There is no view to add");
+        fatalErrorAt(*this, added ? "A view cannot be added to itself" : "There is no view to add");
     }
     if (added->m_superview == this) {
         bringSubviewToFront(*added);

@@ -1,5 +1,6 @@
 #include "platform/dispatch/MainRunLoop.h"
 
+#include "platform/dispatch/WorkerPool.h"
 #include "platform/foundation/FatalError.h"
 
 #include <algorithm>
@@ -27,6 +28,10 @@ Blocks takeDue(Blocks& blocks, Duration now) {
 MainRunLoop& MainRunLoop::shared() {
     static MainRunLoop loop;
     return loop;
+}
+
+MainRunLoop::MainRunLoop() {
+    (void)WorkerPool::shared(); // made first and so destroyed last: the loop waits for its workers when it ends
 }
 
 MainRunLoop::~MainRunLoop() {
@@ -101,20 +106,33 @@ void MainRunLoop::runUntilIdle() {
 }
 
 void MainRunLoop::releaseBackground(BackgroundBlocks blocks) {
-    if (blocks.empty()) {
-        return;
-    }
     for (auto& [key, work] : blocks) {
-        m_workers.submit(work.qualityOfService, [order = newOrder(), block = std::move(work.block)]() mutable {
-            orderOfCurrentWork = order;
-            block();
-            block = nullptr;
-            orderOfCurrentWork = 0;
-        });
+        startWork(std::move(work), newOrder());
     }
-    if (isVirtual()) {
-        m_workers.waitUntilIdle();
+    if (!blocks.empty() && isVirtual()) {
+        waitForWork();
     }
+}
+
+void MainRunLoop::startWork(BackgroundBlock work, std::uint64_t order) {
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_unfinishedWork;
+    }
+    WorkerPool::shared().submit(work.qualityOfService, [this, order, block = std::move(work.block)]() mutable {
+        orderOfCurrentWork = order;
+        block();
+        block = nullptr; // what it held dies here, before anyone is told that it has ended
+        orderOfCurrentWork = 0;
+        const std::lock_guard lock(m_mutex);
+        --m_unfinishedWork;
+        m_workEnded.notify_all();
+    });
+}
+
+void MainRunLoop::waitForWork() {
+    std::unique_lock lock(m_mutex);
+    m_workEnded.wait(lock, [this] { return m_unfinishedWork == 0; });
 }
 
 std::uint64_t MainRunLoop::newOrder() {
@@ -183,7 +201,7 @@ void MainRunLoop::reset() {
     m_turnObserver = nullptr;
     bool dropped = true;
     while (dropped) { // what dies with a block may post another
-        m_workers.waitUntilIdle();
+        waitForWork();
         MainBlocks blocks;
         BackgroundBlocks background;
         const std::lock_guard lock(m_mutex);
@@ -212,16 +230,16 @@ void MainRunLoop::postToMain(Duration due, dispatch_block_t block) {
 }
 
 void MainRunLoop::postToBackground(Duration due, qos_class_t qualityOfService, dispatch_block_t block) {
-    {
-        const std::lock_guard lock(m_mutex);
-        const bool startsNow = m_clock == Clock::realTime && due <= nowLocked();
-        if (startsNow) {
-            m_workers.submit(qualityOfService, std::move(block));
-            return;
-        }
-        const Duration latency = m_clock == Clock::virtualTime ? m_latency : Duration{0};
-        m_background.emplace(nextKeyLocked(due + latency), BackgroundBlock{qualityOfService, std::move(block)});
+    BackgroundBlock work{qualityOfService, std::move(block)};
+    std::unique_lock lock(m_mutex);
+    if (m_clock == Clock::realTime && due <= nowLocked()) {
+        lock.unlock();
+        startWork(std::move(work), 0);
+        return;
     }
+    const Duration latency = m_clock == Clock::virtualTime ? m_latency : Duration{0};
+    m_background.emplace(nextKeyLocked(due + latency), std::move(work));
+    lock.unlock();
     wake();
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/dispatch/Dispatch.h"
-#include "platform/dispatch/WorkerPool.h"
 
 #include <chrono>
 #include <condition_variable>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -21,7 +21,7 @@ public:
     enum class Clock { virtualTime, realTime };
 
     [[nodiscard]] static MainRunLoop& shared();
-    MainRunLoop() = default;
+    MainRunLoop();
     ~MainRunLoop();
     MainRunLoop(const MainRunLoop&) = delete;
     MainRunLoop& operator=(const MainRunLoop&) = delete;
@@ -75,12 +75,16 @@ private:
     std::optional<Duration> nextDueTimeLocked() const;
     Key nextKeyLocked(Duration due);
     void releaseBackground(BackgroundBlocks blocks);
+    /// `order` is the turn order that its posts take; 0: each its own.
+    void startWork(BackgroundBlock work, std::uint64_t order);
+    void waitForWork();
     void advanceVirtualTime(Duration end);
     void waitInRealTime(Duration end);
     void wake();
 
-    mutable std::mutex m_mutex; // guards all below, except the worker pool and what only the main thread uses
+    mutable std::mutex m_mutex; // guards all below, except what only the main thread uses
     std::condition_variable m_posted;
+    std::condition_variable m_workEnded;
     Clock m_clock = Clock::virtualTime;
     Duration m_virtualNow{0};
     std::chrono::steady_clock::time_point m_realStart;
@@ -88,9 +92,9 @@ private:
     std::uint64_t m_submissions = 0;
     MainBlocks m_main;
     BackgroundBlocks m_background;
+    std::size_t m_unfinishedWork = 0; // background blocks that the worker pool has
     std::function<void()> m_wakeHandler;
 
     std::function<void()> m_turnObserver; // main thread
     bool m_running = false;               // main thread
-    WorkerPool m_workers;
 };

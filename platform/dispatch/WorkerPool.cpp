@@ -2,6 +2,11 @@
 
 #include <algorithm>
 
+WorkerPool& WorkerPool::shared() {
+    static WorkerPool pool;
+    return pool;
+}
+
 WorkerPool::~WorkerPool() {
     std::map<Key, dispatch_block_t> dropped; // destroyed after the threads, outside the lock
     {
@@ -20,14 +25,8 @@ void WorkerPool::submit(qos_class_t qualityOfService, dispatch_block_t block) {
         const std::lock_guard lock(m_mutex);
         startThreadsLocked();
         m_blocks.emplace(Key{~static_cast<unsigned>(qualityOfService), ++m_submissions}, std::move(block));
-        ++m_unfinished;
     }
     m_submitted.notify_one();
-}
-
-void WorkerPool::waitUntilIdle() {
-    std::unique_lock lock(m_mutex);
-    m_idle.wait(lock, [this] { return m_unfinished == 0; });
 }
 
 void WorkerPool::startThreadsLocked() {
@@ -51,10 +50,7 @@ void WorkerPool::work() {
         m_blocks.erase(m_blocks.begin());
         lock.unlock();
         block();
-        block = nullptr; // what it held dies here, before anyone is told that it has finished
+        block = nullptr; // what it held may submit more when it dies: not under the lock
         lock.lock();
-        if (--m_unfinished == 0) {
-            m_idle.notify_all();
-        }
     }
 }

@@ -1,5 +1,7 @@
 #include "platform/graphics/ImageDecoder.h"
 
+#include "platform/dispatch/WorkerPool.h"
+
 #include <algorithm>
 #include <mutex>
 #include <utility>
@@ -37,7 +39,7 @@ void ImageDecoder::begin(const std::string& path) {
         m_waiting.pop_front();
     }
     m_waiting.push_back(std::make_shared<Job>(path));
-    m_workers.submit(QOS_CLASS_USER_INTERACTIVE, [job = m_waiting.back()] { job->run(); });
+    WorkerPool::shared().submit(QOS_CLASS_USER_INTERACTIVE, [job = m_waiting.back()] { job->run(); });
 }
 
 PNGReading ImageDecoder::take(const std::string& path) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/dispatch/WorkerPool.h"
 #include "platform/graphics/PNG.h"
 
 #include <deque>
@@ -8,8 +7,8 @@
 #include <set>
 #include <string>
 
-/// Decodes image files on other threads between their being named and their being drawn, so that a first picture or a
-/// newly shown list does not wait for its icons. Holds a few small pictures at most. Main thread.
+/// Decodes image files on the worker threads between their being named and their being drawn, so that a first picture
+/// or a newly shown list does not wait for its icons. Holds a few small pictures at most. Main thread.
 class ImageDecoder {
 public:
     [[nodiscard]] static ImageDecoder& shared();
@@ -24,5 +23,4 @@ private:
 
     std::set<std::string> m_begun;
     std::deque<std::shared_ptr<Job>> m_waiting; // to be taken; the oldest first
-    WorkerPool m_workers;
 };

@@ -8,41 +8,40 @@
 #include <string>
 #include <thread>
 
-TEST(WorkerPool, TellsWhenEverythingHasRunAndIsDestroyed) {
-    WorkerPool pool;
-    auto held = std::make_shared<int>(0);
-    std::atomic<int> count = 0;
-    for (int i = 0; i < 100; ++i) {
-        pool.submit(QOS_CLASS_DEFAULT, [&count, held] { ++count; });
+namespace {
+
+template <class Condition>
+void waitUntil(Condition condition) {
+    while (!condition()) {
+        std::this_thread::yield();
     }
-    pool.waitUntilIdle();
-    EXPECT_EQ(count, 100);
-    EXPECT_EQ(held.use_count(), 1);
 }
 
+} // namespace
+
 TEST(WorkerPool, RunsBlocksAtTheSameTimeAndBeginsTheHigherClassFirst) {
-    WorkerPool pool;
     const unsigned threads = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
     std::atomic<unsigned> begun = 0;
     std::atomic<unsigned> released = 0;
+    std::atomic<bool> ended = false;
+    std::string order;
+    WorkerPool pool;
     for (unsigned i = 1; i <= threads; ++i) { // every thread is held; the first alone is released below
         pool.submit(QOS_CLASS_DEFAULT, [&, i] {
             ++begun;
-            while (released < i) {
-                std::this_thread::yield();
-            }
+            waitUntil([&] { return released >= i; });
         });
     }
-    while (begun < threads) {
-        std::this_thread::yield();
-    }
-    std::string order;
+    waitUntil([&] { return begun == threads; });
     pool.submit(QOS_CLASS_DEFAULT, [&] { released = threads; });
-    pool.submit(QOS_CLASS_DEFAULT, [&] { order += 'c'; });
+    pool.submit(QOS_CLASS_DEFAULT, [&] {
+        order += 'c';
+        ended = true;
+    });
     pool.submit(QOS_CLASS_USER_INITIATED, [&] { order += 'a'; });
     pool.submit(QOS_CLASS_USER_INITIATED, [&] { order += 'b'; });
     released = 1;
-    pool.waitUntilIdle();
+    waitUntil([&] { return ended.load(); });
     EXPECT_EQ(order, "abc");
 }
 
@@ -62,6 +61,5 @@ TEST(WorkerPool, LetsWhatABlockHeldSubmitMoreWhenItDies) {
     std::atomic<int> ran = 0;
     std::shared_ptr<void> held(nullptr, [&](void*) { pool.submit(QOS_CLASS_DEFAULT, [&ran] { ++ran; }); });
     pool.submit(QOS_CLASS_DEFAULT, [held = std::move(held)] {});
-    pool.waitUntilIdle();
-    EXPECT_EQ(ran, 1);
+    waitUntil([&] { return ran == 1; });
 }

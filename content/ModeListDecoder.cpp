@@ -85,7 +85,7 @@ private:
     std::optional<JSONValue> require(JSONValue object, std::string_view key, JSONKind kind, const char* expected) {
         const std::optional<JSONValue> value = object.find(key);
         if (!value) {
-            fail(quoted(key) + " is missing", firstValueIn(object));
+            fail(quoted(key) + " is missing", object);
             return std::nullopt;
         }
         if (!value->is(kind)) {
@@ -96,12 +96,6 @@ private:
     }
 
     static std::string quoted(std::string_view key) { return std::string(1, '"').append(key) + '"'; }
-
-    /// A place inside the object rather than one before it; the object itself when it is empty.
-    static JSONValue firstValueIn(JSONValue object) {
-        const std::vector<JSONValue::Member> members = object.members();
-        return members.empty() ? object : members.front().value;
-    }
 
     static std::string describe(JSONValue value) {
         switch (value.kind()) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
+#include <new>
 #include <string_view>
 
 namespace json = boost::json;
@@ -24,6 +25,23 @@ std::string_view bodyOf(const std::string& text) {
         body.remove_prefix(byteOrderMark.size());
     }
     return body;
+}
+
+constexpr std::string_view betweenTokens = " \t\r\n,:]}";
+
+/// The end of the string, number or word that begins at `at`; of a container its opening bracket alone.
+std::size_t endOfToken(std::string_view body, std::size_t at) {
+    if (body[at] == '[' || body[at] == '{') {
+        return at + 1;
+    }
+    if (body[at] != '"') {
+        return body.find_first_of(betweenTokens, at);
+    }
+    ++at;
+    while (body[at] != '"') {
+        at += body[at] == '\\' ? 2 : 1;
+    }
+    return at + 1;
 }
 
 } // namespace
@@ -117,23 +135,31 @@ private:
 };
 
 Result<JSONDocument> JSONDocument::parse(std::string text) {
+    if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
+        return Failure{"the text is larger than 4 GB"};
+    }
+    try {
+        return read(std::move(text));
+    } catch (const std::bad_alloc&) {
+        return Failure{"there is not enough memory for the text"};
+    }
+}
+
+Result<JSONDocument> JSONDocument::read(std::string text) {
     JSONDocument document;
     document.m_text = std::make_unique<const std::string>(std::move(text));
     const std::string_view body = bodyOf(*document.m_text);
-    if (body.size() > std::numeric_limits<std::uint32_t>::max()) {
-        return Failure{"the text is larger than 4 GB"};
-    }
     document.m_nodes.reserve(body.size() / 12); // ordinary content has fewer; what is not used is never touched
     json::parse_options options;
     options.max_depth = greatestDepth;
     json::basic_parser<Builder> parser(options, document);
     json::error_code error;
-    const std::size_t read = parser.write_some(false, body.data(), body.size(), error);
-    if (!error && read < body.size()) {
+    const std::size_t end = parser.write_some(false, body.data(), body.size(), error);
+    if (!error && end < body.size()) {
         error = json::make_error_code(json::error::extra_data);
     }
     if (error) {
-        return Failure{error.message(), TextPlaces(body).at(read)};
+        return Failure{error.message(), TextPlaces(body).at(end)};
     }
     return document;
 }
@@ -143,14 +169,16 @@ bool JSONDocument::isInText(const char* pointer) const {
     return notAfter(m_text->data(), pointer) && notAfter(pointer, m_text->data() + m_text->size());
 }
 
-TextPlace JSONDocument::placeOf(JSONValue value) const {
+TextPlace JSONDocument::placeOfKey(const JSONValue::Member& member) const {
+    return placeOf(member.value.m_node - 1); // its node stands before that of its value
+}
+
+/// The text is sound, so that its tokens and the nodes follow each other in the same order.
+TextPlace JSONDocument::placeOf(const JSONNode* node) const {
     const std::string_view body = bodyOf(*m_text);
-    const JSONNode* node = value.m_node;
-    while (node != m_nodes.data() && !(node->kind == JSONKind::string && isInText(node->text))) {
-        --node;
+    std::size_t at = body.find_first_not_of(betweenTokens);
+    for (const JSONNode* passed = m_nodes.data(); passed != node; ++passed) {
+        at = body.find_first_not_of(betweenTokens, endOfToken(body, at));
     }
-    if (node->kind != JSONKind::string || !isInText(node->text)) {
-        return {};
-    }
-    return TextPlaces(body).at(static_cast<std::size_t>(node->text - body.data()) - 1); // at the quotation mark
+    return TextPlaces(body).at(at);
 }

@@ -18,13 +18,16 @@ public:
 
     [[nodiscard]] JSONValue root() const { return JSONValue(m_nodes.data()); }
 
-    /// Where a value stands: the key or text nearest before it (itself, if it is a text). Counted from 1.
-    [[nodiscard]] TextPlace placeOf(JSONValue value) const;
+    /// Where a value or a member's key begins, for messages: it takes reading the text up to there once more.
+    [[nodiscard]] TextPlace placeOf(JSONValue value) const { return placeOf(value.m_node); }
+    [[nodiscard]] TextPlace placeOfKey(const JSONValue::Member& member) const;
 
 private:
     class Builder;
 
     JSONDocument() = default;
+    [[nodiscard]] static Result<JSONDocument> read(std::string text);
+    [[nodiscard]] TextPlace placeOf(const JSONNode* node) const;
     bool isInText(const char* pointer) const;
 
     std::unique_ptr<const std::string> m_text; // strings without escapes refer to it

@@ -33,6 +33,18 @@ std::vector<JSONKind> kindsIn(const JSONValue& array) {
     return kinds;
 }
 
+/// The text has each key and each value on a line of its own, one space in.
+void expectOneALine(const JSONDocument& document, JSONValue value, int& line) {
+    EXPECT_EQ(document.placeOf(value), (TextPlace{++line, 2}));
+    for (const JSONValue element : value.elements()) {
+        expectOneALine(document, element, line);
+    }
+    for (const JSONValue::Member& member : value.members()) {
+        EXPECT_EQ(document.placeOfKey(member), (TextPlace{++line, 2}));
+        expectOneALine(document, member.value, line);
+    }
+}
+
 } // namespace
 
 TEST(JSONDocument, GivesEveryKindOfValue) {
@@ -115,11 +127,38 @@ TEST(JSONDocument, RefusesDeepNestingWithoutHarm) {
     EXPECT_NE(errorOf(objects), "no error");
 }
 
-TEST(JSONDocument, SaysWhereAValueStands) {
-    const JSONDocument document = parsed("[\n  {\"title\": \"T\",\n   \"items\": 7}\n]");
-    const JSONValue section = *document.root().elements().begin();
-    EXPECT_EQ(document.placeOf(*section.find("title")).line, 2);
-    EXPECT_EQ(document.placeOf(*section.find("title")).column, 13);
-    EXPECT_EQ(document.placeOf(*section.find("items")).line, 3);
-    EXPECT_EQ(document.placeOf(document.root()).line, 1);
+TEST(JSONDocument, SaysWhereEveryKeyAndValueBegins) {
+    const JSONDocument document = parsed("\xEF\xBB\xBF\n"
+                                         R"( {
+ "k\u0065y\"\\":
+ {},
+ "é😀":
+ [
+ null,
+ 5,
+ "},{\" [",
+ [
+ [],
+ true]],
+ "twice":
+ {
+ "":
+ -2.5e+1},
+ "twice":
+ false
+ })");
+    int line = 1;
+    expectOneALine(document, document.root(), line);
+    EXPECT_EQ(line, 18);
+}
+
+TEST(JSONDocument, CountsThePlaceInCharacters) {
+    const JSONDocument document = parsed(R"({"é😀":[0,{"k":null}],"x":{}})");
+    const std::vector<JSONValue::Member> members = document.root().members();
+    const JSONValue inner = *++members[0].value.elements().begin();
+    EXPECT_EQ(document.placeOf(inner), (TextPlace{1, 10}));
+    EXPECT_EQ(document.placeOf(*inner.find("k")), (TextPlace{1, 15}));
+    EXPECT_EQ(document.placeOfKey(members[1]), (TextPlace{1, 22}));
+    const JSONDocument bare = parsed("7");
+    EXPECT_EQ(bare.placeOf(bare.root()), (TextPlace{1, 1}));
 }

@@ -1,9 +1,11 @@
 #include "platform/foundation/FileReading.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
 #include <fcntl.h>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -32,12 +34,25 @@ Failure failure(const std::filesystem::path& path, const char* reason) {
     return {"The file “" + path.filename().string() + "” couldn’t be opened: " + reason};
 }
 
-/// Reads to the end, wherever that is by now; false with errno set when the file cannot be read.
-bool readToEnd(int descriptor, std::string& text) {
+/// Asking for more would not fail: the system would end the program once the bytes arrive.
+std::size_t largestSize() {
+    static const long pages = sysconf(_SC_PHYS_PAGES);
+    static const long pageSize = sysconf(_SC_PAGESIZE);
+    return static_cast<std::size_t>(pages) / 2 * static_cast<std::size_t>(pageSize);
+}
+
+/// Reads to the end, wherever that is by now, in pieces of at least `expected` bytes; false with errno set when the
+/// file cannot be read.
+bool readToEnd(int descriptor, std::size_t expected, std::string& text) {
     std::size_t size = 0;
     while (true) {
         if (size == text.size()) {
-            text.resize(size + size / 2 + 4096);
+            const std::size_t larger = std::max(expected, size + size / 2);
+            if (larger > largestSize()) {
+                errno = EFBIG;
+                return false;
+            }
+            text.resize(larger);
         }
         const ssize_t count = read(descriptor, text.data() + size, text.size() - size);
         if (count < 0 && errno == EINTR) {
@@ -65,9 +80,12 @@ Result<std::string> readWholeFile(const std::filesystem::path& path) {
     if (!S_ISREG(status.st_mode)) {
         return failure(path, "it is not a regular file");
     }
-    std::string text(static_cast<std::size_t>(status.st_size) + 1, '\0'); // one more, so that one read meets the end
-    if (!readToEnd(file.descriptor(), text)) {
-        return failure(path, std::strerror(errno));
+    try {
+        std::string text;
+        const auto expected = static_cast<std::size_t>(status.st_size) + 4096; // more, so that one read meets the end
+        return readToEnd(file.descriptor(), expected, text) ? Result(std::move(text))
+                                                            : failure(path, std::strerror(errno));
+    } catch (const std::bad_alloc&) {
+        return failure(path, std::strerror(ENOMEM));
     }
-    return text;
 }

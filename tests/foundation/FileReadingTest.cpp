@@ -13,6 +13,7 @@ TEST(FileReading, ReadsEveryByte) {
     ASSERT_TRUE(read);
     EXPECT_EQ(read.value(), text);
     EXPECT_EQ(readWholeFile(folder.write("Empty", "")).value(), "");
+    EXPECT_NE(readWholeFile("/proc/self/maps").value(), "") << "a file that does not know its size";
 }
 
 TEST(FileReading, NamesTheFileAndTheReasonWhenItCannot) {
@@ -23,4 +24,6 @@ TEST(FileReading, NamesTheFileAndTheReasonWhenItCannot) {
     EXPECT_EQ(errorOf("Gone.json"), "The file “Gone.json” couldn’t be opened: No such file or directory");
     EXPECT_EQ(errorOf("Folder"), "The file “Folder” couldn’t be opened: it is a folder");
     EXPECT_EQ(errorOf("Pipe"), "The file “Pipe” couldn’t be opened: it is not a regular file");
+    std::filesystem::resize_file(folder.write("Vast", ""), std::uintmax_t{1} << 43); // holds no byte on the disk
+    EXPECT_EQ(errorOf("Vast"), "The file “Vast” couldn’t be opened: File too large");
 }

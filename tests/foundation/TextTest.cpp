@@ -1,5 +1,7 @@
 #include "platform/foundation/Text.h"
 
+#include "platform/foundation/NSScanner.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -58,4 +60,12 @@ TEST(Text, CaseMappingCoversUnicode) {
     EXPECT_EQ(uppercased("#4da289 é я ß ﬁ 😀"), "#4DA289 É Я SS FI 😀");
     EXPECT_EQ(lowercased("Adult (18+) ÉЯẞ"), "adult (18+) éяß");
     EXPECT_EQ(uppercased("a\xFF"), "A\xFF");
+}
+
+TEST(NSScanner, ReadsWhatIsTooLargeAsTheGreatestNumberAndLeavesTheValueAloneWithoutADigit) {
+    std::uint64_t value = 7;
+    EXPECT_FALSE(NSScanner(" FF").scanHexLongLong(value));
+    EXPECT_EQ(value, 7U);
+    EXPECT_TRUE(NSScanner("123456789ABCDEF012").scanHexLongLong(value));
+    EXPECT_EQ(value, UINT64_MAX);
 }

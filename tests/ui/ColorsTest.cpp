@@ -12,7 +12,7 @@ TEST(HexColor, ReadsSixDigitsAndNothingElse) {
         {UIColor::grayColor()->components(), {"", "#", "FFF", "#4DA2891", "##4DA289", "e\u0301e\u0301e\u0301"}},
         // Six characters as a person counts them, and the digits up to the first other one; ßßß becomes SSSSSS.
         {support::rgb(0, 0, 0x12), {"12G456", "12\u0301G456"}},
-        {support::rgb(0, 0, 0), {"éééééé", "👩‍👩‍👧GGGGG", "GHIJKL", "0x12AB", "-12345", "ßßß"}},
+        {support::rgb(0, 0, 0), {"éééééé", "👩‍👩‍👧GGGGG", "GHIJKL", "0x12AB", "-12345", "ßßß", "# 4DA28"}},
     };
     for (const auto& [color, texts] : cases) {
         for (const char* text : texts) {

@@ -32,11 +32,11 @@ void connectOutlet(const InterfaceElement& outlet, NSObject& source, const Inter
                    InterfaceReport& report) {
     const std::string_view name = outlet.value("property");
     const InterfaceObjects::Entry* destination = objects.require(outlet, "destination", report);
-    const ObjectClass* sourceClass = ClassRegistry::shared().classOf(source);
-    const ObjectClass::OutletSetter* setter = sourceClass != nullptr ? sourceClass->outlet(name) : nullptr;
+    const ObjectClass& sourceClass = ClassRegistry::shared().classOf(source);
+    const ObjectClass::OutletSetter* setter = sourceClass.outlet(name);
     if (setter == nullptr) {
         report.error(outlet, classNameOf(source) + " has no outlet " + quoted(name) +
-                                 (sourceClass != nullptr ? suggestion(name, sourceClass->outletNames()) : ""));
+                                 suggestion(name, sourceClass.outletNames()));
     } else if (destination != nullptr && destination->object &&
                (*setter)(source, destination->object) == Acceptance::wrongType) {
         report.error(outlet, "the outlet " + quoted(name) + " of " + classNameOf(source) + " cannot hold a " +
@@ -71,9 +71,9 @@ void connectAction(const InterfaceElement& action, NSObject& source, const Inter
     }
     NSObject& target = *destination->object;
     if (!respondsToSelector(target, selector)) {
-        const ObjectClass* targetClass = ClassRegistry::shared().classOf(target);
+        const ObjectClass& targetClass = ClassRegistry::shared().classOf(target);
         report.error(action, classNameOf(target) + " has no action " + quoted(selector) +
-                                 (targetClass != nullptr ? suggestion(selector, targetClass->actionNames()) : ""));
+                                 suggestion(selector, targetClass.actionNames()));
     } else if (control != nullptr && event != 0) {
         control->addTargetActionForControlEvents(destination->object, selector, event);
     }

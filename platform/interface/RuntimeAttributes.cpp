@@ -84,8 +84,7 @@ std::shared_ptr<NSObject> ownerOfKey(std::shared_ptr<NSObject> object, std::stri
                                      const InterfaceElement& attribute, InterfaceReport& report) {
     for (std::size_t dot = keyPath.find('.'); dot != std::string_view::npos; dot = keyPath.find('.')) {
         const std::string_view part = keyPath.substr(0, dot);
-        const ObjectClass* objectClass = ClassRegistry::shared().classOf(*object);
-        const ObjectClass::ObjectGetter* getter = objectClass != nullptr ? objectClass->object(part) : nullptr;
+        const ObjectClass::ObjectGetter* getter = ClassRegistry::shared().classOf(*object).object(part);
         std::shared_ptr<NSObject> next = getter != nullptr ? (*getter)(*object) : nullptr;
         if (!next) {
             report.error(attribute, classNameOf(*object) + " has no part \"" + std::string(part) + "\"");
@@ -105,11 +104,11 @@ void setAttribute(const InterfaceElement& attribute, const std::shared_ptr<NSObj
     if (!owner) {
         return;
     }
-    const ObjectClass* ownerClass = ClassRegistry::shared().classOf(*owner);
-    const ObjectClass::PropertySetter* setter = ownerClass != nullptr ? ownerClass->property(key) : nullptr;
+    const ObjectClass& ownerClass = ClassRegistry::shared().classOf(*owner);
+    const ObjectClass::PropertySetter* setter = ownerClass.property(key);
     if (setter == nullptr) {
         report.error(attribute, classNameOf(*owner) + " has no key \"" + std::string(key) + "\"" +
-                                    (ownerClass != nullptr ? suggestion(key, ownerClass->propertyNames()) : ""));
+                                    suggestion(key, ownerClass.propertyNames()));
     } else if (value && (*setter)(*owner, *value) == Acceptance::wrongType) {
         report.error(attribute, "the key \"" + std::string(key) + "\" of " + classNameOf(*owner) + " does not take " +
                                     kindOf(*value));

@@ -17,7 +17,9 @@ template <class T>
 class ClassBuilder {
 public:
     ClassBuilder(const char* name, const char* superclass)
-        : m_class(ClassRegistry::shared().add(name, superclass, typeid(T))) {}
+        : m_class(ClassRegistry::shared().add(name, superclass, typeid(T), [](const NSObject& object) {
+              return dynamic_cast<const T*>(&object) != nullptr;
+          })) {}
 
     /// Interface files can make it, through its constructor from an NSCoder.
     ClassBuilder& madeByCoder() {

@@ -8,10 +8,11 @@ ClassRegistry& ClassRegistry::shared() {
 }
 
 ClassRegistry::ClassRegistry() {
-    add("NSObject", "", typeid(NSObject));
+    add("NSObject", "", typeid(NSObject), [](const NSObject&) { return true; });
 }
 
-ObjectClass& ClassRegistry::add(std::string name, std::string_view superclassName, std::type_index type) {
+ObjectClass& ClassRegistry::add(std::string name, std::string_view superclassName, std::type_index type,
+                                ObjectClass::Check isClassOf) {
     if (ObjectClass* known = find(name)) {
         if (known->type != type) {
             fatalError("two classes are named " + name);
@@ -22,9 +23,10 @@ ObjectClass& ClassRegistry::add(std::string name, std::string_view superclassNam
     if (superclass == nullptr && !superclassName.empty()) {
         fatalError("class " + name + " is registered before its superclass " + std::string(superclassName));
     }
-    auto made = std::make_unique<ObjectClass>(name, superclass, type);
+    auto made = std::make_unique<ObjectClass>(name, superclass, type, isClassOf);
     ObjectClass& added = *made;
     m_byType.emplace(type, &added);
+    m_nearest.clear(); // the new class may be nearer
     m_byName.emplace(std::move(name), std::move(made));
     return added;
 }
@@ -34,9 +36,26 @@ ObjectClass* ClassRegistry::find(std::string_view name) {
     return found == m_byName.end() ? nullptr : found->second.get();
 }
 
-const ObjectClass* ClassRegistry::classOf(const NSObject& object) const {
-    const auto found = m_byType.find(typeid(object));
-    return found == m_byType.end() ? nullptr : found->second;
+const ObjectClass& ClassRegistry::classOf(const NSObject& object) {
+    const std::type_index type = typeid(object);
+    if (const auto found = m_byType.find(type); found != m_byType.end()) {
+        return *found->second;
+    }
+    const ObjectClass*& nearest = m_nearest[type];
+    if (nearest == nullptr) {
+        nearest = &nearestClass(object);
+    }
+    return *nearest;
+}
+
+const ObjectClass& ClassRegistry::nearestClass(const NSObject& object) const {
+    const ObjectClass* nearest = m_byName.find("NSObject")->second.get();
+    for (const auto& [name, known] : m_byName) {
+        if (known->depth() > nearest->depth() && known->isClassOf(object)) {
+            nearest = known.get();
+        }
+    }
+    return *nearest;
 }
 
 std::string ClassRegistry::nameOf(std::type_index type) const {
@@ -52,21 +71,12 @@ std::vector<std::string> ClassRegistry::names() const {
     return names;
 }
 
-namespace {
-
-const ObjectClass::Action* actionOf(const NSObject& object, std::string_view selector) {
-    const ObjectClass* objectClass = ClassRegistry::shared().classOf(object);
-    return objectClass == nullptr ? nullptr : objectClass->action(selector);
-}
-
-} // namespace
-
 std::string classNameOf(const NSObject& object) {
-    return ClassRegistry::shared().nameOf(typeid(object));
+    return ClassRegistry::shared().classOf(object).name;
 }
 
 bool performSelector(NSObject& object, std::string_view selector, NSObject* sender) {
-    const ObjectClass::Action* action = actionOf(object, selector);
+    const ObjectClass::Action* action = ClassRegistry::shared().classOf(object).action(selector);
     if (action == nullptr) {
         return false;
     }
@@ -76,5 +86,9 @@ bool performSelector(NSObject& object, std::string_view selector, NSObject* send
 }
 
 bool respondsToSelector(const NSObject& object, std::string_view selector) {
-    return actionOf(object, selector) != nullptr;
+    return ClassRegistry::shared().classOf(object).action(selector) != nullptr;
+}
+
+bool canBeAskedForSelectors(const NSObject& object) {
+    return ClassRegistry::shared().classOf(object).superclass != nullptr;
 }

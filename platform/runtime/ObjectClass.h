@@ -26,9 +26,14 @@ public:
     /// The second argument is the sender; null for actions that take none.
     using Action = std::function<void(NSObject&, NSObject*)>;
 
-    ObjectClass(std::string className, const ObjectClass* parent, std::type_index objectType)
-        : name(std::move(className)), superclass(parent), type(objectType) {}
+    /// Whether an object is of the class or of one derived from it.
+    using Check = bool (*)(const NSObject&);
 
+    ObjectClass(std::string className, const ObjectClass* parent, std::type_index objectType, Check check)
+        : name(std::move(className)), superclass(parent), type(objectType), isClassOf(check) {}
+
+    /// How many superclasses it has.
+    [[nodiscard]] int depth() const { return superclass == nullptr ? 0 : superclass->depth() + 1; }
     /// Looks through this class and its superclasses; null when there is none of that name.
     [[nodiscard]] const OutletSetter* outlet(std::string_view key) const;
     [[nodiscard]] const PropertySetter* property(std::string_view key) const;
@@ -42,6 +47,7 @@ public:
     std::string name;
     const ObjectClass* superclass;
     std::type_index type;
+    Check isClassOf;
     Factory factory; // empty for classes that interface files cannot make
     std::map<std::string, OutletSetter, std::less<>> outlets;
     std::map<std::string, PropertySetter, std::less<>> properties;

@@ -126,7 +126,7 @@ TEST_F(CategoryScreen, HidesTheBarOfItsNavigationControllerAndGoesBack) {
 TEST_F(CategoryScreen, HasOutletsForScenesThatConnectMore) {
     open();
     const auto screen = screenByItself();
-    const ObjectClass* names = ClassRegistry::shared().classOf(*screen);
+    const ObjectClass* names = &ClassRegistry::shared().classOf(*screen);
     const auto label = std::make_shared<UILabel>();
     for (const char* name : {"lblFriends", "lblFamily", "lblCouple", "lblRandom", "viewOptions1", "viewOptions2",
                              "viewOptions3", "viewOptions4", "imgSelect1", "imgSelect2", "imgSelect3", "imgSelect4"}) {

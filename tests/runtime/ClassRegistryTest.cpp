@@ -18,10 +18,18 @@ protected:
 
 } // namespace
 
-TEST_F(ClassRegistryTest, KnowsTheClassOfAnObjectByItsExactType) {
+TEST_F(ClassRegistryTest, TakesAnObjectForItsClassOrTheNearestBaseThatIsRegistered) {
+    class Plain : public NSObject {};
+    class Late : public Unregistered {};
+    class Latest : public Late {};
     EXPECT_EQ(classNameOf(*std::make_shared<Base>()), "Base");
-    EXPECT_EQ(classNameOf(*std::make_shared<Derived>()), "Derived");
-    EXPECT_EQ(classNameOf(*std::make_shared<Unregistered>()), "NSObject");
+    EXPECT_EQ(classNameOf(*std::make_shared<Unregistered>()), "Derived");
+    EXPECT_EQ(classNameOf(*std::make_shared<Latest>()), "Derived");
+    EXPECT_TRUE(canBeAskedForSelectors(*std::make_shared<Latest>()));
+    ClassBuilder<Late>("Late", "Derived");
+    EXPECT_EQ(classNameOf(*std::make_shared<Latest>()), "Late") << "registered after it was asked for";
+    EXPECT_EQ(classNameOf(*std::make_shared<Plain>()), "NSObject");
+    EXPECT_FALSE(canBeAskedForSelectors(*std::make_shared<Plain>()));
     EXPECT_EQ(ClassRegistry::shared().find("Nothing"), nullptr);
 }
 
@@ -88,7 +96,7 @@ TEST_F(ClassRegistryTest, RunsActionsBySelectorText) {
     EXPECT_EQ(object->closings, 1);
     EXPECT_FALSE(performSelector(*object, "tapped", nullptr));
     EXPECT_FALSE(respondsToSelector(*object, "radius"));
-    const auto derived = std::make_shared<Derived>(); // overrides the action
+    const auto derived = std::make_shared<Unregistered>(); // its base overrides the action
     EXPECT_TRUE(performSelector(*derived, "tapped:", nullptr));
     EXPECT_EQ(derived->closings, 2);
 }
@@ -116,7 +124,7 @@ TEST_F(ClassRegistryTest, AnObjectOutlivesTheActionThatDropsIt) {
 }
 
 TEST_F(ClassRegistryTest, OneNameForTwoClassesStopsTheProgram) {
-    EXPECT_DEATH(ClassRegistry::shared().add("Base", "NSObject", typeid(Part)), "two classes are named Base");
-    EXPECT_DEATH(ClassRegistry::shared().add("Orphan", "Nothing", typeid(int)),
+    EXPECT_DEATH(ClassRegistry::shared().add("Base", "NSObject", typeid(Part), nullptr), "two classes are named Base");
+    EXPECT_DEATH(ClassRegistry::shared().add("Orphan", "Nothing", typeid(int), nullptr),
                  "class Orphan is registered before its superclass Nothing");
 }

@@ -102,7 +102,8 @@ TEST_F(DrawingViewTest, ForgetsATouchThatDidNotMove) {
 }
 
 TEST_F(DrawingViewTest, TellsADelegateWhatItImplements) {
-    auto begin = std::make_shared<BeginDelegate>();
+    class DelegateOfTheCode : public BeginDelegate {}; // no registry names it
+    auto begin = std::make_shared<DelegateOfTheCode>();
     canvas->setDelegate(begin);
     stroke({0, 0}, {1, 1});
     EXPECT_EQ(begin->calls, "began ");

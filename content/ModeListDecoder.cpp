@@ -1,7 +1,5 @@
 #include "content/ModeListDecoder.h"
 
-#include "platform/foundation/JSONDocument.h"
-
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -139,5 +137,9 @@ Result<std::vector<ModeSectionDTO>> decodeModeList(std::string text) {
     if (!document) {
         return document.failure();
     }
-    return ModeListDecoder(document.value()).decode();
+    return decodeModeList(document.value());
+}
+
+Result<std::vector<ModeSectionDTO>> decodeModeList(const JSONDocument& document) {
+    return ModeListDecoder(document).decode();
 }

@@ -2,7 +2,7 @@
 
 #include "content/ModeSectionDTO.h"
 
-#include "platform/foundation/Result.h"
+#include "platform/foundation/JSONDocument.h"
 
 #include <string>
 #include <vector>
@@ -12,3 +12,5 @@
 /// example: section 2, item 3: "isSelected" must be true or false, but is a number. Its place is that of the wrong
 /// value, or of the object that lacks a key. Any thread.
 [[nodiscard]] Result<std::vector<ModeSectionDTO>> decodeModeList(std::string text);
+/// The same for a text that has been parsed.
+[[nodiscard]] Result<std::vector<ModeSectionDTO>> decodeModeList(const JSONDocument& document);

@@ -5,6 +5,7 @@
 #include "platform/foundation/NSURLComponents.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
 #include "platform/uikit/window/UIScreen.h"
+#include "simulator/conversation/BundleSetup.h"
 
 using Style = MSMessagesAppPresentationStyle;
 
@@ -20,7 +21,7 @@ std::chrono::milliseconds nowInMilliseconds() {
 
 } // namespace
 
-/// The extension's way out: opens every link, by writing it down.
+/// What the extension opens links through: every link is taken, by writing it down.
 class ConversationHost::Context : public NSExtensionContext {
 public:
     explicit Context(std::weak_ptr<ConversationHost> host) : m_host(std::move(host)) {}
@@ -39,17 +40,8 @@ private:
     std::weak_ptr<ConversationHost> m_host;
 };
 
-std::shared_ptr<ConversationHost> ConversationHost::create(Device device, std::vector<std::string> participants,
-                                                           EventLog& log) {
-    struct Made : ConversationHost {
-        Made(Device device, std::vector<std::string> participants, EventLog& log)
-            : ConversationHost(std::move(device), std::move(participants), log) {}
-    };
-    return std::make_shared<Made>(std::move(device), std::move(participants), log);
-}
-
-ConversationHost::ConversationHost(Device device, std::vector<std::string> participants, EventLog& log)
-    : m_device(std::move(device)), m_log(log), m_remoteCount(participants.size()) {
+ConversationHost::ConversationHost(Device device, const std::vector<std::string>& participants, Listener listener)
+    : m_device(std::move(device)), m_listener(std::move(listener)), m_remoteCount(participants.size()) {
     m_people.emplace_back("me", NSUUID::UUID());
     for (const std::string& name : participants) {
         m_people.emplace_back(name, NSUUID::UUID());
@@ -75,13 +67,11 @@ void ConversationHost::activate(const std::shared_ptr<MSMessage>& bubble) {
 }
 
 void ConversationHost::open() {
-    const std::optional<std::string> name =
-        NSBundle::mainBundle().objectForInfoDictionaryKeyPath({"NSExtension", "NSExtensionMainStoryboard"});
+    const std::optional<std::string> name = mainStoryboardName();
     if (!name) {
-        fatalError("Info.plist of the bundle names no main storyboard (NSExtension, NSExtensionMainStoryboard)");
+        fatalError("Info.plist of the bundle names no main storyboard (" + std::string(mainStoryboardKey) + ")");
     }
-    const std::shared_ptr<UIStoryboard> storyboard =
-        UIStoryboard::storyboardWithNameBundle(*name, NSBundle::mainBundle());
+    const auto storyboard = UIStoryboard::storyboardWithNameBundle(*name, NSBundle::mainBundle());
     m_controller =
         std::dynamic_pointer_cast<MSMessagesAppViewController>(storyboard->instantiateInitialViewController());
     if (!m_controller) {
@@ -158,6 +148,13 @@ void ConversationHost::linkOpened(const NSURL& url) {
     note("link", "opened the link " + url.absoluteString());
     for (const NSURLQueryItem& item : NSURLComponents::componentsWithURL(url).queryItems) {
         note("link item", "    " + item.name + " = " + item.value.value_or("(no value)"));
+    }
+}
+
+void ConversationHost::note(std::string kind, std::string text) {
+    m_events.push_back({nowInMilliseconds(), std::move(kind), std::move(text)});
+    if (m_listener) {
+        m_listener(m_events.back());
     }
 }
 

@@ -4,16 +4,23 @@
 #include "platform/messages/MSMessagesAppViewController.h"
 #include "platform/uikit/window/UIWindow.h"
 #include "simulator/conversation/Device.h"
-#include "simulator/conversation/EventLog.h"
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+/// Something that happened in the conversation, told in words.
+struct Event {
+    std::chrono::milliseconds time{0}; // since the conversation began, on the run loop's clock
+    std::string kind;                  // "activation", "style", "tap", "screen", "link" …
+    std::string text;
+};
+
 /// Plays the Messages app around one extension: makes its principal controller from the main bundle's storyboard,
-/// shows it in a window, drives its callbacks and answers what it asks for. People are called "me", "A", "B" …; made by
-/// create(), closed before the run loop is reset.
+/// shows it in a window, drives its callbacks, answers what it asks for and writes down what happens. People are called
+/// "me", "A", "B" …; made by std::make_shared, closed before the run loop is reset.
 class ConversationHost : public MSMessagesAppHost, public std::enable_shared_from_this<ConversationHost> {
 public:
     struct StyleRequest {
@@ -25,10 +32,11 @@ public:
         std::chrono::milliseconds time{0};
         NSURL url;
     };
+    using Listener = std::function<void(const Event&)>;
 
-    /// `participants` are the others, in the order in which the extension is told of them.
-    [[nodiscard]] static std::shared_ptr<ConversationHost> create(Device device, std::vector<std::string> participants,
-                                                                  EventLog& log);
+    /// `participants` are the others, in the order in which the extension is told of them; `listener`, if any, hears
+    /// of each event as it happens.
+    ConversationHost(Device device, const std::vector<std::string>& participants, Listener listener = {});
     ~ConversationHost() override;
 
     [[nodiscard]] bool isOpen() const { return m_controller != nullptr; }
@@ -36,6 +44,7 @@ public:
     [[nodiscard]] const std::shared_ptr<MSMessagesAppViewController>& controller() const { return m_controller; }
     [[nodiscard]] const Device& device() const { return m_device; }
     [[nodiscard]] MSMessagesAppPresentationStyle style() const { return m_style; }
+    [[nodiscard]] const std::vector<Event>& events() const { return m_events; }
     [[nodiscard]] const std::vector<StyleRequest>& styleRequests() const { return m_styleRequests; }
     [[nodiscard]] const std::vector<OpenedLink>& links() const { return m_links; }
 
@@ -56,7 +65,8 @@ public:
     /// Runs what is due now and lays the window out.
     void settle();
     void advance(std::chrono::milliseconds time);
-    void note(std::string kind, std::string text) { m_log.add(std::move(kind), std::move(text)); }
+    /// Writes an event down.
+    void note(std::string kind, std::string text);
 
     void presentationStyleRequested(MSMessagesAppViewController& controller,
                                     MSMessagesAppPresentationStyle style) override;
@@ -64,7 +74,6 @@ public:
 private:
     class Context;
 
-    ConversationHost(Device device, std::vector<std::string> participants, EventLog& log);
     void open();
     void place();
     void linkOpened(const NSURL& url);
@@ -73,13 +82,14 @@ private:
     [[nodiscard]] std::shared_ptr<MSConversation> conversation();
 
     Device m_device;
-    EventLog& m_log;
+    Listener m_listener;
     std::vector<std::pair<std::string, NSUUID>> m_people; // first "me"
     std::size_t m_remoteCount;
     std::shared_ptr<UIWindow> m_window;
     std::shared_ptr<MSMessagesAppViewController> m_controller;
     std::shared_ptr<MSMessage> m_bubble;
     MSMessagesAppPresentationStyle m_style = MSMessagesAppPresentationStyle::compact;
+    std::vector<Event> m_events;
     std::vector<StyleRequest> m_styleRequests;
     std::vector<OpenedLink> m_links;
 };

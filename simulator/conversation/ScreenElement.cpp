@@ -1,9 +1,10 @@
+#include "simulator/conversation/ScreenElement.h"
+
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/controls/UIControl.h"
 #include "platform/uikit/controls/UIImageView.h"
 #include "platform/uikit/controls/UIScrollView.h"
-#include "simulator/conversation/Screen.h"
-#include "simulator/conversation/ViewText.h"
+#include "simulator/conversation/ViewTree.h"
 
 #include <algorithm>
 #include <cmath>

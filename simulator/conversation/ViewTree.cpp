@@ -3,13 +3,24 @@
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UILabel.h"
 #include "platform/uikit/controls/UIScrollView.h"
-#include "simulator/conversation/ViewText.h"
+#include "platform/uikit/controls/UITextField.h"
 
 #include <array>
 #include <cstdio>
 
 namespace {
+
+std::string ownText(const UIView& view) {
+    if (const auto* label = dynamic_cast<const UILabel*>(&view)) {
+        return label->text().value_or("");
+    }
+    if (const auto* field = dynamic_cast<const UITextField*>(&view)) {
+        return field->text().value_or("").empty() ? field->placeholder() : *field->text();
+    }
+    return "";
+}
 
 std::string numberText(CGFloat number) {
     std::array<char, 32> text{};
@@ -75,4 +86,14 @@ std::string describeTree(const UIView& view, TreeDetail detail) {
     std::string tree;
     append(tree, view, detail, 0);
     return tree;
+}
+
+std::vector<std::string> textsOf(const UIView& view) {
+    std::vector<std::string> texts;
+    for (std::string text : {ownText(view), view.accessibilityLabel()}) {
+        if (!text.empty()) {
+            texts.push_back(std::move(text));
+        }
+    }
+    return texts;
 }

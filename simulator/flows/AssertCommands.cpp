@@ -1,11 +1,9 @@
-#include "simulator/conversation/ConversationHost.h"
-#include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowCommands.h"
 
 #include "platform/foundation/FileReading.h"
 #include "platform/foundation/NSURLComponents.h"
+#include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
-#include "simulator/flows/Selector.h"
 
 #include <filesystem>
 #include <fstream>
@@ -20,19 +18,27 @@ std::string inLines(const std::vector<std::string>& lines) {
     return lines.empty() ? " none" : text;
 }
 
-Outcome compareItem(const NSURLComponents& link, const std::string& name, const std::string& expected) {
+/// The failure, unless what was expected is so.
+std::optional<Failure> expect(bool isSo, std::string otherwise) {
+    return isSo ? std::nullopt : std::optional(Failure{std::move(otherwise)});
+}
+
+std::optional<Failure> compareItem(const NSURLComponents& link, const std::string& name, const std::string& expected) {
     for (const NSURLQueryItem& item : link.queryItems) {
         if (item.name == name) {
             const std::string found = item.value.value_or("");
-            return found == expected ? Outcome()
-                                     : Failure{"the link's " + name + " is '" + found + "', not '" + expected + "'"};
+            return expect(found == expected, "the link's " + name + " is '" + found + "', not '" + expected + "'");
         }
     }
     return Failure{"the link has no item '" + name + "'"};
 }
 
-Outcome noLink() {
-    return Failure{"no link was opened since the last assertLink"};
+/// Compares the next link that was opened.
+FlowAction withNextLink(std::function<std::optional<Failure>(const NSURL&)> compare) {
+    return [compare = std::move(compare)](FlowPlayer& player) -> std::optional<Failure> {
+        const std::optional<NSURL> link = player.nextLink();
+        return link ? compare(*link) : Failure{"no link was opened since the last assertLink"};
+    };
 }
 
 FlowAction readLinkItems(const FlowValue& value) {
@@ -41,27 +47,23 @@ FlowAction readLinkItems(const FlowValue& value) {
         const auto item = value.find(entry.key.text);
         items.emplace_back(entry.key.text, item->isNothing() ? "" : item->text());
     }
-    return [items](FlowPlayer& player) -> Outcome {
-        const std::optional<NSURL> link = player.nextLink();
-        if (!link) {
-            return noLink();
-        }
-        const NSURLComponents parts = NSURLComponents::componentsWithURL(*link);
+    return withNextLink([items](const NSURL& link) -> std::optional<Failure> {
+        const NSURLComponents parts = NSURLComponents::componentsWithURL(link);
         for (const auto& [name, expected] : items) {
-            if (Outcome difference = compareItem(parts, name, expected)) {
+            if (std::optional<Failure> difference = compareItem(parts, name, expected)) {
                 return difference;
             }
         }
         return std::nullopt;
-    };
+    });
 }
 
-Outcome recordTree(const std::string& path, const std::string& tree) {
+Failure recordTree(const std::string& path, const std::string& tree) {
     std::ofstream file(path, std::ios::binary);
     file << tree;
     file.close();
-    return Failure{file ? "there was no " + path + ": it has been recorded; look at it, then play the flow again"
-                        : path + " cannot be written"};
+    return {file ? "there was no " + path + ": it has been recorded; look at it, then play the flow again"
+                 : path + " cannot be written"};
 }
 
 /// The first line in which two trees differ.
@@ -81,18 +83,16 @@ std::string firstDifference(const std::string& expected, const std::string& actu
            lineAt(actual);
 }
 
-} // namespace
-
 FlowAction readAssertVisible(const FlowValue& value) {
-    return [selector = readSelector(value)](FlowPlayer& player) -> Outcome {
-        return player.waitForElement(selector) ? Outcome() : player.missing(selector);
+    return [selector = value.selector()](FlowPlayer& player) {
+        return player.waitForElement(selector) ? std::nullopt : std::optional(player.missing(selector));
     };
 }
 
 FlowAction readAssertNotVisible(const FlowValue& value) {
-    return [selector = readSelector(value)](FlowPlayer& player) -> Outcome {
-        const auto gone = [&] { return !Screen(player.host().window()).find(selector); };
-        return player.waitUntil(gone) ? Outcome() : Failure{describe(selector) + " is visible and should not be"};
+    return [selector = value.selector()](FlowPlayer& player) {
+        const bool isGone = player.waitUntil([&] { return !player.find(selector); });
+        return expect(isGone, selector.describe() + " is visible and should not be");
     };
 }
 
@@ -100,29 +100,23 @@ FlowAction readAssertLink(const FlowValue& value) {
     if (value.isMap()) {
         return readLinkItems(value);
     }
-    return [expected = value.name()](FlowPlayer& player) -> Outcome {
-        const std::optional<NSURL> link = player.nextLink();
-        if (!link) {
-            return noLink();
-        }
-        return link->absoluteString() == expected
-                   ? Outcome()
-                   : Failure{"the link is\n      " + link->absoluteString() + "\n   not\n      " + expected};
-    };
+    return withNextLink([expected = value.name()](const NSURL& link) {
+        return expect(link.absoluteString() == expected,
+                      "the link is\n      " + link.absoluteString() + "\n   not\n      " + expected);
+    });
 }
 
 FlowAction readAssertDebug(const FlowValue& value) {
-    return [expected = value.texts()](FlowPlayer& player) -> Outcome {
+    return [expected = value.texts()](FlowPlayer& player) {
         const std::vector<std::string> lines = player.takeDebugLines();
-        return lines == expected
-                   ? Outcome()
-                   : Failure{"the debug lines are:" + inLines(lines) + "\n   expected:" + inLines(expected)};
+        return expect(lines == expected,
+                      "the debug lines are:" + inLines(lines) + "\n   expected:" + inLines(expected));
     };
 }
 
 FlowAction readAssertTree(const FlowValue& value) {
-    return [name = value.name()](FlowPlayer& player) -> Outcome {
-        const std::string path = player.besideFlow(name);
+    return [name = value.name()](FlowPlayer& player) -> std::optional<Failure> {
+        const std::string path = player.flow().besideIt(name);
         const std::string tree = describeTree(player.host().window(), TreeDetail::stable);
         std::error_code error;
         if (!std::filesystem::exists(path, error)) {
@@ -130,19 +124,28 @@ FlowAction readAssertTree(const FlowValue& value) {
         }
         const Result<std::string> expected = readWholeFile(path);
         if (!expected) {
-            return Failure{expected.failure().what};
+            return expected.failure();
         }
-        return tree == expected.value()
-                   ? Outcome()
-                   : Failure{"the view tree is not that of " + path + ", " + firstDifference(expected.value(), tree)};
+        return expect(tree == expected.value(),
+                      "the view tree is not that of " + path + ", " + firstDifference(expected.value(), tree));
     };
 }
 
 FlowAction readAssertStyleRequests(const FlowValue& value) {
-    return [expected = value.count()](FlowPlayer& player) -> Outcome {
+    return [expected = value.count()](FlowPlayer& player) {
         const int requests = static_cast<int>(player.host().styleRequests().size());
-        return requests == expected ? Outcome()
-                                    : Failure{"the extension asked for a presentation style " +
-                                              std::to_string(requests) + " times, not " + std::to_string(expected)};
+        return expect(requests == expected, "the extension asked for a presentation style " + std::to_string(requests) +
+                                                " times, not " + std::to_string(expected));
     };
+}
+
+} // namespace
+
+const std::vector<FlowCommand>& assertCommands() {
+    static const std::vector<FlowCommand> commands{
+        {"assertVisible", readAssertVisible}, {"assertNotVisible", readAssertNotVisible},
+        {"assertLink", readAssertLink},       {"assertDebug", readAssertDebug},
+        {"assertTree", readAssertTree},       {"assertStyleRequests", readAssertStyleRequests},
+    };
+    return commands;
 }

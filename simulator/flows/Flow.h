@@ -1,7 +1,9 @@
 #pragma once
 
 #include "platform/foundation/Result.h"
+#include "simulator/conversation/BundleSetup.h"
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -9,20 +11,14 @@
 
 class FlowPlayer;
 
-/// Absent when a step did what it should.
-using Outcome = std::optional<Failure>;
+/// What a command does; a failure when that did not come about.
+using FlowAction = std::function<std::optional<Failure>(FlowPlayer&)>;
 
 /// One command of a flow, ready to be played.
 struct FlowStep {
     TextPlace place;
     std::string command;
-    std::function<Outcome(FlowPlayer&)> run;
-};
-
-/// A bundle resource that the extension sees instead of the real one; no file means that it sees none.
-struct ResourceOverride {
-    std::string name; // with its extension, for example "Friends.json"
-    std::optional<std::string> file;
+    FlowAction run;
 };
 
 /// A scripted visit to the conversation, as read from one file.
@@ -34,4 +30,9 @@ struct Flow {
     std::vector<std::string> participants{"A", "B"}; // the other people in the conversation, in the host's order
     std::vector<ResourceOverride> overrides;
     std::vector<FlowStep> steps;
+
+    /// Files that a flow names stand beside it.
+    [[nodiscard]] std::string besideIt(const std::string& other) const {
+        return (std::filesystem::path(file).parent_path() / other).string();
+    }
 };

@@ -38,7 +38,7 @@ std::size_t afterClosingQuote(std::string_view line, std::size_t start) {
 }
 
 /// YAML lets a quoted text run on over the following lines; in a flow that is always a forgotten quote.
-void checkQuotes(std::string_view line, int number, FlowProblems& problems) {
+void checkQuotes(std::string_view line, int number, std::vector<Failure>& problems) {
     std::size_t i = 0;
     while (i < line.size()) {
         const bool quote = line[i] == '\'' || line[i] == '"';
@@ -51,21 +51,21 @@ void checkQuotes(std::string_view line, int number, FlowProblems& problems) {
         }
         const std::size_t end = afterClosingQuote(line, i);
         if (end == std::string_view::npos) {
-            problems.add(TextPlace{number, static_cast<int>(i) + 1}, "this quote is not closed on its line");
+            problems.push_back({"this quote is not closed on its line", TextPlace{number, static_cast<int>(i) + 1}});
             return;
         }
         i = end;
     }
 }
 
-void checkLines(const std::string& text, FlowProblems& problems) {
+void checkLines(const std::string& text, std::vector<Failure>& problems) {
     std::istringstream lines(text);
     std::string line;
     for (int number = 1; std::getline(lines, line); ++number) {
         const std::size_t content = line.find_first_not_of(" \t\r");
         const std::size_t tab = line.find('\t');
         if (content != std::string::npos && tab < content) {
-            problems.add(TextPlace{number, static_cast<int>(tab) + 1}, "tab used for indentation; use spaces");
+            problems.push_back({"tab used for indentation; use spaces", TextPlace{number, static_cast<int>(tab) + 1}});
         } else {
             checkQuotes(line, number, problems);
         }
@@ -76,7 +76,7 @@ void checkLines(const std::string& text, FlowProblems& problems) {
 /// itself and too many nodes are problems.
 class Converter {
 public:
-    explicit Converter(FlowProblems& problems) : m_problems(problems) {}
+    explicit Converter(std::vector<Failure>& problems) : m_problems(problems) {}
 
     FlowNode convert(const YAML::Node& node) {
         FlowNode result;
@@ -96,7 +96,7 @@ private:
     void convertInside(const YAML::Node& node, FlowNode& result) {
         const auto inItself = [&node](const YAML::Node* outer) { return outer->is(node); };
         if (std::any_of(m_open.begin(), m_open.end(), inItself)) {
-            m_problems.add(result, "this refers to itself");
+            m_problems.push_back({"this refers to itself", result.place});
             return;
         }
         m_open.push_back(&node);
@@ -113,7 +113,7 @@ private:
     /// Whether one more node may be read; complains of the first that may not.
     bool hasRoom(const FlowNode& place) {
         if (++m_nodes == mostNodes) {
-            m_problems.add(place, "this is too much for one flow");
+            m_problems.push_back({"this is too much for one flow", place.place});
         }
         return m_nodes < mostNodes;
     }
@@ -135,9 +135,9 @@ private:
             }
             FlowEntry entry{convert(pair.first), convert(pair.second)};
             if (entry.key.kind != FlowNode::Kind::text) {
-                m_problems.add(entry.key, "a key must be a plain word");
+                m_problems.push_back({"a key must be a plain word", entry.key.place});
             } else if (!seen.insert(entry.key.text).second) {
-                m_problems.add(entry.key, "'" + entry.key.text + "' is written twice");
+                m_problems.push_back({"'" + entry.key.text + "' is written twice", entry.key.place});
             }
             if (entry.value.kind == FlowNode::Kind::nothing) { // YAML places what is not there one line too low
                 entry.value.place = entry.key.place;
@@ -146,32 +146,33 @@ private:
         }
     }
 
-    FlowProblems& m_problems;
+    std::vector<Failure>& m_problems;
     std::vector<const YAML::Node*> m_open; // the nodes around the one that is being read
     std::size_t m_nodes = 0;
 };
 
 } // namespace
 
-std::vector<FlowNode> readFlowDocuments(const std::string& text, FlowProblems& problems) {
+std::vector<FlowNode> readFlowDocuments(const std::string& text, std::vector<Failure>& problems) {
     constexpr std::size_t largest = 1'000'000; // bytes; the YAML library takes a hundred times as much memory
     std::vector<FlowNode> documents;
     if (text.size() > largest) {
-        problems.add(std::nullopt, "the flow is larger than 1 MB");
+        problems.push_back({"the flow is larger than 1 MB"});
         return documents;
     }
     checkLines(text, problems);
-    if (problems.findings().empty()) {
+    if (problems.empty()) {
         try {
             Converter converter(problems);
             for (const YAML::Node& document : YAML::LoadAll(text)) {
                 documents.push_back(converter.convert(document));
             }
         } catch (const YAML::Exception& error) {
-            problems.add(TextPlace{error.mark.line + 1, error.mark.column + 1}, "not readable as YAML: " + error.msg);
+            problems.push_back(
+                {"not readable as YAML: " + error.msg, TextPlace{error.mark.line + 1, error.mark.column + 1}});
         }
     }
-    if (!problems.findings().empty()) {
+    if (!problems.empty()) {
         documents.clear();
     }
     return documents;

@@ -4,8 +4,6 @@
 #include "platform/foundation/Nearest.h"
 #include "platform/uikit/view/LayoutReports.h"
 
-#include <filesystem>
-
 namespace {
 
 constexpr std::chrono::milliseconds patience(7000);
@@ -13,17 +11,16 @@ constexpr std::chrono::milliseconds step(50);
 
 } // namespace
 
-FlowPlayer::FlowPlayer(const Flow& flow, Device device, std::function<void(const Event&)> listener,
-                       PictureSettings pictures)
-    : m_flow(flow), m_pictures(std::move(pictures)), m_log(std::move(listener)) {
+FlowPlayer::FlowPlayer(const Flow& flow, Device device, ConversationHost::Listener listener, PictureSettings pictures)
+    : m_flow(flow), m_pictures(std::move(pictures)) {
     MainRunLoop::shared().useVirtualClock();
-    m_host = ConversationHost::create(std::move(device), flow.participants, m_log);
+    m_host = std::make_shared<ConversationHost>(std::move(device), flow.participants, std::move(listener));
     MainRunLoop::shared().setTurnObserver([this] {
         m_host->window().layoutIfNeeded();
-        m_story.tell(*m_host);
+        m_narrator.tell(*m_host);
     });
     setDebugConsoleObserver([this](std::string_view line) { m_debugLines.emplace_back(line); });
-    setLayoutReportObserver([this](const std::string& report) { m_log.add("layout", report); });
+    setLayoutReportObserver([this](const std::string& report) { m_host->note("layout", report); });
 }
 
 FlowPlayer::~FlowPlayer() {
@@ -37,17 +34,17 @@ FlowResult FlowPlayer::play() {
     for (const FlowStep& flowStep : m_flow.steps) {
         playStep(flowStep);
     }
-    return {m_flow.file,  m_flow.name,     m_host->device().name,   m_log.events(),
+    return {m_flow.file,  m_flow.name,     m_host->device().name,   m_host->events(),
             m_debugLines, m_host->links(), m_host->styleRequests(), m_failures};
 }
 
 void FlowPlayer::playStep(const FlowStep& flowStep) {
-    const Outcome outcome = flowStep.run(*this);
+    const std::optional<Failure> failure = flowStep.run(*this);
     m_host->settle();
-    m_story.tell(*m_host);
-    if (outcome) {
-        m_failures.push_back({Severity::error, m_flow.file, flowStep.place, flowStep.command + ": " + outcome->what});
-        m_log.add("failure", m_failures.back().describe());
+    m_narrator.tell(*m_host);
+    if (failure) {
+        m_failures.push_back({Severity::error, m_flow.file, flowStep.place, flowStep.command + ": " + failure->what});
+        m_host->note("failure", m_failures.back().describe());
     }
 }
 
@@ -62,26 +59,30 @@ bool FlowPlayer::waitUntil(const std::function<bool()>& condition) {
     return true;
 }
 
+std::optional<ScreenElement> FlowPlayer::find(const Selector& selector) const {
+    return ElementSearch(m_host->window()).find(selector);
+}
+
 std::optional<ScreenElement> FlowPlayer::waitForElement(const Selector& selector) {
     std::optional<ScreenElement> element;
     waitUntil([&] {
-        element = Screen(m_host->window()).find(selector);
+        element = find(selector);
         return element.has_value();
     });
     return element;
 }
 
 Failure FlowPlayer::missing(const Selector& selector) {
-    const Screen screen(m_host->window());
     if (!m_host->isOpen()) {
         return notOpened();
     }
-    if (screen.hasHidden(selector)) {
-        return {describe(selector) + " is there but cannot be seen: hidden, covered or scrolled away"};
+    const ElementSearch search(m_host->window());
+    if (search.exists(selector)) {
+        return {selector.describe() + " is there but cannot be seen: hidden, covered or scrolled away"};
     }
-    const std::string hint = selector.text ? suggestion(*selector.text, screen.visibleTexts())
-                                           : suggestion(*selector.id, screen.visibleIdentifiers());
-    return {"no " + describe(selector) + " on the screen" + hint};
+    const std::string hint = selector.text ? suggestion(*selector.text, search.visibleTexts())
+                                           : suggestion(*selector.id, search.visibleIdentifiers());
+    return {"no " + selector.describe() + " on the screen" + hint};
 }
 
 Failure FlowPlayer::notOpened() {
@@ -97,8 +98,4 @@ std::vector<std::string> FlowPlayer::takeDebugLines() {
     const auto first = m_debugLines.begin() + static_cast<std::ptrdiff_t>(m_debugLinesTaken);
     m_debugLinesTaken = m_debugLines.size();
     return {first, m_debugLines.end()};
-}
-
-std::string FlowPlayer::besideFlow(const std::string& file) const {
-    return (std::filesystem::path(m_flow.file).parent_path() / file).string();
 }

@@ -2,11 +2,10 @@
 
 #include "platform/foundation/Finding.h"
 #include "simulator/conversation/ConversationHost.h"
-#include "simulator/conversation/Screen.h"
-#include "simulator/conversation/ScreenStory.h"
+#include "simulator/conversation/ElementSearch.h"
+#include "simulator/conversation/ScreenNarrator.h"
 #include "simulator/flows/Flow.h"
-#include "simulator/flows/FlowResult.h"
-#include "simulator/pictures/PictureSettings.h"
+#include "simulator/pictures/PictureComparison.h"
 
 #include <functional>
 #include <memory>
@@ -14,11 +13,23 @@
 #include <string>
 #include <vector>
 
+/// What came of playing one flow.
+struct FlowResult {
+    std::string file;
+    std::string name;
+    std::string device;
+    std::vector<Event> events;
+    std::vector<std::string> debugLines;
+    std::vector<ConversationHost::OpenedLink> links;
+    std::vector<ConversationHost::StyleRequest> styleRequests;
+    Findings failures; // empty: the flow passed
+};
+
 /// Plays one flow from a fresh conversation to its end, in virtual time; a failed step does not stop it. Commands use
 /// it to reach the host and to wait for what they are about. The main bundle is set up by the caller.
 class FlowPlayer {
 public:
-    FlowPlayer(const Flow& flow, Device device, std::function<void(const Event&)> listener,
+    FlowPlayer(const Flow& flow, Device device, ConversationHost::Listener listener = {},
                PictureSettings pictures = {});
     ~FlowPlayer();
     FlowPlayer(const FlowPlayer&) = delete;
@@ -27,8 +38,11 @@ public:
     [[nodiscard]] FlowResult play();
 
     // For the commands.
-    [[nodiscard]] ConversationHost& host() { return *m_host; }
+    [[nodiscard]] const Flow& flow() const { return m_flow; }
+    [[nodiscard]] ConversationHost& host() const { return *m_host; }
     [[nodiscard]] const PictureSettings& pictures() const { return m_pictures; }
+    /// An element of the screen as it is now.
+    [[nodiscard]] std::optional<ScreenElement> find(const Selector& selector) const;
     /// Lets virtual time pass until the condition holds, seven seconds at most.
     bool waitUntil(const std::function<bool()>& condition);
     [[nodiscard]] std::optional<ScreenElement> waitForElement(const Selector& selector);
@@ -40,16 +54,14 @@ public:
     [[nodiscard]] std::optional<NSURL> nextLink();
     /// The debug lines since the last call.
     [[nodiscard]] std::vector<std::string> takeDebugLines();
-    [[nodiscard]] std::string besideFlow(const std::string& file) const;
 
 private:
     void playStep(const FlowStep& step);
 
     const Flow& m_flow;
     PictureSettings m_pictures;
-    EventLog m_log;
     std::shared_ptr<ConversationHost> m_host;
-    ScreenStory m_story;
+    ScreenNarrator m_narrator;
     std::vector<std::string> m_debugLines;
     Findings m_failures;
     std::size_t m_linksAsked = 0;

@@ -4,6 +4,27 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+
+/// One coordinate, with or without a per cent sign; absent when it is no finite number.
+std::optional<double> coordinate(std::string text, bool relative) {
+    if (relative && !text.empty() && text.back() == '%') {
+        text.pop_back();
+    }
+    char* end = nullptr;
+    const double number = std::strtod(text.c_str(), &end);
+    const bool whole = !text.empty() && *end == '\0' && std::isfinite(number);
+    return whole ? std::optional(number) : std::nullopt;
+}
+
+} // namespace
+
+CGPoint FlowPoint::in(CGSize window) const {
+    return relative ? CGPoint{window.width * x / 100, window.height * y / 100} : CGPoint{x, y};
+}
 
 std::string FlowValue::text() const {
     if (!isText()) {
@@ -64,6 +85,48 @@ std::vector<std::string> FlowValue::texts() const {
     return result;
 }
 
+Selector FlowValue::selectorAmongKeys() const {
+    Selector selector;
+    if (const auto text = find("text")) {
+        selector.text = text->name();
+    }
+    if (const auto id = find("id")) {
+        selector.id = id->name();
+    }
+    if (const auto index = find("index")) {
+        selector.index = index->count();
+    }
+    if (!selector.text && !selector.id) {
+        complain("'text' or 'id' must say which element is meant");
+    }
+    return selector;
+}
+
+Selector FlowValue::selector() const {
+    if (!isMap()) {
+        return {name(), std::nullopt, std::nullopt};
+    }
+    allowOnly({"text", "id", "index"});
+    return selectorAmongKeys();
+}
+
+FlowPoint FlowValue::point() const {
+    const std::string point = text();
+    const std::size_t comma = point.find(',');
+    const bool relative = !point.empty() && point.back() == '%';
+    if (comma != std::string::npos && relative == (comma > 0 && point[comma - 1] == '%')) {
+        const std::optional<double> x = coordinate(point.substr(0, comma), relative);
+        const std::optional<double> y = coordinate(point.substr(comma + 1), relative);
+        if (x && y) {
+            return {*x, *y, relative};
+        }
+    }
+    if (isText()) {
+        complain("a point is written \"120,40\" or \"50%,80%\"");
+    }
+    return {};
+}
+
 std::optional<FlowValue> FlowValue::find(std::string_view key) const {
     for (const FlowEntry& entry : m_node->entries) {
         if (entry.key.text == key) {
@@ -89,7 +152,8 @@ void FlowValue::allowOnly(std::initializer_list<const char*> keys) const {
     }
     for (const FlowEntry& entry : m_node->entries) {
         if (std::find(known.begin(), known.end(), entry.key.text) == known.end()) {
-            m_problems->add(entry.key, "unknown key '" + entry.key.text + "'" + suggestion(entry.key.text, known));
+            m_problems->push_back(
+                {"unknown key '" + entry.key.text + "'" + suggestion(entry.key.text, known), entry.key.place});
         }
     }
 }
@@ -97,5 +161,11 @@ void FlowValue::allowOnly(std::initializer_list<const char*> keys) const {
 void FlowValue::expectNothing() const {
     if (!isNothing()) {
         complain("this command takes no value");
+    }
+}
+
+void FlowValue::expectNothingBut(const char* key) const {
+    if (!isNothing()) {
+        allowOnly({key});
     }
 }

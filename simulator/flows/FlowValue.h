@@ -1,7 +1,8 @@
 #pragma once
 
-#include "simulator/flows/FlowNode.h"
-#include "simulator/flows/FlowProblems.h"
+#include "platform/foundation/Geometry.h"
+#include "simulator/conversation/ElementSearch.h"
+#include "simulator/flows/FlowDocuments.h"
 
 #include <initializer_list>
 #include <optional>
@@ -9,11 +10,20 @@
 #include <string_view>
 #include <vector>
 
+/// A place in the extension's window, in points or as a share of its size.
+struct FlowPoint {
+    double x = 0;
+    double y = 0;
+    bool relative = false; // x and y are per cent
+
+    [[nodiscard]] CGPoint in(CGSize window) const;
+};
+
 /// A value of a flow file while it is turned into a command: typed access that reports what does not fit and then
 /// answers with an empty value, so that one reading finds every problem. Refers to a node and problems that outlive it.
 class FlowValue {
 public:
-    FlowValue(const FlowNode& node, FlowProblems& problems) : m_node(&node), m_problems(&problems) {}
+    FlowValue(const FlowNode& node, std::vector<Failure>& problems) : m_node(&node), m_problems(&problems) {}
 
     [[nodiscard]] bool isNothing() const { return m_node->kind == FlowNode::Kind::nothing; }
     [[nodiscard]] bool isText() const { return m_node->kind == FlowNode::Kind::text; }
@@ -32,17 +42,25 @@ public:
     /// The texts of a list, or one text standing for a list of one.
     [[nodiscard]] std::vector<std::string> texts() const;
 
+    /// An element of the screen: `"Friends"` or `{text: …, id: …, index: …}`.
+    [[nodiscard]] Selector selector() const;
+    /// The same within a map that has other keys, too, and whose keys were checked.
+    [[nodiscard]] Selector selectorAmongKeys() const;
+    /// "120,40" or "50%,80%".
+    [[nodiscard]] FlowPoint point() const;
+
     /// For maps: the value under a key; absent when the key is.
     [[nodiscard]] std::optional<FlowValue> find(std::string_view key) const;
     [[nodiscard]] std::string requiredText(std::string_view key) const;
     /// Reports keys other than these, and a value that is no map.
     void allowOnly(std::initializer_list<const char*> keys) const;
-    /// For commands that take nothing.
+    /// For commands that take nothing, or nothing but settings that may all be left out.
     void expectNothing() const;
+    void expectNothingBut(const char* key) const;
 
-    void complain(const std::string& message) const { m_problems->add(*m_node, message); }
+    void complain(const std::string& message) const { m_problems->push_back({message, m_node->place}); }
 
 private:
     const FlowNode* m_node;
-    FlowProblems* m_problems;
+    std::vector<Failure>* m_problems;
 };

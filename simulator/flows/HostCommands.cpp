@@ -6,11 +6,6 @@ namespace {
 
 using Style = MSMessagesAppPresentationStyle;
 
-/// How long reading the content takes; a flow can act meanwhile.
-void setLoadingTime(int milliseconds) {
-    MainRunLoop::shared().setBackgroundLatency(std::chrono::milliseconds(milliseconds));
-}
-
 int readLoadingTime(const FlowValue& value) {
     const auto time = value.find("loadingTakes");
     return time ? time->count() : 0;
@@ -43,7 +38,7 @@ std::shared_ptr<MSMessage> makeMessage(FlowPlayer& player, const Bubble& bubble)
 /// A command that the host can give only to an extension that is there.
 template <class Act>
 FlowAction whenOpen(Act act) {
-    return [act](FlowPlayer& player) -> Outcome {
+    return [act](FlowPlayer& player) -> std::optional<Failure> {
         if (!player.host().isOpen()) {
             return FlowPlayer::notOpened();
         }
@@ -52,26 +47,37 @@ FlowAction whenOpen(Act act) {
     };
 }
 
-} // namespace
+/// A command that takes no value.
+template <void (ConversationHost::*act)()>
+FlowAction readCall(const FlowValue& value) {
+    value.expectNothing();
+    return whenOpen([](FlowPlayer& player) { (player.host().*act)(); });
+}
 
-FlowAction readLaunchApp(const FlowValue& value) {
-    if (!value.isNothing()) {
-        value.allowOnly({"loadingTakes"});
-    }
-    return [time = readLoadingTime(value)](FlowPlayer& player) -> Outcome {
-        setLoadingTime(time);
-        player.host().activate(nullptr);
+FlowAction advance(int milliseconds) {
+    return [milliseconds](FlowPlayer& player) -> std::optional<Failure> {
+        player.host().advance(std::chrono::milliseconds(milliseconds));
         return std::nullopt;
     };
 }
 
-FlowAction readOpenBubble(const FlowValue& value) {
-    value.allowOnly({"from", "url", "loadingTakes"});
-    return [bubble = readBubbleKeys(value), time = readLoadingTime(value)](FlowPlayer& player) -> Outcome {
-        setLoadingTime(time);
-        player.host().activate(makeMessage(player, bubble));
+FlowAction activate(const std::optional<Bubble>& bubble, int loadingTime) {
+    return [bubble, loadingTime](FlowPlayer& player) -> std::optional<Failure> {
+        // A flow can act while the content is still being read.
+        MainRunLoop::shared().setBackgroundLatency(std::chrono::milliseconds(loadingTime));
+        player.host().activate(bubble ? makeMessage(player, *bubble) : nullptr);
         return std::nullopt;
     };
+}
+
+FlowAction readLaunchApp(const FlowValue& value) {
+    value.expectNothingBut("loadingTakes");
+    return activate(std::nullopt, readLoadingTime(value));
+}
+
+FlowAction readOpenBubble(const FlowValue& value) {
+    value.allowOnly({"from", "url", "loadingTakes"});
+    return activate(readBubbleKeys(value), readLoadingTime(value));
 }
 
 FlowAction readReceiveMessage(const FlowValue& value) {
@@ -80,42 +86,34 @@ FlowAction readReceiveMessage(const FlowValue& value) {
         [bubble = readBubbleKeys(value)](FlowPlayer& player) { player.host().receive(makeMessage(player, bubble)); });
 }
 
-FlowAction readStartSending(const FlowValue& value) {
-    value.expectNothing();
-    return whenOpen([](FlowPlayer& player) { player.host().startSending(); });
-}
-
-FlowAction readCancelSending(const FlowValue& value) {
-    value.expectNothing();
-    return whenOpen([](FlowPlayer& player) { player.host().cancelSending(); });
-}
-
-FlowAction readResign(const FlowValue& value) {
-    value.expectNothing();
-    return whenOpen([](FlowPlayer& player) { player.host().resign(); });
-}
-
 FlowAction readSetStyle(const FlowValue& value) {
-    const std::string word = value.word({"compact", "expanded"});
-    return whenOpen([style = word == "compact" ? Style::compact : Style::expanded](FlowPlayer& player) {
-        player.host().changeStyle(style);
-    });
+    const Style style = value.word({"compact", "expanded"}) == "compact" ? Style::compact : Style::expanded;
+    return whenOpen([style](FlowPlayer& player) { player.host().changeStyle(style); });
 }
 
 FlowAction readWait(const FlowValue& value) {
-    return [time = value.count()](FlowPlayer& player) -> Outcome {
-        player.host().advance(std::chrono::milliseconds(time));
-        return std::nullopt;
-    };
+    return advance(value.count());
 }
 
 FlowAction readWaitForAnimationToEnd(const FlowValue& value) {
-    if (!value.isNothing()) {
-        value.allowOnly({"timeout"});
-    }
+    value.expectNothingBut("timeout");
     const auto limit = value.find("timeout");
-    return [time = limit ? limit->count() : 400](FlowPlayer& player) -> Outcome {
-        player.host().advance(std::chrono::milliseconds(time));
-        return std::nullopt;
+    return advance(limit ? limit->count() : 400);
+}
+
+} // namespace
+
+const std::vector<FlowCommand>& hostCommands() {
+    static const std::vector<FlowCommand> commands{
+        {"launchApp", readLaunchApp},
+        {"openBubble", readOpenBubble},
+        {"receiveMessage", readReceiveMessage},
+        {"startSending", readCall<&ConversationHost::startSending>},
+        {"cancelSending", readCall<&ConversationHost::cancelSending>},
+        {"resign", readCall<&ConversationHost::resign>},
+        {"setStyle", readSetStyle},
+        {"wait", readWait},
+        {"waitForAnimationToEnd", readWaitForAnimationToEnd},
     };
+    return commands;
 }

@@ -1,7 +1,6 @@
 #include "simulator/flows/FlowCommands.h"
 
 #include "simulator/flows/FlowPlayer.h"
-#include "simulator/pictures/PictureComparison.h"
 #include "simulator/pictures/ScreenPicture.h"
 
 namespace {
@@ -50,26 +49,12 @@ PictureRequest readPicture(const FlowValue& value) {
     return request;
 }
 
-} // namespace
-
-FlowAction readTakeScreenshot(const FlowValue& value) {
-    return [request = readPicture(value)](FlowPlayer& player) -> Outcome {
-        const fs::path file = player.pictures().output / (request.name + ".png");
-        const Outcome failure = savePicture(takePicture(player.host(), request.extent), file);
-        if (!failure) {
-            player.host().note("picture", "picture " + file.string());
-        }
-        return failure;
-    };
-}
-
 FlowAction readAssertScreenshot(const FlowValue& value) {
-    return [request = readPicture(value)](FlowPlayer& player) -> Outcome {
-        const PictureSettings& settings = player.pictures();
-        const std::string golden = player.besideFlow(request.name + ".png");
-        const Outcome failure = compareWithGolden(takePicture(player.host(), request.extent),
-                                                  {golden, settings.output, request.name, settings.updateGoldens});
-        if (!failure && settings.updateGoldens) {
+    return [request = readPicture(value)](FlowPlayer& player) -> std::optional<Failure> {
+        const std::string golden = player.flow().besideIt(request.name + ".png");
+        const std::optional<Failure> failure =
+            compareWithGolden(takePicture(player.host(), request.extent), golden, request.name, player.pictures());
+        if (!failure && player.pictures().updateGoldens) {
             player.host().note("picture", "golden picture " + golden);
         }
         return failure;
@@ -77,10 +62,32 @@ FlowAction readAssertScreenshot(const FlowValue& value) {
 }
 
 FlowAction readSetAppearance(const FlowValue& value) {
-    const std::string word = value.word({"light", "dark"});
-    return [style = word == "dark" ? UIUserInterfaceStyle::dark
-                                   : UIUserInterfaceStyle::light](FlowPlayer& player) -> Outcome {
+    const auto style =
+        value.word({"light", "dark"}) == "dark" ? UIUserInterfaceStyle::dark : UIUserInterfaceStyle::light;
+    return [style](FlowPlayer& player) -> std::optional<Failure> {
         player.host().window().setUserInterfaceStyle(style);
         return std::nullopt;
     };
+}
+
+} // namespace
+
+FlowAction readTakeScreenshot(const FlowValue& value) {
+    return [request = readPicture(value)](FlowPlayer& player) -> std::optional<Failure> {
+        const fs::path file = player.pictures().output / (request.name + ".png");
+        const std::optional<Failure> failure = savePicture(takePicture(player.host(), request.extent), file);
+        if (!failure) {
+            player.host().note("picture", "picture " + file.string());
+        }
+        return failure;
+    };
+}
+
+const std::vector<FlowCommand>& pictureCommands() {
+    static const std::vector<FlowCommand> commands{
+        {"takeScreenshot", readTakeScreenshot},
+        {"assertScreenshot", readAssertScreenshot},
+        {"setAppearance", readSetAppearance},
+    };
+    return commands;
 }

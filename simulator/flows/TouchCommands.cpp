@@ -1,12 +1,9 @@
-#include "simulator/conversation/ConversationHost.h"
-#include "simulator/conversation/Finger.h"
-#include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowCommands.h"
-#include "simulator/flows/FlowPlayer.h"
-#include "simulator/flows/FlowPoint.h"
-#include "simulator/flows/Selector.h"
 
 #include "platform/uikit/controls/UITextField.h"
+#include "simulator/conversation/Finger.h"
+#include "simulator/conversation/ViewTree.h"
+#include "simulator/flows/FlowPlayer.h"
 
 #include <map>
 
@@ -42,21 +39,21 @@ void drag(FlowPlayer& player, const Stroke& stroke, const std::function<void()>&
     Finger(player.host()).drag(points, beforeLifting);
 }
 
-Outcome tapElement(FlowPlayer& player, const Selector& selector) {
+std::optional<Failure> tapElement(FlowPlayer& player, const Selector& selector) {
     const std::optional<ScreenElement> element = player.waitForElement(selector);
     if (!element) {
         return player.missing(selector);
     }
     const std::optional<CGPoint> point = element->pointToTouch();
     if (!point) {
-        return Failure{describe(selector) + " cannot be tapped: a touch there would go to " + element->receiver()};
+        return Failure{selector.describe() + " cannot be tapped: a touch there would go to " + element->receiver()};
     }
-    player.host().note("tap", "tapped " + describe(selector));
+    player.host().note("tap", "tapped " + selector.describe());
     Finger(player.host()).tap(*point);
     return std::nullopt;
 }
 
-Outcome tapPlace(FlowPlayer& player, const FlowPoint& place) {
+std::optional<Failure> tapPlace(FlowPlayer& player, const FlowPoint& place) {
     if (!player.host().isOpen()) {
         return FlowPlayer::notOpened();
     }
@@ -74,17 +71,17 @@ std::string look(FlowPlayer& player) {
     return describeTree(player.host().window(), TreeDetail::stable);
 }
 
-Outcome scrollTo(FlowPlayer& player, const Selector& selector, const std::string& direction) {
+std::optional<Failure> scrollTo(FlowPlayer& player, const Selector& selector, const std::string& direction) {
     constexpr double whole = 0.999;
     while (true) {
-        const std::optional<ScreenElement> element = Screen(player.host().window()).find(selector);
+        const std::optional<ScreenElement> element = player.find(selector);
         if (element && element->visibleShare() >= whole) {
             return std::nullopt;
         }
         const std::string before = look(player);
         drag(player, strokeTowards(direction));
         if (look(player) == before) {
-            return element ? Outcome() : player.missing(selector);
+            return element ? std::nullopt : std::optional(player.missing(selector));
         }
     }
 }
@@ -92,7 +89,7 @@ Outcome scrollTo(FlowPlayer& player, const Selector& selector, const std::string
 Stroke readStroke(const FlowValue& value) {
     Stroke stroke;
     for (const FlowValue& point : value.list()) {
-        stroke.push_back(readPoint(point));
+        stroke.push_back(point.point());
     }
     if (stroke.size() < 2) {
         value.complain("a swipe needs two points at least");
@@ -114,10 +111,8 @@ Stroke readSwipeMap(const FlowValue& value) {
         value.complain("'direction', 'points', or 'start' and 'end', must say where the finger goes");
         return {};
     }
-    return {readPoint(*start), readPoint(*end)};
+    return {start->point(), end->point()};
 }
-
-} // namespace
 
 FlowAction readTapOn(const FlowValue& value) {
     if (value.isMap()) {
@@ -126,11 +121,13 @@ FlowAction readTapOn(const FlowValue& value) {
             if (value.find("text") || value.find("id") || value.find("index")) {
                 point->complain("a point is a place of its own; leave out 'text', 'id' and 'index'");
             }
-            return [target = readPoint(*point)](FlowPlayer& player) -> Outcome { return tapPlace(player, target); };
+            return [target = point->point()](FlowPlayer& player) -> std::optional<Failure> {
+                return tapPlace(player, target);
+            };
         }
-        return [selector = readSelectorKeys(value)](FlowPlayer& player) { return tapElement(player, selector); };
+        return [selector = value.selectorAmongKeys()](FlowPlayer& player) { return tapElement(player, selector); };
     }
-    return [selector = readSelector(value)](FlowPlayer& player) { return tapElement(player, selector); };
+    return [selector = value.selector()](FlowPlayer& player) { return tapElement(player, selector); };
 }
 
 FlowAction readSwipe(const FlowValue& value) {
@@ -139,20 +136,20 @@ FlowAction readSwipe(const FlowValue& value) {
     if (const auto name = value.find("takeScreenshot")) {
         picture = readTakeScreenshot(*name);
     }
-    return [stroke, picture](FlowPlayer& player) -> Outcome {
-        Outcome outcome;
+    return [stroke, picture](FlowPlayer& player) -> std::optional<Failure> {
+        std::optional<Failure> failure;
         drag(player, stroke, [&] {
             if (picture) {
-                outcome = picture(player);
+                failure = picture(player);
             }
         });
-        return outcome;
+        return failure;
     };
 }
 
 FlowAction readScroll(const FlowValue& value) {
     value.expectNothing();
-    return [](FlowPlayer& player) -> Outcome {
+    return [](FlowPlayer& player) -> std::optional<Failure> {
         drag(player, strokeTowards("UP"));
         return std::nullopt;
     };
@@ -165,7 +162,7 @@ FlowAction readScrollUntilVisible(const FlowValue& value) {
         value.allowOnly({"element", "direction"});
         const auto element = value.find("element");
         if (element) {
-            selector = readSelector(*element);
+            selector = element->selector();
         } else {
             value.complain("'element' must say what to scroll to");
         }
@@ -173,13 +170,13 @@ FlowAction readScrollUntilVisible(const FlowValue& value) {
             direction = towards->word({"UP", "DOWN"}) == "UP" ? "DOWN" : "UP";
         }
     } else {
-        selector = readSelector(value);
+        selector = value.selector();
     }
     return [selector, direction](FlowPlayer& player) { return scrollTo(player, selector, direction); };
 }
 
 FlowAction readInputText(const FlowValue& value) {
-    return [text = value.text()](FlowPlayer& player) -> Outcome {
+    return [text = value.text()](FlowPlayer& player) -> std::optional<Failure> {
         const auto field = std::dynamic_pointer_cast<UITextField>(UIResponder::firstResponder());
         if (!field) {
             return Failure{"no text field has the keyboard; tap on one first"};
@@ -190,4 +187,15 @@ FlowAction readInputText(const FlowValue& value) {
         player.host().settle();
         return std::nullopt;
     };
+}
+
+} // namespace
+
+const std::vector<FlowCommand>& touchCommands() {
+    static const std::vector<FlowCommand> commands{
+        {"tapOn", readTapOn},         {"swipe", readSwipe},
+        {"scroll", readScroll},       {"scrollUntilVisible", readScrollUntilVisible},
+        {"inputText", readInputText},
+    };
+    return commands;
 }

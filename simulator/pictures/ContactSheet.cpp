@@ -2,7 +2,7 @@
 
 #include "platform/graphics/cairo/CairoCanvas.h"
 #include "platform/uikit/window/ViewPainter.h"
-#include "simulator/pictures/Parts.h"
+#include "simulator/pictures/BackdropViews.h"
 
 #include <algorithm>
 

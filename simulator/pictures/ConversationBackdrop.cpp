@@ -1,9 +1,6 @@
 #include "simulator/pictures/ConversationBackdrop.h"
 
-#include "simulator/pictures/Parts.h"
-#include "simulator/pictures/PathView.h"
-#include "simulator/pictures/StatusBar.h"
-#include "simulator/pictures/Transcript.h"
+#include "simulator/pictures/BackdropViews.h"
 
 #include <algorithm>
 
@@ -24,7 +21,7 @@ std::shared_ptr<UIView> makeHairline(const Device& device, CGFloat y) {
 }
 
 std::shared_ptr<UIView> makeBackChevron(CGFloat middle) {
-    auto chevron = std::make_shared<PathView>(CGRectMake(14, middle - 10, 12, 20), systemColor("systemBlueColor"));
+    auto chevron = std::make_shared<GlyphView>(CGRectMake(14, middle - 10, 12, 20), systemColor("systemBlueColor"));
     CGPath path;
     path.moveTo({10, 2});
     path.addLineTo({2, 10});
@@ -62,7 +59,7 @@ std::shared_ptr<UIView> makeInputRow(const Device& device, CGFloat top) {
     const CGFloat width = device.size.width;
     auto row = area(CGRectMake(0, top, width, inputHeight), systemColor("systemBackgroundColor"));
     const auto add = area(CGRectMake(12, 9, 34, 34), systemColor("systemGray5Color"), 17);
-    const auto plus = std::make_shared<PathView>(CGRectMake(0, 0, 34, 34), systemColor("systemGrayColor"));
+    const auto plus = std::make_shared<GlyphView>(CGRectMake(0, 0, 34, 34), systemColor("systemGrayColor"));
     plus->addShape(CGPath::withRoundedRect(CGRectMake(10, 15.75, 14, 2.5), 1.25));
     plus->addShape(CGPath::withRoundedRect(CGRectMake(15.75, 10, 2.5, 14), 1.25));
     add->addSubview(plus);

@@ -11,6 +11,14 @@ namespace fs = std::filesystem;
 
 constexpr std::uint32_t red = 0xFFE00000;
 
+/// How two pictures differ. A pixel that only one of them has counts as different.
+struct PictureDifference {
+    int x = 0; // the first differing pixel, row by row
+    int y = 0;
+    std::size_t count = 0;
+    Bitmap picture; // what differs in red on a faded copy
+};
+
 bool has(const Bitmap& bitmap, int x, int y) {
     return x < bitmap.width() && y < bitmap.height();
 }
@@ -24,34 +32,8 @@ std::uint32_t faded(std::uint32_t pixel) {
     return result;
 }
 
-std::string sizeOf(const Bitmap& bitmap) {
-    return std::to_string(bitmap.width()) + " x " + std::to_string(bitmap.height());
-}
-
-std::string describe(const PictureDifference& difference, const Bitmap& expected, const Bitmap& actual) {
-    char numbers[120];
-    std::snprintf(numbers, sizeof numbers, "the first differing pixel is (%d, %d), %zu differ in all, %.4f %%",
-                  difference.x, difference.y, difference.count, difference.percentage);
-    const bool sameSize = expected.width() == actual.width() && expected.height() == actual.height();
-    return (sameSize ? "" : "its size is " + sizeOf(actual) + " pixels, not " + sizeOf(expected) + "; ") +
-           std::string(numbers);
-}
-
-std::optional<Failure> leavePictures(const Golden& golden, const Bitmap& expected, const Bitmap& actual,
-                                     const Bitmap& difference) {
-    const auto file = [&](const char* kind) { return golden.output / (golden.name + "." + kind + ".png"); };
-    for (const auto& [kind, picture] :
-         {std::pair("expected", &expected), std::pair("actual", &actual), std::pair("diff", &difference)}) {
-        if (std::optional<Failure> failure = savePicture(*picture, file(kind))) {
-            return failure;
-        }
-    }
-    return std::nullopt;
-}
-
-} // namespace
-
-std::optional<PictureDifference> differenceBetween(const Bitmap& expected, const Bitmap& actual) {
+/// The count is 0 when size and all pixels are equal.
+PictureDifference differenceBetween(const Bitmap& expected, const Bitmap& actual) {
     const int width = std::max(expected.width(), actual.width());
     const int height = std::max(expected.height(), actual.height());
     PictureDifference difference{.picture = Bitmap(width, height)};
@@ -66,12 +48,43 @@ std::optional<PictureDifference> differenceBetween(const Bitmap& expected, const
             }
         }
     }
-    if (difference.count == 0) {
-        return std::nullopt;
-    }
-    difference.percentage = 100.0 * static_cast<double>(difference.count) / (static_cast<double>(width) * height);
     return difference;
 }
+
+std::string sizeOf(const Bitmap& bitmap) {
+    return std::to_string(bitmap.width()) + " x " + std::to_string(bitmap.height());
+}
+
+std::string describe(const PictureDifference& difference, const Bitmap& expected, const Bitmap& actual) {
+    const double all = static_cast<double>(difference.picture.width()) * difference.picture.height();
+    char numbers[120];
+    std::snprintf(numbers, sizeof numbers, "the first differing pixel is (%d, %d), %zu differ in all, %.4f %%",
+                  difference.x, difference.y, difference.count, 100.0 * static_cast<double>(difference.count) / all);
+    const bool sameSize = expected.width() == actual.width() && expected.height() == actual.height();
+    return (sameSize ? "" : "its size is " + sizeOf(actual) + " pixels, not " + sizeOf(expected) + "; ") +
+           std::string(numbers);
+}
+
+/// Leaves the pictures for people to look at and says where.
+std::string leavePictures(const fs::path& start, const Bitmap& expected, const Bitmap& actual,
+                          const Bitmap& difference) {
+    for (const auto& [kind, picture] :
+         {std::pair("expected", &expected), std::pair("actual", &actual), std::pair("diff", &difference)}) {
+        if (const std::optional<Failure> failure = savePicture(*picture, start.string() + "." + kind + ".png")) {
+            return failure->what;
+        }
+    }
+    return "see " + start.string() + ".{expected,actual,diff}.png";
+}
+
+std::optional<Failure> record(const Bitmap& picture, const fs::path& golden) {
+    std::optional<Failure> failure = savePicture(picture, golden);
+    return failure ? failure
+                   : Failure{"there was no " + golden.string() +
+                             ": it has been recorded; look at it, then play the flow again"};
+}
+
+} // namespace
 
 std::optional<Failure> savePicture(const Bitmap& picture, const fs::path& file) {
     std::error_code error;
@@ -84,29 +97,24 @@ std::optional<Failure> savePicture(const Bitmap& picture, const fs::path& file) 
     return std::nullopt;
 }
 
-std::optional<Failure> compareWithGolden(const Bitmap& actual, const Golden& golden) {
+std::optional<Failure> compareWithGolden(const Bitmap& actual, const fs::path& golden, const std::string& name,
+                                         const PictureSettings& settings) {
     std::error_code error;
-    const bool missing = !fs::exists(golden.file, error);
-    if (missing || golden.update) {
-        std::optional<Failure> failure = savePicture(actual, golden.file);
-        if (!failure && missing && !golden.update) {
-            failure = Failure{"there was no " + golden.file.string() +
-                              ": it has been recorded; look at it, then play the flow again"};
-        }
-        return failure;
+    if (settings.updateGoldens) {
+        return savePicture(actual, golden);
     }
-    const PNGReading expected = readPNG(golden.file.string());
+    if (!fs::exists(golden, error)) {
+        return record(actual, golden);
+    }
+    const PNGReading expected = readPNG(golden.string());
     if (!expected.bitmap) {
-        return Failure{"cannot read " + golden.file.string() + ": " + expected.error};
+        return Failure{"cannot read " + golden.string() + ": " + expected.error};
     }
-    const std::optional<PictureDifference> difference = differenceBetween(*expected.bitmap, actual);
-    if (!difference) {
+    const PictureDifference difference = differenceBetween(*expected.bitmap, actual);
+    if (difference.count == 0) {
         return std::nullopt;
     }
-    std::string message =
-        "the screen is not that of " + golden.file.string() + ": " + describe(*difference, *expected.bitmap, actual);
-    const std::optional<Failure> failure = leavePictures(golden, *expected.bitmap, actual, difference->picture);
-    return Failure{
-        message + "\n      " +
-        (failure ? failure->what : "see " + (golden.output / golden.name).string() + ".{expected,actual,diff}.png")};
+    return Failure{"the screen is not that of " + golden.string() + ": " +
+                   describe(difference, *expected.bitmap, actual) + "\n      " +
+                   leavePictures(settings.output / name, *expected.bitmap, actual, difference.picture)};
 }

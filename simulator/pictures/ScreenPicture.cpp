@@ -3,8 +3,8 @@
 #include "platform/graphics/cairo/CairoCanvas.h"
 #include "platform/uikit/window/ViewPainter.h"
 #include "simulator/conversation/ConversationHost.h"
+#include "simulator/pictures/BackdropViews.h"
 #include "simulator/pictures/ConversationBackdrop.h"
-#include "simulator/pictures/Parts.h"
 
 #include <cmath>
 

@@ -1,14 +1,11 @@
-#include "simulator/pictures/StatusBar.h"
-
-#include "simulator/pictures/Parts.h"
-#include "simulator/pictures/PathView.h"
+#include "simulator/pictures/BackdropViews.h"
 
 #include <cmath>
 
 namespace {
 
 std::shared_ptr<UIView> makeReception() {
-    auto glyph = std::make_shared<PathView>(CGRectMake(0, 0, 18, 12), systemColor("labelColor"));
+    auto glyph = std::make_shared<GlyphView>(CGRectMake(0, 0, 18, 12), systemColor("labelColor"));
     for (int bar = 0; bar < 4; ++bar) {
         const CGFloat height = 4 + 8.0 / 3 * bar;
         glyph->addShape(CGPath::withRoundedRect(CGRectMake(5 * bar, 12 - height, 3, height), 1));
@@ -18,7 +15,7 @@ std::shared_ptr<UIView> makeReception() {
 
 std::shared_ptr<UIView> makeWireless() {
     constexpr CGPoint foot{8.5, 10.5};
-    auto glyph = std::make_shared<PathView>(CGRectMake(0, 0, 17, 12), systemColor("labelColor"));
+    auto glyph = std::make_shared<GlyphView>(CGRectMake(0, 0, 17, 12), systemColor("labelColor"));
     glyph->addShape(CGPath::withEllipseIn(CGRectMake(foot.x - 1.5, foot.y - 1.5, 3, 3)));
     for (const CGFloat radius : {5.0, 9.0}) {
         const CGFloat side = radius * std::sqrt(0.5);
@@ -32,7 +29,7 @@ std::shared_ptr<UIView> makeWireless() {
 
 std::shared_ptr<UIView> makeBattery() {
     auto glyph = std::make_shared<UIView>(CGRectMake(0, 0, 27, 12));
-    auto shell = std::make_shared<PathView>(CGRectMake(0, 0, 27, 12), systemColor("tertiaryLabelColor"));
+    auto shell = std::make_shared<GlyphView>(CGRectMake(0, 0, 27, 12), systemColor("tertiaryLabelColor"));
     shell->addLine(CGPath::withRoundedRect(CGRectMake(0.5, 0.5, 23, 11), 3.5), 1);
     shell->addShape(CGPath::withRoundedRect(CGRectMake(25, 4, 1.5, 4), 0.75));
     glyph->addSubview(shell);

@@ -1,6 +1,4 @@
-#include "simulator/pictures/Transcript.h"
-
-#include "simulator/pictures/Parts.h"
+#include "simulator/pictures/BackdropViews.h"
 
 #include <array>
 #include <cmath>

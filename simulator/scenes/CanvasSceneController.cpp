@@ -1,5 +1,7 @@
 #include "simulator/scenes/CanvasSceneController.h"
 
+#include "platform/runtime/ClassBuilder.h"
+
 #include <array>
 #include <string>
 
@@ -52,4 +54,18 @@ void CanvasSceneController::showButtons() {
 void CanvasSceneController::showCount() {
     const int strokes = canvas->numberOfStrokes();
     lblStrokes->setText(std::to_string(strokes) + (strokes == 1 ? " stroke" : " strokes"));
+}
+
+void registerSceneClasses() {
+    ClassBuilder<CanvasSceneController>("CanvasSceneController", "MSMessagesAppViewController")
+        .madeByCoder()
+        .outlet("canvas", &CanvasSceneController::canvas)
+        .outlet("lblStrokes", &CanvasSceneController::lblStrokes)
+        .outlet("btnPencil", &CanvasSceneController::btnPencil)
+        .outlet("btnColor", &CanvasSceneController::btnColor)
+        .action("btnPencilWithSender:", &CanvasSceneController::btnPencilWithSender)
+        .action("btnColorWithSender:", &CanvasSceneController::btnColorWithSender)
+        .action("btnClearWithSender:", &CanvasSceneController::btnClearWithSender)
+        .action("didBeginDrawing", &CanvasSceneController::didBeginDrawing)
+        .action("didEndDrawing", &CanvasSceneController::didEndDrawing);
 }

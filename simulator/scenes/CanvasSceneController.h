@@ -34,3 +34,6 @@ private:
 
     std::size_t m_color = 0;
 };
+
+/// Makes the class of the scene known by name.
+void registerSceneClasses();

@@ -4,10 +4,9 @@
 #include "platform/dispatch/MainRunLoop.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
 #include "platform/uikit/table/UITableViewCell.h"
+#include "simulator/conversation/BundleSetup.h"
 #include "simulator/conversation/ConversationHost.h"
-#include "simulator/conversation/ExtensionBundle.h"
 #include "simulator/conversation/Finger.h"
-#include "simulator/flows/Flow.h"
 #include "tests/support/Output.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -44,7 +43,7 @@ protected:
     }
     void open(const std::string& device = "15") {
         openExtensionBundle(TD_BUNDLE, overrides);
-        host = ConversationHost::create(deviceNamed(device).value(), {"A"}, log);
+        host = std::make_shared<ConversationHost>(deviceNamed(device).value(), std::vector<std::string>{"A"});
     }
     /// Opens the extension and lets it load and grow.
     void openAndSettle(const std::string& device = "15") {
@@ -96,6 +95,5 @@ protected:
 
     support::TemporaryFolder folder;
     std::vector<ResourceOverride> overrides;
-    EventLog log{nullptr};
     std::shared_ptr<ConversationHost> host;
 };

@@ -1,4 +1,4 @@
-#include "tests/simulator/ConversationFixture.h"
+#include "tests/simulator/SimulatorFixtures.h"
 
 #include <algorithm>
 #include <malloc.h>

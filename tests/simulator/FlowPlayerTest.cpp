@@ -1,38 +1,27 @@
-#include "simulator/flows/FlowPlayer.h"
+#include "platform/foundation/FileReading.h"
+#include "tests/simulator/SimulatorFixtures.h"
 
-#include "simulator/conversation/ExtensionBundle.h"
-#include "simulator/flows/FlowReader.h"
-#include "tests/support/Output.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <cstring>
 
 namespace {
 
+using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 
-class FlowPlayerTest : public testing::Test {
+class FlowPlayerTest : public FlowTest {
 protected:
-    ~FlowPlayerTest() override { static_cast<void>(support::takeStandardOutput()); }
-
-    FlowResult play(const std::string& text, const std::string& file = "test.yaml") {
-        openExtensionBundle(TD_BUNDLE, {});
-        FlowProblems problems(file);
-        const std::optional<Flow> flow = readFlow(text, problems);
-        if (!flow) {
-            ADD_FAILURE() << problems.findings().at(0).describe();
-            return {};
+    /// What is told of the layout while the screen is shown in both styles.
+    std::vector<std::string> layoutEvents() {
+        std::vector<std::string> texts;
+        for (const Event& event : play("- launchApp\n- wait: 600\n- setStyle: compact\n").events) {
+            if (event.kind == "layout") {
+                texts.push_back(event.text);
+            }
         }
-        return FlowPlayer(*flow, deviceNamed("15").value(), {}).play();
-    }
-    std::vector<std::string> failuresOf(const std::string& text) {
-        std::vector<std::string> lines;
-        for (const Finding& failure : play(text).failures) {
-            lines.push_back(failure.describe());
-        }
-        return lines;
+        return texts;
     }
 };
 
@@ -41,8 +30,9 @@ TEST_F(FlowPlayerTest, GoesOnAfterAFailureAndNamesTheNearestText) {
                                    "- tapOn: Hold My Gase\n"
                                    "- tapOn: Hold My Gaze\n");
     ASSERT_EQ(result.failures.size(), 1u);
-    EXPECT_EQ(result.failures[0].describe(), "test.yaml:2:3: error: tapOn: no 'Hold My Gase' on the screen; did you "
-                                             "mean Hold My Gaze?");
+    EXPECT_EQ(result.failures[0].describe(), (folder.path() / "test.yaml").string() +
+                                                 ":2:3: error: tapOn: no 'Hold My Gase' on the screen; did you mean "
+                                                 "Hold My Gaze?");
     EXPECT_EQ(result.links.size(), 1u);
 }
 
@@ -76,19 +66,22 @@ TEST_F(FlowPlayerTest, CannotActOnAnExtensionThatWasNotOpened) {
 }
 
 TEST_F(FlowPlayerTest, RecordsATreeOnceAndThenComparesWithIt) {
-    const support::TemporaryFolder folder;
-    const std::string file = (folder.path() / "flow.yaml").string();
     const std::string flow = "- launchApp\n- wait: 600\n- assertTree: tree.txt\n";
-    const FlowResult first = play(flow, file);
-    ASSERT_EQ(first.failures.size(), 1u);
-    EXPECT_THAT(first.failures[0].what, HasSubstr("has been recorded"));
-    EXPECT_TRUE(play(flow, file).failures.empty());
-    const FlowResult other = play("- launchApp\n- assertTree: tree.txt\n", file);
-    ASSERT_EQ(other.failures.size(), 1u);
-    EXPECT_THAT(other.failures[0].what, HasSubstr("line 1:"));
-    const FlowResult folderAsTree = play("- launchApp\n- assertTree: .\n", file);
-    ASSERT_EQ(folderAsTree.failures.size(), 1u);
-    EXPECT_THAT(folderAsTree.failures[0].what, HasSubstr("it is a folder"));
+    EXPECT_THAT(failuresOf(flow), ElementsAre(HasSubstr("has been recorded")));
+    EXPECT_THAT(failuresOf(flow), IsEmpty());
+    EXPECT_THAT(failuresOf("- launchApp\n- assertTree: tree.txt\n- assertTree: .\n"),
+                ElementsAre(HasSubstr("line 1:"), HasSubstr("it is a folder")));
+}
+
+TEST_F(FlowPlayerTest, TellsOfConstraintsThatContradictEachOtherAndOfNoOthers) {
+    EXPECT_THAT(layoutEvents(), IsEmpty());
+    bundle = folder.path() / "bundle";
+    std::filesystem::copy(TD_BUNDLE, bundle, std::filesystem::copy_options::recursive);
+    std::string nib = readWholeFile(bundle / "ModeTblCell.xib").value();
+    const std::string two = "<constraints><constraint firstAttribute=\"width\" constant=\"10\" id=\"con-01-ten\"/>"
+                            "<constraint firstAttribute=\"width\" constant=\"20\" id=\"con-02-20p\"/>";
+    folder.write("bundle/ModeTblCell.xib", nib.replace(nib.find("<constraints>"), std::strlen("<constraints>"), two));
+    EXPECT_THAT(layoutEvents(), Contains(AllOf(HasSubstr("con-01-ten (ModeTblCell.xib:"), HasSubstr("con-02-20p"))));
 }
 
 } // namespace

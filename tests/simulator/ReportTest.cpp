@@ -1,4 +1,4 @@
-#include "simulator/commands/Report.h"
+#include "simulator/parlor/Report.h"
 
 #include "platform/foundation/JSONDocument.h"
 

@@ -1,0 +1,51 @@
+#include "simulator/check/BundleCheck.h"
+
+#include "content/CurrentOption.h"
+#include "platform/foundation/NSBundle.h"
+#include "platform/interface/InterfaceCheck.h"
+#include "platform/interface/InterfaceDocument.h"
+#include "simulator/check/ContentCheck.h"
+#include "simulator/conversation/BundleSetup.h"
+
+#include <filesystem>
+#include <string_view>
+
+namespace {
+
+/// Whether the host can make the extension's first controller from the storyboard. One that cannot be read is told with
+/// the other documents.
+bool lacksInitialController(const std::filesystem::path& storyboard) {
+    const LoadedDocument loaded = InterfaceDocument::load(storyboard);
+    if (!loaded.document) {
+        return false;
+    }
+    const std::string_view id = loaded.document->root().value("initialViewController");
+    return id.empty() || loaded.document->sceneWith("id", id) == nullptr;
+}
+
+} // namespace
+
+Result<BundleFindings> checkMainBundle(const std::optional<std::string>& needed) {
+    const NSBundle& bundle = NSBundle::mainBundle();
+    const std::optional<std::string> name = mainStoryboardName();
+    const auto storyboard = name ? bundle.URLForResource(*name, "storyboard") : std::nullopt;
+    if (!storyboard) {
+        return Failure{bundle.bundlePath().string() + ": Info.plist names no storyboard that is there as " +
+                       mainStoryboardKey};
+    }
+    BundleFindings findings{checkBundle(bundle), true};
+    if (lacksInitialController(*storyboard)) {
+        findings.all.push_back(Failure{"the storyboard has no initial controller"}.in(storyboard->string()));
+    }
+    findings.canLaunch = !hasErrors(findings.all);
+    for (const CurrentOption option : contentLoadOrder()) {
+        const auto file = bundle.URLForResource(rawValue(option), "json");
+        const Result<Findings> inFile = file ? checkContent(*file) : Findings(); // a missing file the extension tells
+        if (!inFile && needed == file) {
+            return inFile.failure();
+        }
+        const Findings& told = inFile ? inFile.value() : Findings{inFile.failure().in(file->string())};
+        findings.all.insert(findings.all.end(), told.begin(), told.end());
+    }
+    return findings;
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/foundation/Result.h"
+
+#include <optional>
+#include <string>
+
+/// What is wrong with the data of the main bundle.
+struct BundleFindings {
+    Findings all;
+    bool canLaunch = true; // false: an interface document would stop the extension
+};
+
+/// Reads every interface document, the asset catalogue and every content file of the main bundle. Fails when it names
+/// no storyboard to begin with, or when `needed`, a content file in it that somebody wants to see, cannot be read.
+[[nodiscard]] Result<BundleFindings> checkMainBundle(const std::optional<std::string>& needed = std::nullopt);

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "simulator/flows/FlowResult.h"
-
-#include <string>
-#include <vector>
-
-/// What happened in all flows, as JSON text for other programs.
-[[nodiscard]] std::string reportText(const std::vector<FlowResult>& results);

@@ -1,0 +1,28 @@
+#include "simulator/conversation/BundleSetup.h"
+
+#include "game/GameClasses.h"
+#include "host/HostClasses.h"
+#include "platform/foundation/NSBundle.h"
+#include "platform/interface/InterfaceReaders.h"
+#include "platform/messages/MessagesClasses.h"
+#include "platform/uikit/UIKitClasses.h"
+#include "simulator/scenes/CanvasSceneController.h"
+#include "ui/UiClasses.h"
+
+void openExtensionBundle(const std::filesystem::path& folder, const std::vector<ResourceOverride>& overrides) {
+    registerUIKitClasses();
+    registerMessagesClasses();
+    registerUiClasses();
+    registerHostClasses();
+    registerGameClasses();
+    registerSceneClasses();
+    NSBundle::setMainBundle(folder);
+    for (const ResourceOverride& replaced : overrides) {
+        NSBundle::mainBundle().setResourceOverride(replaced.name, replaced.file.value_or(""));
+    }
+    installInterfaceReaders();
+}
+
+std::optional<std::string> mainStoryboardName() {
+    return NSBundle::mainBundle().objectForInfoDictionaryKeyPath({"NSExtension", "NSExtensionMainStoryboard"});
+}

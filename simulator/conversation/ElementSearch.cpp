@@ -1,0 +1,151 @@
+#include "simulator/conversation/ElementSearch.h"
+
+#define PCRE2_CODE_UNIT_WIDTH 8
+#include <pcre2.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+
+namespace {
+
+template <auto release>
+struct Release {
+    template <class Thing>
+    void operator()(Thing* thing) const {
+        release(thing);
+    }
+};
+
+PCRE2_SPTR units(const std::string& text) {
+    return reinterpret_cast<PCRE2_SPTR>(text.data());
+}
+
+/// A regular expression that a text has to match as a whole, whatever its case. Patterns are written by others: neither
+/// one that tries without end nor a very long one can hold Parlor up, and one that is none matches nothing.
+class TextPattern {
+public:
+    explicit TextPattern(const std::string& pattern) {
+        constexpr std::size_t longest = 1000;             // bytes
+        constexpr std::uint32_t greatestEffort = 100'000; // steps back; a reasonable pattern needs a few hundred
+        constexpr std::uint32_t options = PCRE2_ANCHORED | PCRE2_ENDANCHORED | PCRE2_CASELESS | PCRE2_DOTALL |
+                                          PCRE2_UTF | PCRE2_MATCH_INVALID_UTF | PCRE2_NEVER_BACKSLASH_C;
+        const CompileContext context(pcre2_compile_context_create(nullptr));
+        pcre2_set_max_pattern_length(context.get(), longest);
+        int error = 0;
+        PCRE2_SIZE place = 0;
+        m_code.reset(pcre2_compile(units(pattern), pattern.size(), options, &error, &place, context.get()));
+        pcre2_set_match_limit(m_context.get(), greatestEffort);
+    }
+
+    [[nodiscard]] bool matches(const std::string& text) const {
+        if (!m_code) {
+            return false;
+        }
+        const MatchData data(pcre2_match_data_create_from_pattern(m_code.get(), nullptr));
+        return pcre2_match(m_code.get(), units(text), text.size(), 0, 0, data.get(), m_context.get()) > 0;
+    }
+
+private:
+    using Code = std::unique_ptr<pcre2_code, Release<&pcre2_code_free>>;
+    using CompileContext = std::unique_ptr<pcre2_compile_context, Release<&pcre2_compile_context_free>>;
+    using MatchContext = std::unique_ptr<pcre2_match_context, Release<&pcre2_match_context_free>>;
+    using MatchData = std::unique_ptr<pcre2_match_data, Release<&pcre2_match_data_free>>;
+
+    Code m_code; // null when the pattern is no regular expression
+    MatchContext m_context{pcre2_match_context_create(nullptr)};
+};
+
+void collect(UIWindow& window, const std::shared_ptr<UIView>& view, std::vector<ScreenElement>& elements) {
+    ScreenElement element(window, view);
+    if (!element.texts().empty() || !element.identifier().empty()) {
+        elements.push_back(std::move(element));
+    }
+    for (const std::shared_ptr<UIView>& subview : view->subviews()) {
+        collect(window, subview, elements);
+    }
+}
+
+std::vector<ScreenElement> select(const std::vector<ScreenElement>& elements,
+                                  const std::function<bool(const ScreenElement&)>& matches) {
+    std::vector<ScreenElement> selected;
+    std::copy_if(elements.begin(), elements.end(), std::back_inserter(selected), matches);
+    return selected;
+}
+
+/// `text` and `id` say whether a text fits what the selector asks for.
+template <class Matcher>
+std::vector<ScreenElement> matching(const std::vector<ScreenElement>& elements, const Selector& selector,
+                                    const Matcher& text, const Matcher& id) {
+    return select(elements, [&](const ScreenElement& element) {
+        const bool textFits = !selector.text || std::any_of(element.texts().begin(), element.texts().end(), text);
+        return textFits && (!selector.id || id(element.identifier()));
+    });
+}
+
+/// Those that match literally; only when there are none, those that match as patterns.
+std::vector<ScreenElement> matching(const std::vector<ScreenElement>& elements, const Selector& selector) {
+    const auto literally = [](const std::optional<std::string>& wanted) {
+        return [&wanted](const std::string& text) { return text == wanted; };
+    };
+    const auto asPattern = [](const std::optional<std::string>& wanted) {
+        return [pattern = std::make_shared<TextPattern>(wanted.value_or(""))](const std::string& text) {
+            return pattern->matches(text);
+        };
+    };
+    const auto found = matching(elements, selector, literally(selector.text), literally(selector.id));
+    return found.empty() ? matching(elements, selector, asPattern(selector.text), asPattern(selector.id)) : found;
+}
+
+} // namespace
+
+std::string Selector::describe() const {
+    std::string words;
+    if (text) {
+        words = "'" + *text + "'";
+    }
+    if (id) {
+        words += (words.empty() ? "id '" : " with id '") + *id + "'";
+    }
+    return words + (index ? " number " + std::to_string(*index) : "");
+}
+
+std::vector<ScreenElement> ElementSearch::elements() const {
+    std::vector<ScreenElement> all;
+    for (const std::shared_ptr<UIView>& view : m_window.subviews()) {
+        collect(m_window, view, all);
+    }
+    return all;
+}
+
+std::optional<ScreenElement> ElementSearch::find(const Selector& selector) const {
+    std::vector<ScreenElement> found = select(matching(elements(), selector), &ScreenElement::isVisible);
+    std::stable_sort(found.begin(), found.end(), [](const ScreenElement& one, const ScreenElement& other) {
+        return std::pair(one.frame().minY(), one.frame().minX()) <
+               std::pair(other.frame().minY(), other.frame().minX());
+    });
+    const auto index = static_cast<std::size_t>(selector.index.value_or(0));
+    return index < found.size() ? std::optional(found[index]) : std::nullopt;
+}
+
+bool ElementSearch::exists(const Selector& selector) const {
+    return !matching(elements(), selector).empty();
+}
+
+std::vector<std::string> ElementSearch::visibleTexts() const {
+    std::vector<std::string> texts;
+    for (const ScreenElement& element : select(elements(), &ScreenElement::isVisible)) {
+        texts.insert(texts.end(), element.texts().begin(), element.texts().end());
+    }
+    return texts;
+}
+
+std::vector<std::string> ElementSearch::visibleIdentifiers() const {
+    std::vector<std::string> identifiers;
+    for (const ScreenElement& element : select(elements(), &ScreenElement::isVisible)) {
+        if (!element.identifier().empty()) {
+            identifiers.push_back(element.identifier());
+        }
+    }
+    return identifiers;
+}

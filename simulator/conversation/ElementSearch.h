@@ -1,0 +1,36 @@
+#pragma once
+
+#include "simulator/conversation/ScreenElement.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Which element of the screen is meant. Text and id match literally or else as a whole regular expression, letter case
+/// aside; all that are given must hold.
+struct Selector {
+    std::optional<std::string> text;
+    std::optional<std::string> id;
+    std::optional<int> index; // among all that match, from top to bottom, then left to right; counted from 0
+
+    /// For messages: 'Friends', id 'back', 'Play' number 2.
+    [[nodiscard]] std::string describe() const;
+};
+
+/// Looks for elements on the extension's screen as it is at this moment. Short-lived: it refers to the window.
+class ElementSearch {
+public:
+    explicit ElementSearch(UIWindow& window) : m_window(window) {}
+
+    /// The visible element that is meant; without an index the first from the top.
+    [[nodiscard]] std::optional<ScreenElement> find(const Selector& selector) const;
+    /// Whether an element is meant that is there, visible or not.
+    [[nodiscard]] bool exists(const Selector& selector) const;
+    [[nodiscard]] std::vector<std::string> visibleTexts() const;
+    [[nodiscard]] std::vector<std::string> visibleIdentifiers() const;
+
+private:
+    [[nodiscard]] std::vector<ScreenElement> elements() const;
+
+    UIWindow& m_window;
+};

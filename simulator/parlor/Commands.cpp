@@ -1,0 +1,37 @@
+#include "simulator/parlor/Commands.h"
+
+#include "simulator/flows/FlowReader.h"
+
+#include <cstdio>
+#include <iostream>
+#include <unistd.h>
+
+void tell(const Findings& findings) {
+    for (const Finding& finding : findings) {
+        std::cerr << finding.describe() << std::endl;
+    }
+}
+
+Result<std::vector<Flow>> readFlowsToPlay(const std::vector<std::string>& paths) {
+    Findings findings;
+    std::vector<Flow> flows = readFlowFiles(paths, findings);
+    tell(findings);
+    if (!findings.empty()) {
+        return Failure{"nothing is played, as not every flow can be read"};
+    }
+    if (flows.empty()) {
+        return Failure{"there is no flow (*.yaml) to play"};
+    }
+    return flows;
+}
+
+OutputAside::OutputAside() : m_output(dup(STDOUT_FILENO)) {
+    std::fflush(stdout);
+    dup2(STDERR_FILENO, STDOUT_FILENO);
+}
+
+OutputAside::~OutputAside() {
+    std::fflush(stdout);
+    dup2(m_output, STDOUT_FILENO);
+    close(m_output);
+}

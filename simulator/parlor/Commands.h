@@ -1,0 +1,46 @@
+#pragma once
+
+#include "simulator/flows/Flow.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+/// What came of a command: what it found and what failed, told on standard error when it was met. A failure, not told
+/// yet, when the command could not do its work: wrong usage, unreadable input, a result that cannot be written.
+using CommandResult = Result<Findings>;
+
+/// A command of the program: its part of the command line, and what does it once that has been read.
+struct ParlorCommand {
+    const CLI::App* line;
+    std::function<CommandResult()> run;
+};
+
+// Each adds the command to the command line; it stands at the end of the command's own source.
+[[nodiscard]] ParlorCommand addRunCommand(CLI::App& app);
+[[nodiscard]] ParlorCommand addTreeCommand(CLI::App& app);
+[[nodiscard]] ParlorCommand addShotCommand(CLI::App& app);
+[[nodiscard]] ParlorCommand addGalleryCommand(CLI::App& app);
+
+/// Tells findings on standard error, a line each.
+void tell(const Findings& findings);
+
+/// The flows of the files and folders that a command line names, at least one; what is wrong with them is told.
+[[nodiscard]] Result<std::vector<Flow>> readFlowsToPlay(const std::vector<std::string>& paths);
+
+/// Sends what is written to standard output to standard error while it lives: for commands whose own result goes to
+/// standard output.
+class OutputAside {
+public:
+    OutputAside();
+    ~OutputAside();
+    OutputAside(const OutputAside&) = delete;
+    OutputAside& operator=(const OutputAside&) = delete;
+
+private:
+    int m_output;
+};

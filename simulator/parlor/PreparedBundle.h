@@ -1,0 +1,50 @@
+#pragma once
+
+#include "simulator/conversation/Device.h"
+#include "simulator/flows/Flow.h"
+#include "simulator/parlor/Commands.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// What the options that all commands share ask for.
+struct BundleOptions {
+    std::filesystem::path bundle;       // empty: the one that was built beside the program
+    std::string device;                 // empty: each flow's own, or 15
+    std::optional<std::string> content; // a content file to show
+};
+
+/// The bundle that a command's flows are played on, perhaps with a content file of somebody's own. Made by
+/// prepareBundle() before the first flow.
+struct PreparedBundle {
+    std::filesystem::path folder;
+    std::optional<Device> device;            // of the command line; then it stands in for a flow's own
+    std::vector<ResourceOverride> overrides; // for every flow
+    Findings findings;                       // in the bundle's data
+    bool canLaunch = true;                   // false: its interface documents would stop the extension
+
+    /// Makes it the main bundle, as the flow wants it.
+    void openFor(const Flow& flow) const;
+    [[nodiscard]] Device deviceFor(const Flow& flow) const;
+};
+
+/// Adds --bundle and --content.
+void addBundleOptions(CLI::App& command, BundleOptions& options);
+/// Adds --device.
+void addDeviceOption(CLI::App& command, BundleOptions& options);
+
+/// Checks options and bundle, and leaves it open.
+[[nodiscard]] Result<PreparedBundle> prepareBundle(const BundleOptions& options);
+
+/// What commands do with a bundle: tells what is wrong with its data and, if it can be launched, goes on to `use` it.
+[[nodiscard]] CommandResult withBundle(const BundleOptions& options,
+                                       const std::function<CommandResult(const PreparedBundle&)>& use);
+
+/// The player group that a content file is shown for: the one it is named after, or else the one that is shown first.
+[[nodiscard]] std::string groupFor(const std::filesystem::path& content);
+
+/// A file that belongs to the program: beside it or beside a folder that it stands in, where the build puts it.
+[[nodiscard]] std::filesystem::path besideProgram(const std::string& name);

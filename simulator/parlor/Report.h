@@ -1,0 +1,9 @@
+#pragma once
+
+#include "simulator/flows/FlowPlayer.h"
+
+#include <string>
+#include <vector>
+
+/// What happened in all flows, as JSON text for other programs.
+[[nodiscard]] std::string reportText(const std::vector<FlowResult>& results);

@@ -1,0 +1,132 @@
+#include "simulator/parlor/PreparedBundle.h"
+
+#include "platform/foundation/FileReading.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+using testing::AllOf;
+using testing::ContainsRegex;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class PreparedBundleTest : public testing::Test {
+protected:
+    PreparedBundleTest() {
+        std::filesystem::copy(TD_BUNDLE, folder.path(), std::filesystem::copy_options::recursive);
+        options.bundle = folder.path();
+    }
+
+    void edit(const std::string& name, const std::string& from, const std::string& to) {
+        std::string text = readWholeFile(folder.path() / name).value();
+        ASSERT_NE(text.find(from), std::string::npos) << from;
+        folder.write(name, text.replace(text.find(from), from.size(), to));
+    }
+    /// Prepares the bundle and gives what is wrong with it, a finding a line, or the reason why it is refused.
+    std::string complaint() {
+        bundle = prepareBundle(options);
+        std::string lines = bundle ? "" : bundle.failure().what;
+        for (const Finding& finding : bundle ? bundle.value().findings : Findings()) {
+            lines += finding.describe() + "\n";
+        }
+        return lines;
+    }
+    [[nodiscard]] bool canLaunch() const { return bundle && bundle.value().canLaunch; }
+
+    support::TemporaryFolder folder;
+    BundleOptions options;
+    Result<PreparedBundle> bundle = Failure{"not prepared"};
+};
+
+TEST_F(PreparedBundleTest, HasNothingToSayOfTheBundleThatIsBuilt) {
+    EXPECT_THAT(complaint(), IsEmpty());
+    EXPECT_TRUE(canLaunch());
+}
+
+TEST_F(PreparedBundleTest, DoesNotOpenAnExtensionWhoseInterfaceFilesAreWrong) {
+    edit("MainInterface.storyboard", "property=\"lblDropDown\"", "property=\"lblDropDwn\"");
+    EXPECT_THAT(complaint(), AllOf(HasSubstr("MainInterface.storyboard:"), HasSubstr("did you mean lblDropDown?")));
+    EXPECT_FALSE(canLaunch());
+}
+
+TEST_F(PreparedBundleTest, DoesNotOpenAnExtensionWithoutAnInitialController) {
+    edit("MainInterface.storyboard", "initialViewController=\"", "initialViewController=\"no");
+    EXPECT_THAT(complaint(), HasSubstr("MainInterface.storyboard: error: the storyboard has no initial controller"));
+    EXPECT_FALSE(canLaunch());
+}
+
+TEST_F(PreparedBundleTest, CountsTheIconsThatTheCatalogueLacks) {
+    std::string items;
+    for (int i = 0; i < 60; ++i) { // each name twice
+        items += std::string(i == 0 ? "" : ",") + R"({"title":"","subtitle":"","isSelected":false,"icon":"no)" +
+                 std::to_string(i % 30) + "\"}";
+    }
+    folder.write("Couple.json", "[{\"sectionTitle\":\"a\",\"items\":[" + items + "]}]");
+    const std::string warnings = complaint();
+    EXPECT_EQ(std::count(warnings.begin(), warnings.end(), '\n'), 21);
+    EXPECT_THAT(warnings, HasSubstr("Couple.json: warning: the asset catalogue lacks 10 more of the icons"));
+}
+
+TEST_F(PreparedBundleTest, WarnsOfImagesThatTheCatalogueLacks) {
+    edit("ModeTblCell.xib", "image=\"list_arrow\"", "image=\"list_arow\"");
+    edit("Friends.json", "\"icon\": \"icon_bolt\"", "\"icon\": \"icon_blot\"");
+    EXPECT_THAT(complaint(), AllOf(ContainsRegex("ModeTblCell.xib:.*warning.*list_arow"),
+                                   HasSubstr("Friends.json:6:17: warning: the asset catalogue has no image "
+                                             "'icon_blot'")));
+    EXPECT_TRUE(canLaunch());
+}
+
+TEST_F(PreparedBundleTest, OpensAnExtensionWithBrokenPicturesAndTellsOfEachSetOnce) {
+    const std::filesystem::path set = folder.path() / "Assets.xcassets" / "list_arrow.imageset";
+    for (const auto& file : std::filesystem::directory_iterator(set)) {
+        if (file.path().extension() == ".png") {
+            folder.write(std::filesystem::relative(file.path(), folder.path()).string(), "no picture");
+        }
+    }
+    const std::string warnings = complaint();
+    EXPECT_THAT(warnings, ContainsRegex("list_arrow.imageset/Contents.json:[0-9]+:[0-9]+: warning: .*cannot be drawn"));
+    EXPECT_EQ(std::count(warnings.begin(), warnings.end(), '\n'), 1);
+    EXPECT_TRUE(canLaunch());
+}
+
+TEST_F(PreparedBundleTest, TellsWhereAContentFileIsWrongAndOpensTheExtensionAllTheSame) {
+    folder.write("Couple.json", "[\n  {\"sectionTitle\": \"a\", \"items\": 3}\n]\n");
+    EXPECT_THAT(complaint(), ContainsRegex("Couple.json:2:.*error"));
+    EXPECT_TRUE(canLaunch());
+}
+
+TEST_F(PreparedBundleTest, ShowsAContentFileForTheGroupItIsNamedAfterOrElseTheFirst) {
+    options.content = folder.write("MyList.json", "[]").string();
+    EXPECT_THAT(complaint(), IsEmpty());
+    ASSERT_TRUE(bundle);
+    EXPECT_EQ(bundle.value().overrides.at(0).name, "Adult (18+).json");
+    options.content = (folder.path() / "Family.json").string();
+    EXPECT_THAT(complaint(), IsEmpty());
+    EXPECT_EQ(bundle.value().overrides.at(0).name, "Family.json");
+    options.content = (folder.path() / "Dating.json").string(); // no group: nobody could choose it on screen
+    EXPECT_THAT(complaint(), IsEmpty());
+    EXPECT_EQ(bundle.value().overrides.at(0).name, "Adult (18+).json");
+}
+
+TEST_F(PreparedBundleTest, TellsOfAContentFileThatCannotBeReadAndRefusesOneThatIsAskedFor) {
+    std::filesystem::remove(folder.path() / "Couple.json");
+    std::filesystem::create_directory(folder.path() / "Couple.json");
+    EXPECT_THAT(complaint(), ContainsRegex("Couple.json: error: .*it is a folder"));
+    EXPECT_TRUE(canLaunch());
+    options.content = (folder.path() / "Couple.json").string();
+    EXPECT_THAT(complaint(), HasSubstr("it is a folder"));
+    EXPECT_FALSE(bundle);
+}
+
+TEST_F(PreparedBundleTest, RefusesABundleWhoseMainStoryboardIsNotThere) {
+    edit("Info.plist", "<string>MainInterface</string>", "<string>Interface</string>");
+    EXPECT_THAT(complaint(), HasSubstr("NSExtensionMainStoryboard"));
+    EXPECT_FALSE(bundle);
+}
+
+} // namespace

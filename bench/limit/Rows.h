@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bench/limit/Content.h"
-#include "bench/limit/Text.h"
+#include "bench/limit/LimitText.h"
 
 #include <optional>
 #include <vector>

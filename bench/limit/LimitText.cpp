@@ -1,4 +1,4 @@
-#include "bench/limit/Text.h"
+#include "bench/limit/LimitText.h"
 
 #include <fontconfig/fontconfig.h>
 #include <pango/pangocairo.h>

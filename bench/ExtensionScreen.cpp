@@ -6,7 +6,7 @@
 
 #include "platform/dispatch/MainRunLoop.h"
 #include "platform/foundation/NSBundle.h"
-#include "platform/interface/InterfaceReaders.h"
+#include "platform/interface/AssetCatalogReader.h"
 #include "platform/messages/MessagesClasses.h"
 #include "platform/uikit/UIKitClasses.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
@@ -58,7 +58,7 @@ void openBundle(const std::filesystem::path& bundle) {
     registerHostClasses();
     registerGameClasses();
     NSBundle::setMainBundle(bundle);
-    installInterfaceReaders();
+    installAssetCatalog();
     UIScreen::mainScreen().configure(screenSize, screenScale);
 }
 

@@ -1,9 +1,45 @@
 #include "platform/interface/AssetCatalogReader.h"
 
+#include "platform/foundation/NSBundle.h"
 #include "platform/interface/CatalogSets.h"
+
+#include <algorithm>
+
+namespace {
+
+void collect(const std::filesystem::path& folder, int depth, std::vector<CatalogEntry>& entries) {
+    constexpr int deepest = 16; // links could run in a circle
+    std::error_code error;
+    const std::filesystem::directory_iterator end;
+    for (std::filesystem::directory_iterator item(folder, error); !error && item != end; item.increment(error)) {
+        std::error_code unreadable; // such an item is left out
+        if (!item->is_directory(unreadable)) {
+            continue;
+        }
+        if (item->path().has_extension()) {
+            entries.push_back({item->path(), item->path().stem().string()});
+        } else if (depth < deepest) {
+            collect(item->path(), depth + 1, entries);
+        }
+    }
+}
+
+} // namespace
+
+std::vector<CatalogEntry> catalogEntries(const std::filesystem::path& catalog) {
+    std::vector<CatalogEntry> entries;
+    collect(catalog, 0, entries);
+    std::sort(entries.begin(), entries.end(),
+              [](const CatalogEntry& one, const CatalogEntry& other) { return one.folder < other.folder; });
+    return entries;
+}
 
 std::filesystem::path catalogFolder(const NSBundle& bundle) {
     return bundle.bundlePath() / "Assets.xcassets";
+}
+
+void installAssetCatalog() {
+    AssetCatalog::setCurrent(std::make_shared<AssetCatalogReader>(catalogFolder(NSBundle::mainBundle())));
 }
 
 std::shared_ptr<UIColor> AssetCatalogReader::colorNamed(std::string_view name) {

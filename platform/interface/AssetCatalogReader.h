@@ -1,10 +1,8 @@
 #pragma once
 
-#include "platform/foundation/NSBundle.h"
 #include "platform/graphics/AssetCatalog.h"
 #include "platform/graphics/UIColor.h"
 #include "platform/graphics/UIImage.h"
-#include "platform/interface/CatalogEntries.h"
 
 #include <filesystem>
 #include <map>
@@ -12,11 +10,24 @@
 #include <string>
 #include <vector>
 
+class NSBundle;
+
+/// One set of an asset catalogue: its folder ("NAME.imageset") and the name it is asked for by.
+struct CatalogEntry {
+    std::filesystem::path folder;
+    std::string name;
+};
+
+/// All sets of a catalogue, those in groups included, sorted by path. Nothing for a folder that cannot be read.
+[[nodiscard]] std::vector<CatalogEntry> catalogEntries(const std::filesystem::path& catalog);
 /// Where a bundle keeps its asset catalogue.
 [[nodiscard]] std::filesystem::path catalogFolder(const NSBundle& bundle);
+/// Makes the main bundle's catalogue the current one. Called by the host, after NSBundle::setMainBundle and before the
+/// extension starts; calling it again starts afresh with the current bundle.
+void installAssetCatalog();
 
 /// Reads an asset catalogue as the phone's editor keeps it: each colour or image when it is first asked for by name.
-/// A broken entry is as good as none; InterfaceCheck tells what is wrong with it.
+/// A broken entry is as good as none.
 class AssetCatalogReader : public AssetCatalog {
 public:
     explicit AssetCatalogReader(std::filesystem::path folder) : m_folder(std::move(folder)) {}

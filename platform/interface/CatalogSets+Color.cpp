@@ -1,6 +1,5 @@
-#include "platform/interface/CatalogContents.h"
 #include "platform/interface/CatalogSets.h"
-#include "platform/interface/NumberText.h"
+#include "platform/interface/ElementReader.h"
 
 #include <algorithm>
 #include <charconv>

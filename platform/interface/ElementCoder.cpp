@@ -1,7 +1,6 @@
 #include "platform/interface/ElementCoder.h"
 
-#include "platform/interface/ElementValues.h"
-#include "platform/interface/NumberText.h"
+#include "platform/graphics/UIImage.h"
 
 #include <algorithm>
 
@@ -9,12 +8,12 @@ std::optional<std::string> ElementCoder::string(std::string_view key) const {
     if (const std::string* text = m_element.attribute(key)) {
         return *text;
     }
-    const InterfaceElement* child = m_element.keyed(key);
-    if (child == nullptr || child->name == "nil") {
+    const InterfaceElement* child = keyed(key);
+    if (child == nullptr) {
         return std::nullopt;
     }
     if (child->name != "string" && child->name != "mutableString") {
-        m_report.error(*child, std::string(key) + " is no text");
+        m_reader.error(*child, std::string(key) + " is no text");
         return std::nullopt;
     }
     return child->text;
@@ -34,58 +33,52 @@ std::optional<double> ElementCoder::number(std::string_view key) const {
 
 std::optional<bool> ElementCoder::boolean(std::string_view key) const {
     const std::string* text = scalar(key);
-    if (text == nullptr) {
-        return std::nullopt;
-    }
-    if (*text != "YES" && *text != "NO") {
-        reportInvalid(key, "YES or NO");
-        return std::nullopt;
-    }
-    return *text == "YES";
+    return text != nullptr ? m_reader.boolean(m_element, key, *text) : std::nullopt;
 }
 
 std::optional<CGRect> ElementCoder::rect(std::string_view key) const {
-    const InterfaceElement* child = keyedChild(key, {"rect"});
-    return child != nullptr ? readRect(*child, m_report) : std::nullopt;
+    const InterfaceElement* child = keyed(key, {"rect"});
+    return child != nullptr ? m_reader.rect(*child) : std::nullopt;
 }
 
 std::optional<CGSize> ElementCoder::size(std::string_view key) const {
-    const InterfaceElement* child = keyedChild(key, {"size"});
-    return child != nullptr ? readSize(*child, m_report) : std::nullopt;
+    const InterfaceElement* child = keyed(key, {"size"});
+    return child != nullptr ? m_reader.size(*child) : std::nullopt;
 }
 
 std::optional<UIEdgeInsets> ElementCoder::insets(std::string_view key) const {
-    const InterfaceElement* child = keyedChild(key, {"inset", "edgeInsets"});
-    return child != nullptr ? readInsets(*child, m_report) : std::nullopt;
+    const InterfaceElement* child = keyed(key, {"inset", "edgeInsets"});
+    return child != nullptr ? m_reader.insets(*child) : std::nullopt;
 }
 
 std::optional<std::shared_ptr<NSObject>> ElementCoder::object(std::string_view key) const {
+    using Object = std::shared_ptr<NSObject>;
     if (const std::string* name = m_element.attribute(key)) {
         const bool symbol = m_element.value("catalog") == "system";
-        return std::optional<std::shared_ptr<NSObject>>(symbol ? nullptr : imageFromCatalog(*name));
+        return Object(symbol ? nullptr : UIImage::imageNamed(*name));
     }
     const InterfaceElement* child = m_element.keyed(key);
     if (child == nullptr) {
         return std::nullopt;
     }
     if (child->name == "nil") {
-        return std::optional<std::shared_ptr<NSObject>>(nullptr);
+        return Object();
     }
     if (child->name == "color") {
-        return std::optional<std::shared_ptr<NSObject>>(readColor(*child, m_document, m_report));
+        return Object(m_reader.color(*child));
     }
     if (child->name == "fontDescription") {
-        const std::shared_ptr<NSObject> font = readFont(*child, m_report);
+        const Object font = m_reader.font(*child);
         return font ? std::optional(font) : std::nullopt;
     }
-    m_report.error(*child, std::string(key) + " is no colour, font or image");
+    m_reader.error(*child, std::string(key) + " is no colour, font or image");
     return std::nullopt;
 }
 
 const NSCoder* ElementCoder::child(std::string_view element, std::string_view key) const {
     for (const InterfaceElement& child : m_element.children) {
         if (child.name == element && child.value("key") == key) {
-            m_children.push_back(std::make_unique<ElementCoder>(child, m_document, m_report));
+            m_children.push_back(std::make_unique<ElementCoder>(child, m_reader));
             return m_children.back().get();
         }
     }
@@ -98,32 +91,30 @@ void ElementCoder::reportInvalid(std::string_view key, std::string_view expected
         text = child->attribute("value");
     }
     const std::string found = text != nullptr ? "\"" + *text + "\"" : "of another kind";
-    m_report.error(m_element, std::string(key) + " is " + found + ", " + std::string(expected) + " is expected");
+    m_reader.error(m_element, std::string(key) + " is " + found + ", " + std::string(expected) + " is expected");
 }
 
 const std::string* ElementCoder::scalar(std::string_view key) const {
     if (const std::string* text = m_element.attribute(key)) {
         return text;
     }
-    const InterfaceElement* child = m_element.keyed(key);
-    if (child == nullptr || child->name == "nil") {
-        return nullptr;
-    }
-    const std::string* text = child->attribute("value");
-    if (text == nullptr) {
-        m_report.error(*child, std::string(key) + " has no value");
+    const InterfaceElement* child = keyed(key);
+    const std::string* text = child != nullptr ? child->attribute("value") : nullptr;
+    if (child != nullptr && text == nullptr) {
+        m_reader.error(*child, std::string(key) + " has no value");
     }
     return text;
 }
 
-const InterfaceElement* ElementCoder::keyedChild(std::string_view key,
-                                                 std::initializer_list<std::string_view> names) const {
+const InterfaceElement* ElementCoder::keyed(std::string_view key) const {
     const InterfaceElement* child = m_element.keyed(key);
-    if (child == nullptr || child->name == "nil") {
-        return nullptr;
-    }
-    if (std::find(names.begin(), names.end(), child->name) == names.end()) {
-        m_report.error(*child, std::string(key) + " is expected to be a <" + std::string(*names.begin()) + ">");
+    return child != nullptr && child->name != "nil" ? child : nullptr;
+}
+
+const InterfaceElement* ElementCoder::keyed(std::string_view key, std::initializer_list<std::string_view> names) const {
+    const InterfaceElement* child = keyed(key);
+    if (child != nullptr && std::find(names.begin(), names.end(), child->name) == names.end()) {
+        m_reader.error(*child, std::string(key) + " is expected to be a <" + std::string(*names.begin()) + ">");
         return nullptr;
     }
     return child;

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/interface/InterfaceDocument.h"
-#include "platform/interface/InterfaceReport.h"
+#include "platform/interface/ElementReader.h"
 #include "platform/runtime/NSCoder.h"
 
 #include <memory>
@@ -11,8 +10,7 @@
 /// object's constructor runs.
 class ElementCoder : public NSCoder {
 public:
-    ElementCoder(const InterfaceElement& element, const InterfaceDocument& document, InterfaceReport& report)
-        : m_element(element), m_document(document), m_report(report) {}
+    ElementCoder(const InterfaceElement& element, ElementReader& reader) : m_element(element), m_reader(reader) {}
 
     [[nodiscard]] std::optional<std::string> string(std::string_view key) const override;
     [[nodiscard]] std::optional<double> number(std::string_view key) const override;
@@ -28,12 +26,13 @@ public:
 private:
     /// The attribute, else the value of the child with that key; null when absent.
     [[nodiscard]] const std::string* scalar(std::string_view key) const;
-    /// The child with that key; one of another element's name is reported.
-    [[nodiscard]] const InterfaceElement* keyedChild(std::string_view key,
-                                                     std::initializer_list<std::string_view> names) const;
+    /// The child with that key; null when there is none or it is <nil/>.
+    [[nodiscard]] const InterfaceElement* keyed(std::string_view key) const;
+    /// The same; one of another element's name is reported.
+    [[nodiscard]] const InterfaceElement* keyed(std::string_view key,
+                                                std::initializer_list<std::string_view> names) const;
 
     const InterfaceElement& m_element;
-    const InterfaceDocument& m_document;
-    InterfaceReport& m_report;
+    ElementReader& m_reader;
     mutable std::vector<std::unique_ptr<ElementCoder>> m_children;
 };

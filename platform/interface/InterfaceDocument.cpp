@@ -1,24 +1,84 @@
 #include "platform/interface/InterfaceDocument.h"
 
 #include "platform/foundation/FileReading.h"
+#include "platform/foundation/NSBundle.h"
+#include "platform/foundation/Nearest.h"
 #include "platform/foundation/TextPlaces.h"
 
 #include <pugixml.hpp>
 
 #include <algorithm>
+#include <map>
+
+const std::string* InterfaceElement::attribute(std::string_view key) const {
+    for (const auto& [attributeName, attributeValue] : attributes) {
+        if (attributeName == key) {
+            return &attributeValue;
+        }
+    }
+    return nullptr;
+}
+
+std::string_view InterfaceElement::value(std::string_view key) const {
+    const std::string* found = attribute(key);
+    return found == nullptr ? std::string_view() : std::string_view(*found);
+}
+
+const InterfaceElement* InterfaceElement::keyed(std::string_view key) const {
+    for (const InterfaceElement& each : children) {
+        const std::string* own = each.attribute("key");
+        if (own != nullptr && *own == key) {
+            return &each;
+        }
+    }
+    return nullptr;
+}
+
+const InterfaceElement* InterfaceElement::child(std::string_view childName) const {
+    for (const InterfaceElement& each : children) {
+        if (each.name == childName) {
+            return &each;
+        }
+    }
+    return nullptr;
+}
+
+std::string InterfaceElement::describe() const {
+    const std::string_view own = id();
+    return "<" + name + (own.empty() ? "" : " id=\"" + std::string(own) + "\"") + ">";
+}
+
+Failure InterfaceElement::failure(const std::string& what) const {
+    return {describe() + ": " + what, place};
+}
 
 namespace {
 
-LoadedDocument refuse(const std::string& path, std::optional<TextPlace> place, const std::string& message) {
-    return {nullptr, {Severity::error, path, place, message}};
-}
+/// Tells the places of ever later offsets in one walk through the text, however long its lines are.
+class PlaceWalk {
+public:
+    explicit PlaceWalk(std::string_view text) : m_text(text) {}
 
-/// Where a node's markup opens. The parser gives the place of its name.
-TextPlace placeOf(const pugi::xml_node& node, const std::string& text, const TextPlaces& places) {
-    const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
-    const std::size_t bracket = text.rfind('<', offset);
-    return places.at(bracket == std::string::npos ? offset : bracket);
-}
+    /// Where a node's markup opens. The parser gives the offset of its name.
+    TextPlace of(const pugi::xml_node& node) {
+        const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
+        const std::size_t bracket = m_text.rfind('<', offset);
+        return at(bracket == std::string_view::npos ? offset : bracket);
+    }
+
+private:
+    TextPlace at(std::size_t offset) {
+        const TextPlace step = TextPlaces(m_text.substr(m_offset, offset - m_offset)).at(offset - m_offset);
+        m_place = step.line > 1 ? TextPlace{m_place.line + step.line - 1, step.column}
+                                : TextPlace{m_place.line, m_place.column + step.column - 1};
+        m_offset = offset;
+        return m_place;
+    }
+
+    std::string_view m_text;
+    std::size_t m_offset = 0;
+    TextPlace m_place;
+};
 
 /// The first element that is nested too deeply; walks without recursion, so that depth cannot exhaust the stack.
 pugi::xml_node tooDeep(const pugi::xml_node& root) {
@@ -42,16 +102,16 @@ pugi::xml_node tooDeep(const pugi::xml_node& root) {
     return {};
 }
 
-InterfaceElement convert(const pugi::xml_node& node, const std::string& text, const TextPlaces& places) {
+InterfaceElement convert(const pugi::xml_node& node, PlaceWalk& places) {
     InterfaceElement element;
-    element.place = placeOf(node, text, places);
+    element.place = places.of(node);
     element.name = node.name();
     for (const pugi::xml_attribute& attribute : node.attributes()) {
         element.attributes.emplace_back(attribute.name(), attribute.value());
     }
     for (const pugi::xml_node& child : node.children()) {
         if (child.type() == pugi::node_element) {
-            element.children.push_back(convert(child, text, places));
+            element.children.push_back(convert(child, places));
         } else if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) {
             element.text += child.value();
         }
@@ -59,20 +119,22 @@ InterfaceElement convert(const pugi::xml_node& node, const std::string& text, co
     return element;
 }
 
-/// Whether this is a document for the phone, and if not, why.
+const char* const storyboardType = "com.apple.InterfaceBuilder3.CocoaTouch.Storyboard.XIB";
+
+/// Why this is no document for the phone; empty when it is one.
 std::string reasonToRefuse(const InterfaceElement& root) {
     if (root.name != "document") {
-        return root.describe() + ": no interface document, whose outermost element is <document>";
+        return "no interface document, whose outermost element is <document>";
     }
     const std::string_view type = root.value("type");
     if (type == "com.apple.InterfaceBuilder3.CocoaTouch.XIB") {
-        return root.child("objects") ? "" : root.describe() + ": the document has no <objects>";
+        return root.child("objects") ? "" : "the document has no <objects>";
     }
-    if (type == "com.apple.InterfaceBuilder3.CocoaTouch.Storyboard.XIB") {
-        return root.child("scenes") ? "" : root.describe() + ": the document has no <scenes>";
+    if (type == storyboardType) {
+        return root.child("scenes") ? "" : "the document has no <scenes>";
     }
     const bool desktop = type.find(".Cocoa.") != std::string_view::npos;
-    return root.describe() + ": type is \"" + std::string(type) + "\", " +
+    return "type is \"" + std::string(type) + "\", " +
            (desktop ? "a document for the desktop" : "an unknown kind of document") +
            "; one for the phone (CocoaTouch) is expected";
 }
@@ -87,6 +149,29 @@ pugi::xml_node secondRoot(const pugi::xml_document& document) {
         [&](const pugi::xml_node& node) { return node.type() == pugi::node_element && node != first; });
 }
 
+/// The elements of a text without a document type, too much depth or a second root.
+Result<InterfaceElement> rootOf(const std::string& text) {
+    pugi::xml_document document;
+    const pugi::xml_parse_result parsed =
+        document.load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_doctype, pugi::encoding_utf8);
+    if (!parsed) {
+        const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(parsed.offset, 0));
+        return Failure{"malformed XML: " + std::string(parsed.description()), TextPlaces(text).at(offset)};
+    }
+    PlaceWalk places(text);
+    if (const pugi::xml_node doctype = doctypeOf(document)) {
+        return Failure{"a document type (DOCTYPE) is not accepted", places.of(doctype)};
+    }
+    if (const pugi::xml_node deep = tooDeep(document)) {
+        return Failure{"elements are nested more than " + std::to_string(InterfaceDocument::greatestDepth) + " deep",
+                       places.of(deep)};
+    }
+    if (const pugi::xml_node second = secondRoot(document)) {
+        return Failure{"malformed XML: a second outermost element", places.of(second)};
+    }
+    return convert(document.document_element(), places);
+}
+
 /// The object that the editor marks as the scene's controller.
 const InterfaceElement* controllerAmong(const InterfaceElement& objects) {
     for (const InterfaceElement& object : objects.children) {
@@ -97,73 +182,98 @@ const InterfaceElement* controllerAmong(const InterfaceElement& objects) {
     return nullptr;
 }
 
-} // namespace
-
-LoadedDocument InterfaceDocument::load(const std::filesystem::path& path) {
-    std::error_code error;
-    if (std::filesystem::file_size(path, error) > largestSize && !error) {
-        return refuse(path.string(), {}, "the file is larger than 8 MB");
-    }
-    const Result<std::string> text = readWholeFile(path);
-    return text ? parse(path.string(), text.value()) : refuse(path.string(), {}, text.failure().what);
-}
-
-LoadedDocument InterfaceDocument::parse(std::string path, const std::string& text) {
-    if (text.size() > largestSize) {
-        return refuse(path, {}, "the file is larger than 8 MB");
-    }
-    const TextPlaces places(text);
-    pugi::xml_document document;
-    const pugi::xml_parse_result parsed =
-        document.load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_doctype, pugi::encoding_utf8);
-    if (!parsed) {
-        const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(parsed.offset, 0));
-        return refuse(path, places.at(offset), "malformed XML: " + std::string(parsed.description()));
-    }
-    if (const pugi::xml_node doctype = doctypeOf(document)) {
-        return refuse(path, placeOf(doctype, text, places), "a document type (DOCTYPE) is not accepted");
-    }
-    if (const pugi::xml_node deep = tooDeep(document)) {
-        return refuse(path, placeOf(deep, text, places),
-                      "elements are nested more than " + std::to_string(greatestDepth) + " deep");
-    }
-    if (const pugi::xml_node second = secondRoot(document)) {
-        return refuse(path, placeOf(second, text, places), "malformed XML: a second outermost element");
-    }
-    InterfaceElement root = convert(document.document_element(), text, places);
-    if (const std::string reason = reasonToRefuse(root); !reason.empty()) {
-        return refuse(path, root.place, reason);
-    }
-    return {std::make_shared<const InterfaceDocument>(std::move(path), std::move(root)), {}};
-}
-
-InterfaceDocument::InterfaceDocument(std::string path, InterfaceElement root)
-    : m_path(std::make_shared<const std::string>(std::move(path))), m_root(std::move(root)),
-      m_kind(m_root.child("scenes") ? Kind::storyboard : Kind::nib) {
-    if (const InterfaceElement* scenes = m_root.child("scenes")) {
+std::vector<InterfaceScene> scenesOf(const InterfaceElement& root) {
+    std::vector<InterfaceScene> found;
+    if (const InterfaceElement* scenes = root.child("scenes")) {
         for (const InterfaceElement& scene : scenes->children) {
             const InterfaceElement* objects = scene.child("objects");
             const InterfaceElement* controller = objects != nullptr ? controllerAmong(*objects) : nullptr;
             if (controller != nullptr) {
-                m_scenes.push_back({controller, objects});
+                found.push_back({controller, objects});
             }
         }
     }
+    return found;
 }
 
-std::string_view InterfaceDocument::fileName() const {
-    const std::size_t slash = m_path->rfind('/');
-    return slash == std::string::npos ? std::string_view(*m_path) : std::string_view(*m_path).substr(slash + 1);
+} // namespace
+
+std::filesystem::path InterfaceDocument::pathIn(const NSBundle& bundle, const std::string& name, Kind kind) {
+    const char* extension = kind == Kind::nib ? "xib" : "storyboard";
+    return bundle.URLForResource(name, extension).value_or(bundle.bundlePath() / (name + "." + extension));
 }
 
-const InterfaceScene* InterfaceDocument::sceneWith(std::string_view attribute, std::string_view value) const {
+InterfaceDocument::Loaded InterfaceDocument::shared(const std::filesystem::path& path, Kind kind) {
+    struct Known {
+        std::filesystem::file_time_type changed;
+        std::shared_ptr<const InterfaceDocument> document;
+    };
+    static std::map<std::string, Known> documents; // by path
+    std::error_code error;
+    const auto changed = std::filesystem::last_write_time(path, error);
+    auto known = documents.find(path.native());
+    if (error || known == documents.end() || known->second.changed != changed) {
+        Loaded loaded = load(path);
+        if (!loaded) {
+            return loaded;
+        }
+        known = documents.insert_or_assign(path.native(), Known{changed, std::move(loaded).value()}).first;
+    }
+    const std::shared_ptr<const InterfaceDocument>& document = known->second.document;
+    if (document->kind() != kind) {
+        return document->root().failure(kind == Kind::nib ? "a storyboard stands where a nib is expected"
+                                                          : "a nib stands where a storyboard is expected");
+    }
+    return document;
+}
+
+InterfaceDocument::Loaded InterfaceDocument::load(const std::filesystem::path& path) {
+    std::error_code error;
+    if (std::filesystem::file_size(path, error) > largestSize && !error) {
+        return Failure{"the file is larger than 8 MB"};
+    }
+    const Result<std::string> text = readWholeFile(path);
+    return text ? parse(path.string(), text.value()) : text.failure();
+}
+
+InterfaceDocument::Loaded InterfaceDocument::parse(std::string path, const std::string& text) {
+    if (text.size() > largestSize) {
+        return Failure{"the file is larger than 8 MB"};
+    }
+    Result<InterfaceElement> root = rootOf(text);
+    if (!root) {
+        return root.failure();
+    }
+    if (const std::string reason = reasonToRefuse(root.value()); !reason.empty()) {
+        return root.value().failure(reason);
+    }
+    return std::make_shared<const InterfaceDocument>(std::move(path), std::move(root).value());
+}
+
+InterfaceDocument::InterfaceDocument(std::string path, InterfaceElement root)
+    : m_path(std::make_shared<const std::string>(std::move(path))), m_root(std::move(root)),
+      m_kind(m_root.value("type") == storyboardType ? Kind::storyboard : Kind::nib), m_scenes(scenesOf(m_root)) {}
+
+Result<InterfaceScene> InterfaceDocument::initialScene() const {
+    const std::string_view id = m_root.value("initialViewController");
     for (const InterfaceScene& scene : m_scenes) {
-        const std::string* own = scene.controller->attribute(attribute);
-        if (own != nullptr && *own == value) {
-            return &scene;
+        if (!id.empty() && scene.controller->id() == id) {
+            return scene;
         }
     }
-    return nullptr;
+    return m_root.failure("the storyboard has no initial controller");
+}
+
+Result<InterfaceScene> InterfaceDocument::sceneWithIdentifier(const std::string& identifier) const {
+    std::vector<std::string> known;
+    for (const InterfaceScene& scene : m_scenes) {
+        known.emplace_back(scene.controller->value("storyboardIdentifier"));
+        if (known.back() == identifier && !identifier.empty()) {
+            return scene;
+        }
+    }
+    return m_root.failure("there is no scene with the identifier \"" + identifier + "\"" +
+                          suggestion(identifier, known));
 }
 
 const InterfaceElement* InterfaceDocument::resource(std::string_view element, std::string_view name) const {

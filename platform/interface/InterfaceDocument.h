@@ -1,26 +1,44 @@
 #pragma once
 
-#include "platform/foundation/Finding.h"
-#include "platform/interface/InterfaceElement.h"
+#include "platform/foundation/Result.h"
 
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
+
+class NSBundle;
+
+/// One element of an interface document and where it stands in the file. Made by InterfaceDocument, which owns the
+/// whole tree; never changes afterwards.
+struct InterfaceElement {
+    std::string name;
+    TextPlace place;                                             // of the opening bracket
+    std::vector<std::pair<std::string, std::string>> attributes; // in file order
+    std::vector<InterfaceElement> children;
+    std::string text; // character data directly inside
+
+    /// Null when absent.
+    [[nodiscard]] const std::string* attribute(std::string_view key) const;
+    /// The attribute's text, or nothing.
+    [[nodiscard]] std::string_view value(std::string_view key) const;
+    [[nodiscard]] std::string_view id() const { return value("id"); }
+    /// The first child with key="…", whatever its name; null when absent.
+    [[nodiscard]] const InterfaceElement* keyed(std::string_view key) const;
+    /// The first child of that name; null when absent.
+    [[nodiscard]] const InterfaceElement* child(std::string_view childName) const;
+    /// <label id="abc-de-fgh">, for messages.
+    [[nodiscard]] std::string describe() const;
+    /// `<label id="abc-de-fgh">: what`, told at this element's place.
+    [[nodiscard]] Failure failure(const std::string& what) const;
+};
 
 /// One controller of a storyboard and the top-level objects it stands among, itself included.
 struct InterfaceScene {
     const InterfaceElement* controller = nullptr;
     const InterfaceElement* objects = nullptr;
-};
-
-class InterfaceDocument;
-
-/// What came of reading a file: a document, or what is wrong with the file as a whole.
-struct LoadedDocument {
-    std::shared_ptr<const InterfaceDocument> document; // null when there is a problem
-    Finding problem;
 };
 
 /// A parsed interface document: its elements, each with its place in the file. Immutable; objects are made from it
@@ -31,27 +49,29 @@ public:
     static constexpr int greatestDepth = 200;
 
     enum class Kind { nib, storyboard };
+    using Loaded = Result<std::shared_ptr<const InterfaceDocument>>;
 
-    [[nodiscard]] static LoadedDocument load(const std::filesystem::path& path);
+    /// Where the bundle has the document, or would have to have it.
+    [[nodiscard]] static std::filesystem::path pathIn(const NSBundle& bundle, const std::string& name, Kind kind);
+    /// A document of that kind, parsed once however often it is asked for, and again when the file has changed. Main
+    /// thread only.
+    [[nodiscard]] static Loaded shared(const std::filesystem::path& path, Kind kind);
+    [[nodiscard]] static Loaded load(const std::filesystem::path& path);
     /// `path` is only told in messages.
-    [[nodiscard]] static LoadedDocument parse(std::string path, const std::string& text);
+    [[nodiscard]] static Loaded parse(std::string path, const std::string& text);
 
     InterfaceDocument(std::string path, InterfaceElement root);
     InterfaceDocument(const InterfaceDocument&) = delete;
     InterfaceDocument& operator=(const InterfaceDocument&) = delete;
 
-    [[nodiscard]] const std::string& path() const { return *m_path; }
-    /// The path's last part.
-    [[nodiscard]] std::string_view fileName() const;
-    [[nodiscard]] const std::shared_ptr<const std::string>& sharedPath() const { return m_path; }
-    [[nodiscard]] const InterfaceElement& root() const { return m_root; }
+    [[nodiscard]] const std::shared_ptr<const std::string>& path() const { return m_path; }
     [[nodiscard]] Kind kind() const { return m_kind; }
-    /// Top-level objects of a nib; null for a storyboard.
-    [[nodiscard]] const InterfaceElement* objects() const { return m_root.child("objects"); }
+    [[nodiscard]] const InterfaceElement& root() const { return m_root; }
     /// Every scene that has a controller, in file order; none in a nib.
     [[nodiscard]] const std::vector<InterfaceScene>& scenes() const { return m_scenes; }
-    /// The scene whose controller has that attribute with that value; null when there is none.
-    [[nodiscard]] const InterfaceScene* sceneWith(std::string_view attribute, std::string_view value) const;
+    /// The scene that the storyboard starts with.
+    [[nodiscard]] Result<InterfaceScene> initialScene() const;
+    [[nodiscard]] Result<InterfaceScene> sceneWithIdentifier(const std::string& identifier) const;
     /// The entry of the resources section; null when it is not listed.
     [[nodiscard]] const InterfaceElement* resource(std::string_view element, std::string_view name) const;
 

@@ -2,25 +2,20 @@
 
 #include "content/CurrentOption.h"
 #include "platform/foundation/NSBundle.h"
-#include "platform/interface/InterfaceCheck.h"
 #include "platform/interface/InterfaceDocument.h"
 #include "simulator/check/ContentCheck.h"
+#include "simulator/check/InterfaceCheck.h"
 #include "simulator/conversation/BundleSetup.h"
 
 #include <filesystem>
-#include <string_view>
 
 namespace {
 
-/// Whether the host can make the extension's first controller from the storyboard. One that cannot be read is told with
+/// The scene that the host makes the extension's first controller from. A storyboard that cannot be read is told with
 /// the other documents.
-bool lacksInitialController(const std::filesystem::path& storyboard) {
-    const LoadedDocument loaded = InterfaceDocument::load(storyboard);
-    if (!loaded.document) {
-        return false;
-    }
-    const std::string_view id = loaded.document->root().value("initialViewController");
-    return id.empty() || loaded.document->sceneWith("id", id) == nullptr;
+Result<InterfaceScene> initialScene(const std::filesystem::path& storyboard) {
+    const InterfaceDocument::Loaded loaded = InterfaceDocument::load(storyboard);
+    return loaded ? loaded.value()->initialScene() : InterfaceScene();
 }
 
 } // namespace
@@ -34,8 +29,8 @@ Result<BundleFindings> checkMainBundle(const std::optional<std::string>& needed)
                        mainStoryboardKey};
     }
     BundleFindings findings{checkBundle(bundle), true};
-    if (lacksInitialController(*storyboard)) {
-        findings.all.push_back(Failure{"the storyboard has no initial controller"}.in(storyboard->string()));
+    if (const Result<InterfaceScene> initial = initialScene(*storyboard); !initial) {
+        findings.all.push_back(initial.failure().in(storyboard->string()));
     }
     findings.canLaunch = !hasErrors(findings.all);
     for (const CurrentOption option : contentLoadOrder()) {

@@ -3,7 +3,7 @@
 #include "game/GameClasses.h"
 #include "host/HostClasses.h"
 #include "platform/foundation/NSBundle.h"
-#include "platform/interface/InterfaceReaders.h"
+#include "platform/interface/AssetCatalogReader.h"
 #include "platform/messages/MessagesClasses.h"
 #include "platform/uikit/UIKitClasses.h"
 #include "simulator/scenes/CanvasSceneController.h"
@@ -20,7 +20,7 @@ void openExtensionBundle(const std::filesystem::path& folder, const std::vector<
     for (const ResourceOverride& replaced : overrides) {
         NSBundle::mainBundle().setResourceOverride(replaced.name, replaced.file.value_or(""));
     }
-    installInterfaceReaders();
+    installAssetCatalog();
 }
 
 std::optional<std::string> mainStoryboardName() {

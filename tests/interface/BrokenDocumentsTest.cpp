@@ -1,6 +1,5 @@
 #include "platform/foundation/FileReading.h"
-#include "platform/interface/NibMaker.h"
-#include "platform/interface/SceneMaker.h"
+#include "platform/interface/NibBuilder.h"
 #include "platform/uikit/controllers/UIViewController.h"
 #include "platform/uikit/view/UIView.h"
 #include "tests/interface/StandIns.h"
@@ -13,20 +12,19 @@ namespace {
 
 /// Whatever becomes of the text: it is read and its objects are made, or something is reported.
 void tryDocument(const std::string& text) {
-    const LoadedDocument loaded = InterfaceDocument::parse("A", text);
-    if (!loaded.document) {
-        EXPECT_FALSE(loaded.problem.what.empty());
+    const InterfaceDocument::Loaded loaded = InterfaceDocument::parse("A", text);
+    if (!loaded) {
+        EXPECT_FALSE(loaded.failure().what.empty());
         return;
     }
-    InterfaceReport report("A");
-    for (const InterfaceScene& scene : loaded.document->scenes()) {
-        if (const auto controller = makeSceneController(scene, *loaded.document, report)) {
-            static_cast<void>(makeSceneView(scene, controller, *loaded.document, report));
+    const InterfaceDocument& document = *loaded.value();
+    for (const InterfaceScene& scene : document.scenes()) {
+        if (const auto controller = NibBuilder(document).makeController(scene)) {
+            static_cast<void>(NibBuilder(document).makeView(scene, controller));
         }
     }
-    if (loaded.document->kind() == InterfaceDocument::Kind::nib) {
-        const auto objects = makeNibObjects(nullptr, *loaded.document, report);
-        for (const auto& object : objects) {
+    if (document.kind() == InterfaceDocument::Kind::nib) {
+        for (const auto& object : NibBuilder(document).makeNib(nullptr)) {
             if (const auto view = std::dynamic_pointer_cast<UIView>(object)) {
                 view->layoutIfNeeded();
             }

@@ -14,19 +14,25 @@ std::string repeated(const std::string& text, int count) {
     return all;
 }
 
-TEST(InterfaceDocument, KeepsTheLineAndColumnOfEveryElement) {
-    const LoadedDocument loaded = InterfaceDocument::parse(
+TEST(InterfaceDocument, KeepsTheLineAndColumnOfEveryElementInCharacters) {
+    const InterfaceDocument::Loaded loaded = InterfaceDocument::parse(
         "A.xib",
-        "\xEF\xBB\xBF" + nibStart + "\n  <objects>\r\n\t<view\n id=\"&b; &amp;&#x41;\"/><label/></objects></document>");
-    ASSERT_TRUE(loaded.document);
-    const InterfaceElement& objects = *loaded.document->objects();
-    const auto place = [](const InterfaceElement& element) {
-        return std::pair(element.place.line, element.place.column);
-    };
-    EXPECT_EQ(place(objects), std::pair(2, 3));
-    EXPECT_EQ(place(objects.children[0]), std::pair(3, 2));
-    EXPECT_EQ(place(objects.children[1]), std::pair(4, 24));
+        "\xEF\xBB\xBF" + nibStart +
+            "\n  <objects>\r\n\t<view\n id=\"&b; &amp;&#x41;\"/><label text=\"日本é\"/><a/></objects></document>");
+    ASSERT_TRUE(loaded);
+    const InterfaceElement& objects = *loaded.value()->root().child("objects");
+    EXPECT_EQ(objects.place, (TextPlace{2, 3}));
+    EXPECT_EQ(objects.children[0].place, (TextPlace{3, 2}));
+    EXPECT_EQ(objects.children[1].place, (TextPlace{4, 24}));
+    EXPECT_EQ(objects.children[2].place, (TextPlace{4, 43})); // three characters of eight bytes stand before it
     EXPECT_EQ(objects.children[0].value("id"), "&b; &A") << "an unknown entity stays as it is";
+}
+
+TEST(InterfaceDocument, TellsThePlacesOnOneLongLineAsFastAsOnManyShortOnes) {
+    const InterfaceDocument::Loaded loaded = InterfaceDocument::parse(
+        "A.xib", nibStart + "<objects>" + repeated("<view/>", 500'000) + "</objects></document>");
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(loaded.value()->root().child("objects")->children.back().place, (TextPlace{1, 3'500'063}));
 }
 
 TEST(InterfaceDocument, RefusesWhatIsNoDocumentForThePhoneAndSaysWhere) {
@@ -47,9 +53,9 @@ TEST(InterfaceDocument, RefusesWhatIsNoDocumentForThePhoneAndSaysWhere) {
          ":2:1981: error: elements are nested more than 200 deep"},
         {std::string(InterfaceDocument::largestSize + 1, ' '), ": error: the file is larger than 8 MB"}};
     for (const auto& [text, problem] : refused) {
-        const LoadedDocument loaded = InterfaceDocument::parse("A.xib", text);
-        EXPECT_FALSE(loaded.document) << problem;
-        EXPECT_EQ(loaded.problem.describe(), "A.xib" + problem);
+        const InterfaceDocument::Loaded loaded = InterfaceDocument::parse("A.xib", text);
+        ASSERT_FALSE(loaded) << problem;
+        EXPECT_EQ(loaded.failure().in("A.xib").describe(), "A.xib" + problem);
     }
 }
 

@@ -1,13 +1,13 @@
 #include "tests/interface/InterfaceFixture.h"
 
-#include "platform/interface/InterfaceReaders.h"
+#include "platform/interface/AssetCatalogReader.h"
 #include "platform/uikit/controllers/UINib.h"
 #include "tests/interface/StandIns.h"
 
 InterfaceFixture::InterfaceFixture() {
     registerStandIns();
     NSBundle::setMainBundle(folder());
-    installInterfaceReaders();
+    installAssetCatalog();
 }
 
 Result<InterfaceFixture::Objects> InterfaceFixture::instantiate(const std::string& nib,

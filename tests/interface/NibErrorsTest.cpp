@@ -134,7 +134,7 @@ TEST_F(NibErrors, TellOfAMissingFileAndOfAStoryboardInItsPlace) {
     const Result<Objects> storyboard = instantiate("Board");
     ASSERT_FALSE(storyboard);
     EXPECT_EQ(withoutFolder(storyboard.failure().what),
-              "Board.xib: error: a storyboard stands where a nib is expected");
+              "Board.xib:2:1: error: <document>: a storyboard stands where a nib is expected");
 }
 
 } // namespace

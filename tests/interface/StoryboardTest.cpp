@@ -83,30 +83,35 @@ TEST_F(Storyboard, KeepsTheViewsOfTwoInstancesApartAndLetsThemGo) {
 
 using StoryboardDeathTest = Storyboard;
 
-TEST_F(StoryboardDeathTest, StopsForAMissingSceneOrFile) {
+TEST_F(StoryboardDeathTest, StopsForAMissingSceneOrFileWithItsPlace) {
     const auto storyboard = board(storyboardWith("", scenes));
-    EXPECT_DEATH(
-        (void)storyboard->instantiateViewControllerWithIdentifier("CategorysVC"),
-        "Main.storyboard:2:1: error: <document>: there is no scene with the identifier \"CategorysVC\"; did you mean "
-        "CategoriesVC\\?");
+    const std::string place = "Main.storyboard:2:1: error: <document>: ";
+    EXPECT_DEATH((void)storyboard->instantiateViewControllerWithIdentifier("CategorysVC"),
+                 place + "there is no scene with the identifier \"CategorysVC\"; did you mean CategoriesVC\\?");
     EXPECT_DEATH((void)storyboard->instantiateInitialViewController(),
-                 "Main.storyboard:2:1: error: <document>: the storyboard has no initial controller");
-    const auto missing = UIStoryboard::storyboardWithNameBundle("Other", bundle());
-    EXPECT_DEATH((void)missing->instantiateInitialViewController(), "Other.storyboard: error: ");
+                 place + "the storyboard has no initial controller");
+    EXPECT_DEATH((void)board(storyboardWith("none", scenes))->instantiateInitialViewController(),
+                 "no initial controller");
+    EXPECT_DEATH((void)board(nibWith("<view/>"))->instantiateInitialViewController(),
+                 place + "a nib stands where a storyboard is expected");
+    EXPECT_DEATH((void)board("<document")->instantiateInitialViewController(),
+                 "Main.storyboard:1:9: error: malformed XML");
+    EXPECT_DEATH((void)UIStoryboard::storyboardWithNameBundle("Other", bundle())->instantiateInitialViewController(),
+                 "Other.storyboard: error: .* No such file");
 }
 
 TEST_F(StoryboardDeathTest, StopsForAFaultInASceneWithItsPlace) {
-    const std::string start = "<scene><objects>\n";
-    const std::string end = "</objects></scene>";
-    const auto noController =
-        board(storyboardWith("c", start + "<view id=\"c\" sceneMemberID=\"viewController\"/>" + end));
-    EXPECT_DEATH((void)noController->instantiateInitialViewController(),
-                 "Main.storyboard:4:1: error: <view id=\"c\">: UIView is no controller");
-    const auto faulty = board(storyboardWith("c", start + R"(<viewController id="c" sceneMemberID="viewController">
-<view key="view" id="v"><subviews><lable id="l"/></subviews></view></viewController>)" +
-                                                      end));
-    EXPECT_DEATH((void)faulty->instantiateInitialViewController()->view(),
-                 "Main.storyboard:5:35: error: <lable id=\"l\">: unknown element; did you mean label\\?");
+    const auto stopsFor = [&](const std::string& controller, const std::string& report) {
+        const auto faulty = board(storyboardWith("c", "<scene><objects>\n" + controller + "</objects></scene>"));
+        EXPECT_DEATH((void)faulty->instantiateInitialViewController()->view(), "Main.storyboard:" + report);
+    };
+    stopsFor("<view id=\"c\" sceneMemberID=\"viewController\"/>",
+             "4:1: error: <view id=\"c\">: UIView is no controller");
+    const std::string start = "<viewController id=\"c\" sceneMemberID=\"viewController\">\n";
+    stopsFor(start + "<view key=\"view\"><subviews><lable id=\"l\"/></subviews></view></viewController>",
+             "5:28: error: <lable id=\"l\">: unknown element; did you mean label\\?");
+    stopsFor(start + "<viewController key=\"view\" id=\"w\"/></viewController>",
+             "5:1: error: <viewController id=\"w\">: UIViewController is no view");
 }
 
 } // namespace

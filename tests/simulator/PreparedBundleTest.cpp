@@ -56,7 +56,8 @@ TEST_F(PreparedBundleTest, DoesNotOpenAnExtensionWhoseInterfaceFilesAreWrong) {
 
 TEST_F(PreparedBundleTest, DoesNotOpenAnExtensionWithoutAnInitialController) {
     edit("MainInterface.storyboard", "initialViewController=\"", "initialViewController=\"no");
-    EXPECT_THAT(complaint(), HasSubstr("MainInterface.storyboard: error: the storyboard has no initial controller"));
+    EXPECT_THAT(complaint(),
+                HasSubstr("MainInterface.storyboard:2:1: error: <document>: the storyboard has no initial controller"));
     EXPECT_FALSE(canLaunch());
 }
 

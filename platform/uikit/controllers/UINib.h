@@ -5,10 +5,12 @@
 #include "platform/runtime/NSObject.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-/// An interface file whose objects can be made again and again. Abstract: the reader of the files stands elsewhere.
+/// An interface file whose objects can be made again and again. Abstract for those who only use nibs; the static
+/// function and loadNibNamedOwner are defined with the reader of the files, in platform/interface/Nib.cpp.
 class UINib : public NSObject {
 public:
     /// Never null; a file that is missing or wrong shows when it is instantiated.
@@ -17,7 +19,7 @@ public:
     /// For messages; the file's name without extension.
     [[nodiscard]] virtual std::string name() const { return {}; }
     /// New top-level objects in file order, connected and awakened; `owner` stands for the file's owner, may be null.
-    /// The error names file, line and element.
+    /// The failure tells all that is wrong, one finding a line, each with file, line and element.
     [[nodiscard]] virtual Result<std::vector<std::shared_ptr<NSObject>>>
     instantiateWithOwner(const std::shared_ptr<NSObject>& owner) = 0;
 };

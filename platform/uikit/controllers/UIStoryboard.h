@@ -8,8 +8,9 @@
 
 class UIViewController;
 
-/// A file of scenes. Abstract: the reader of the files stands elsewhere. A scene that is missing or wrong is a fault
-/// of the bundle and stops the program with file, line and element.
+/// A file of scenes. Abstract for those who only use storyboards; the static function is defined with the reader of the
+/// files, in platform/interface/Storyboard.cpp. A scene that is missing or wrong is a fault of the bundle and stops the
+/// program with file, line and element.
 class UIStoryboard : public NSObject {
 public:
     [[nodiscard]] static std::shared_ptr<UIStoryboard> storyboardWithNameBundle(const std::string& name,

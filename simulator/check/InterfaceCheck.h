@@ -3,10 +3,8 @@
 #include "platform/foundation/Finding.h"
 #include "platform/foundation/NSBundle.h"
 
-#include <vector>
-
-/// For tools: tries every interface document of the bundle (all objects are made and connected, no view is loaded by a
-/// controller) and reads every set of its asset catalogue. Errors of documents, and warnings of the images and colours
+/// Tries every interface document of the bundle (all objects are made and connected, no view is loaded by a controller)
+/// and reads every set of its asset catalogue. Errors of documents, and warnings of the images and colours
 /// that the catalogue lacks or that are broken there. Needs the classes to be registered and the bundle's catalogue to
 /// be the current one. Sorted by file, documents first.
 [[nodiscard]] Findings checkBundle(const NSBundle& bundle);

@@ -1,0 +1,128 @@
+#include "platform/graphics/UIImage.h"
+#include "platform/interface/NibBuilder.h"
+#include "platform/runtime/ClassRegistry.h"
+
+namespace {
+
+std::optional<Value> missing(const InterfaceElement& attribute, ElementReader& reader) {
+    reader.error(attribute, "the value is missing or of another type than " + std::string(attribute.value("type")));
+    return std::nullopt;
+}
+
+std::optional<Value> readBoolean(const InterfaceElement& attribute, ElementReader& reader) {
+    const std::optional<bool> boolean = reader.boolean(attribute, "value", attribute.value("value"));
+    return boolean ? std::optional<Value>(*boolean) : std::nullopt;
+}
+
+std::optional<Value> readNumber(const InterfaceElement& attribute, ElementReader& reader) {
+    const InterfaceElement* child = attribute.keyed("value");
+    if (child == nullptr || (child->name != "integer" && child->name != "real")) {
+        return missing(attribute, reader);
+    }
+    const std::optional<double> number = reader.number(*child, "value");
+    return number ? std::optional<Value>(*number) : std::nullopt;
+}
+
+std::optional<Value> readText(const InterfaceElement& attribute, ElementReader& /*reader*/) {
+    if (const std::string* text = attribute.attribute("value")) {
+        return Value(*text);
+    }
+    const InterfaceElement* child = attribute.keyed("value");
+    return Value(child != nullptr ? child->text : std::string());
+}
+
+std::optional<Value> readImage(const InterfaceElement& attribute, ElementReader& /*reader*/) {
+    return Value(std::shared_ptr<NSObject>(UIImage::imageNamed(attribute.value("value"))));
+}
+
+std::optional<Value> readNil(const InterfaceElement& /*attribute*/, ElementReader& /*reader*/) {
+    return Value(std::shared_ptr<NSObject>());
+}
+
+std::optional<Value> readColor(const InterfaceElement& attribute, ElementReader& reader) {
+    const InterfaceElement* child = attribute.keyed("value");
+    if (child == nullptr || child->name != "color") {
+        return missing(attribute, reader);
+    }
+    return Value(std::shared_ptr<NSObject>(reader.color(*child)));
+}
+
+std::optional<Value> readSize(const InterfaceElement& attribute, ElementReader& reader) {
+    const InterfaceElement* child = attribute.keyed("value");
+    if (child == nullptr || child->name != "size") {
+        return missing(attribute, reader);
+    }
+    const std::optional<CGSize> size = reader.size(*child);
+    return size ? std::optional<Value>(*size) : std::nullopt;
+}
+
+using ReadValue = std::optional<Value> (*)(const InterfaceElement& attribute, ElementReader& reader);
+
+constexpr WordTable<ReadValue, 8> valueTypes{{
+    {"boolean", &readBoolean},
+    {"number", &readNumber},
+    {"string", &readText},
+    {"localizedString", &readText},
+    {"image", &readImage},
+    {"nil", &readNil},
+    {"color", &readColor},
+    {"size", &readSize},
+}};
+
+std::optional<Value> readValue(const InterfaceElement& attribute, ElementReader& reader) {
+    const std::string_view type = attribute.value("type");
+    if (const ReadValue* read = meaningOf(type, valueTypes)) {
+        return (*read)(attribute, reader);
+    }
+    reader.error(attribute, "values of the type \"" + std::string(type) + "\" are not supported" +
+                                suggestionFrom(type, valueTypes));
+    return std::nullopt;
+}
+
+/// Follows "layer" in "layer.cornerRadius"; `keyPath` keeps the last key. Null after an error.
+std::shared_ptr<NSObject> ownerOfKey(std::shared_ptr<NSObject> object, std::string_view& keyPath,
+                                     const InterfaceElement& attribute, ElementReader& reader) {
+    for (std::size_t dot = keyPath.find('.'); dot != std::string_view::npos; dot = keyPath.find('.')) {
+        const std::string_view part = keyPath.substr(0, dot);
+        const ObjectClass::ObjectGetter* getter = ClassRegistry::shared().classOf(*object).object(part);
+        std::shared_ptr<NSObject> next = getter != nullptr ? (*getter)(*object) : nullptr;
+        if (!next) {
+            reader.error(attribute, classNameOf(*object) + " has no part \"" + std::string(part) + "\"");
+            return nullptr;
+        }
+        object = std::move(next);
+        keyPath.remove_prefix(dot + 1);
+    }
+    return object;
+}
+
+} // namespace
+
+/// In file order. What was there before the file is left as it is.
+void NibBuilder::setAttributes(const Made& made) {
+    const InterfaceElement* attributes = made.adopted ? nullptr : made.element->child("userDefinedRuntimeAttributes");
+    if (attributes == nullptr) {
+        return;
+    }
+    for (const InterfaceElement& attribute : attributes->children) {
+        setAttribute(attribute, made.object);
+    }
+}
+
+void NibBuilder::setAttribute(const InterfaceElement& attribute, const std::shared_ptr<NSObject>& object) {
+    const std::optional<Value> value = readValue(attribute, m_reader);
+    std::string_view key = attribute.value("keyPath");
+    const std::shared_ptr<NSObject> owner = ownerOfKey(object, key, attribute, m_reader);
+    if (!owner) {
+        return;
+    }
+    const ObjectClass& ownerClass = ClassRegistry::shared().classOf(*owner);
+    const ObjectClass::PropertySetter* setter = ownerClass.property(key);
+    if (setter == nullptr) {
+        m_reader.error(attribute, classNameOf(*owner) + " has no key \"" + std::string(key) + "\"" +
+                                      suggestion(key, ownerClass.propertyNames()));
+    } else if (value && (*setter)(*owner, *value) == Acceptance::wrongType) {
+        m_reader.error(attribute, "the key \"" + std::string(key) + "\" of " + classNameOf(*owner) + " does not take " +
+                                      kindOf(*value));
+    }
+}

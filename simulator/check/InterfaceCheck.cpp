@@ -1,0 +1,175 @@
+#include "simulator/check/InterfaceCheck.h"
+
+#include "platform/foundation/NSBundle.h"
+#include "platform/graphics/PNG.h"
+#include "platform/interface/AssetCatalogReader.h"
+#include "platform/interface/CatalogSets.h"
+#include "platform/interface/NibBuilder.h"
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/view/UIView.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+std::vector<std::filesystem::path> documentsOf(const NSBundle& bundle) {
+    std::vector<std::filesystem::path> paths;
+    std::error_code error;
+    const std::filesystem::directory_iterator end;
+    for (std::filesystem::directory_iterator item(bundle.bundlePath(), error); !error && item != end;
+         item.increment(error)) {
+        const std::filesystem::path extension = item->path().extension();
+        if (extension == ".xib" || extension == ".storyboard") {
+            paths.push_back(item->path());
+        }
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+void append(Findings& findings, const Findings& more) {
+    findings.insert(findings.end(), more.begin(), more.end());
+}
+
+/// Warns of images and colours that the elements of one document name and the catalogue lacks.
+class NameCheck {
+public:
+    NameCheck(const InterfaceDocument& document, Findings& findings) : m_document(document), m_findings(findings) {}
+
+    /// Of an element and all inside it.
+    void check(const InterfaceElement& element) {
+        if (element.name == "resources") {
+            return; // lists what the other elements use
+        }
+        static constexpr std::array<std::string_view, 4> imageKeys = {"image", "highlightedImage", "selectedImage",
+                                                                      "backgroundImage"};
+        for (const std::string_view key : imageKeys) {
+            checkImage(element, element.attribute(key));
+        }
+        if (element.name == "userDefinedRuntimeAttribute" && element.value("type") == "image") {
+            checkImage(element, element.attribute("value"));
+        }
+        const std::string* name = element.attribute("name");
+        if (element.name == "color" && name != nullptr && !UIColor::colorNamed(*name)) {
+            warn(element, "the catalogue has no colour \"" + *name + "\"");
+        }
+        for (const InterfaceElement& child : element.children) {
+            check(child);
+        }
+    }
+
+private:
+    void checkImage(const InterfaceElement& element, const std::string* name) {
+        if (name != nullptr && element.value("catalog") != "system" && !UIImage::imageNamed(*name)) {
+            warn(element, "the catalogue has no image \"" + *name + "\"");
+        }
+    }
+    void warn(const InterfaceElement& element, const std::string& what) {
+        m_findings.push_back(element.failure(what).in(*m_document.path(), Severity::warning));
+    }
+
+    const InterfaceDocument& m_document;
+    Findings& m_findings;
+};
+
+/// What making all objects of a scene finds.
+Findings findingsOf(const InterfaceScene& scene, const InterfaceDocument& document) {
+    NibBuilder maker(document);
+    Findings findings;
+    const auto controller = maker.makeController(scene);
+    append(findings, maker.findings());
+    if (controller) {
+        NibBuilder viewMaker(document);
+        static_cast<void>(viewMaker.makeView(scene, controller));
+        append(findings, viewMaker.findings());
+    }
+    return findings;
+}
+
+void checkDocument(const std::filesystem::path& path, Findings& findings) {
+    const InterfaceDocument::Loaded loaded = InterfaceDocument::load(path);
+    if (!loaded) {
+        findings.push_back(loaded.failure().in(path.string()));
+        return;
+    }
+    const InterfaceDocument& document = *loaded.value();
+    for (const InterfaceScene& scene : document.scenes()) {
+        append(findings, findingsOf(scene, document));
+    }
+    if (document.kind() == InterfaceDocument::Kind::nib) {
+        NibBuilder maker(document);
+        static_cast<void>(maker.makeNib(nullptr));
+        append(findings, maker.findings());
+    }
+    NameCheck(document, findings).check(document.root());
+}
+
+/// Why a picture cannot be drawn; empty for a sound one, and for a drawing, which nobody reads at run time.
+std::string problemOfPNG(const std::filesystem::path& path) {
+    return path.extension() == ".svg" ? std::string() : readPNG(path.string()).error;
+}
+
+/// What is wrong with the file that an entry names and with those that were rendered from it.
+std::vector<std::string> problemsOf(const std::filesystem::path& folder, std::string_view fileName) {
+    std::vector<UIImageRepresentation> files = representationsOf(folder, fileName, 1);
+    if (files.size() > 1) {
+        files.push_back({(folder / fileName).string(), 1}); // the drawing itself
+    }
+    std::vector<std::string> problems;
+    for (const UIImageRepresentation& file : files) {
+        std::error_code error;
+        if (!std::filesystem::is_regular_file(file.path, error)) {
+            problems.push_back("the file " + file.path + " is missing");
+        } else if (const std::string problem = problemOfPNG(file.path); !problem.empty()) {
+            problems.push_back("the file " + file.path + " cannot be drawn: " + problem);
+        }
+    }
+    return problems;
+}
+
+/// Warns, once for a set, of files that it names and that are missing or cannot be drawn.
+void checkImageFiles(const std::filesystem::path& folder, Findings& findings) {
+    Findings told; // by readImageSet
+    const std::optional<CatalogContents> contents = CatalogContents::read(folder, told);
+    const auto images = contents ? contents->root().find("images") : std::nullopt;
+    if (!images) {
+        return;
+    }
+    std::optional<Finding> first;
+    std::size_t others = 0;
+    for (const JSONValue entry : images->elements()) {
+        const auto name = entry.find("filename"); // none in an empty slot
+        for (const std::string& problem :
+             name ? problemsOf(folder, textAt(entry, "filename")) : std::vector<std::string>()) {
+            others += first ? 1 : 0;
+            first = first ? first : contents->finding(*name, problem);
+        }
+    }
+    if (first) {
+        first->what += others > 0 ? ", and " + std::to_string(others) + " more of this set" : "";
+        findings.push_back(*std::move(first));
+    }
+}
+
+void checkCatalog(const std::filesystem::path& catalog, Findings& findings) {
+    for (const CatalogEntry& entry : catalogEntries(catalog)) {
+        if (entry.folder.extension() == ".colorset") {
+            static_cast<void>(readColorSet(entry.folder, findings));
+        } else if (entry.folder.extension() == ".imageset") {
+            static_cast<void>(readImageSet(entry.folder, entry.name, findings));
+            checkImageFiles(entry.folder, findings);
+        }
+    }
+}
+
+} // namespace
+
+Findings checkBundle(const NSBundle& bundle) {
+    Findings findings;
+    for (const std::filesystem::path& path : documentsOf(bundle)) {
+        checkDocument(path, findings);
+    }
+    checkCatalog(catalogFolder(bundle), findings);
+    return findings;
+}

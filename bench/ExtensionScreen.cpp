@@ -10,8 +10,8 @@
 #include "platform/messages/MessagesClasses.h"
 #include "platform/uikit/UIKitClasses.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
-#include "platform/uikit/window/UIEvent.h"
 #include "platform/uikit/window/UIScreen.h"
+#include "platform/uikit/window/UITouch.h"
 
 #include <condition_variable>
 #include <mutex>

@@ -8,7 +8,7 @@
 #include "platform/foundation/NSBundle.h"
 #include "platform/graphics/TextLayout.h"
 #include "platform/uikit/controllers/UINib.h"
-#include "platform/uikit/window/UIEvent.h"
+#include "platform/uikit/window/UITouch.h"
 #include "platform/uikit/window/WindowRenderer.h"
 #include "ui/DrawingView.h"
 #include "ui/ModeTblCell.h"

@@ -1,6 +1,8 @@
 #pragma once
 
-/// Points, sizes, rectangles and insets. All lengths are in points; y grows downwards.
+#include <cstddef>
+
+/// Points, sizes, rectangles and insets. Lengths are in points unless a type says pixels; y grows downwards.
 
 using CGFloat = double;
 
@@ -9,6 +11,8 @@ struct CGPoint {
     CGFloat y = 0;
 
     friend bool operator==(const CGPoint&, const CGPoint&) = default;
+    friend CGPoint operator+(CGPoint one, CGPoint other) { return {one.x + other.x, one.y + other.y}; }
+    friend CGPoint operator-(CGPoint one, CGPoint other) { return {one.x - other.x, one.y - other.y}; }
 };
 
 struct CGSize {
@@ -33,12 +37,15 @@ struct CGRect {
     [[nodiscard]] bool isEmpty() const { return !(size.width > 0 && size.height > 0); }
     /// The right and bottom edges are outside.
     [[nodiscard]] bool contains(CGPoint point) const;
+    /// Whether no part of the other one stands out.
+    [[nodiscard]] bool contains(const CGRect& other) const;
     /// Empty (all zero) when the two do not overlap.
     [[nodiscard]] CGRect intersection(const CGRect& other) const;
     /// The smallest rectangle around both; an empty one counts for nothing.
     [[nodiscard]] CGRect unionWith(const CGRect& other) const;
     [[nodiscard]] CGRect insetBy(CGFloat dx, CGFloat dy) const;
     [[nodiscard]] CGRect offsetBy(CGFloat dx, CGFloat dy) const;
+    [[nodiscard]] CGRect offsetBy(CGPoint distance) const { return offsetBy(distance.x, distance.y); }
 };
 
 struct UIEdgeInsets {
@@ -55,3 +62,21 @@ struct UIEdgeInsets {
 }
 
 [[nodiscard]] CGRect UIEdgeInsetsInsetRect(const CGRect& rect, const UIEdgeInsets& insets);
+
+/// A rectangle of device pixels; the right and bottom edges are outside.
+struct PixelRect {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+
+    friend bool operator==(const PixelRect&, const PixelRect&) = default;
+
+    [[nodiscard]] bool isEmpty() const { return width <= 0 || height <= 0; }
+    [[nodiscard]] std::size_t area() const;
+    [[nodiscard]] bool contains(const PixelRect& other) const { return intersection(other) == other; }
+    /// Empty (all zero) when the two do not overlap.
+    [[nodiscard]] PixelRect intersection(const PixelRect& other) const;
+    /// The smallest rectangle around both.
+    [[nodiscard]] PixelRect unionWith(const PixelRect& other) const;
+};

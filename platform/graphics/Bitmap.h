@@ -1,19 +1,11 @@
 #pragma once
 
+#include "platform/foundation/Geometry.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
-
-/// A rectangle of device pixels; the right and bottom edges are outside.
-struct PixelRect {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-
-    friend bool operator==(const PixelRect&, const PixelRect&) = default;
-};
 
 /// Pixels in memory: premultiplied ARGB, 32 bits in the machine's byte order, rows top down. New ones are transparent.
 class Bitmap {

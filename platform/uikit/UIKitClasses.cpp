@@ -23,6 +23,9 @@ void setFieldText(UITextField& field, const std::string& text) {
     field.setText(text);
 }
 
+/// Other people's files set it; nothing is drawn in a tint here.
+void ignoreTintColor(UIView& /*view*/, const std::shared_ptr<UIColor>& /*color*/) {}
+
 void registerViews() {
     ClassBuilder<CALayer>("CALayer", "NSObject")
         .property("cornerRadius", &CALayer::setCornerRadius)
@@ -41,7 +44,7 @@ void registerViews() {
         .property("tag", &UIView::setTag)
         .property("clipsToBounds", &UIView::setClipsToBounds)
         .property("backgroundColor", &UIView::setBackgroundColor)
-        .property("tintColor", &UIView::setTintColor)
+        .property("tintColor", &ignoreTintColor)
         .property("accessibilityIdentifier", &UIView::setAccessibilityIdentifier)
         .property("accessibilityLabel", &UIView::setAccessibilityLabel);
     ClassBuilder<UIWindow>("UIWindow", "UIView"); // made by the host only

@@ -1,6 +1,6 @@
 #include "simulator/conversation/Finger.h"
 
-#include "platform/uikit/window/UIEvent.h"
+#include "platform/uikit/window/UITouch.h"
 #include "simulator/conversation/ConversationHost.h"
 
 void Finger::report(const std::shared_ptr<UITouch>& touch) {

@@ -3,7 +3,6 @@
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/controls/UIControl.h"
 #include "platform/uikit/controls/UIImageView.h"
-#include "platform/uikit/controls/UIScrollView.h"
 #include "simulator/conversation/ViewTree.h"
 
 #include <algorithm>
@@ -13,12 +12,8 @@ namespace {
 
 constexpr int grid = 7; // points looked at in each direction
 
-bool isDrawn(const UIView& view) {
-    return !view.isHidden() && view.alpha() > 0.01;
-}
-
 bool clips(const UIView& view) {
-    return view.clipsToBounds() || dynamic_cast<const UIScrollView*>(&view) != nullptr || view.superview() == nullptr;
+    return view.clipsToBounds() || view.superview() == nullptr;
 }
 
 CGRect frameInWindow(const UIView& view) {
@@ -42,7 +37,7 @@ public:
             return false;
         }
         const bool inside = frameInWindow(view).contains(m_point);
-        if (!isDrawn(view) || (clips(view) && !inside && !m_target.isDescendantOfView(view))) {
+        if (!view.isDrawn() || (clips(view) && !inside && !m_target.isDescendantOfView(view))) {
             return false;
         }
         if (m_passed && inside && paintsOver(view)) {
@@ -67,7 +62,7 @@ ScreenElement::ScreenElement(UIWindow& window, std::shared_ptr<UIView> view)
         std::replace(text.begin(), text.end(), '\n', ' ');
     }
     for (const UIView* at = m_view.get(); at != nullptr; at = at->superview()) {
-        if (!isDrawn(*at)) {
+        if (!at->isDrawn()) {
             m_visible = {};
         } else if (clips(*at)) {
             m_visible = m_visible.intersection(frameInWindow(*at));

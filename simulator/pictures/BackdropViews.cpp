@@ -49,7 +49,7 @@ std::shared_ptr<UILabel> caption(const std::string& text, CGFloat size, UIFontWe
     label->setFont(UIFont::systemFontOfSizeWeight(size, weight));
     label->setTextColor(color);
     label->setNumberOfLines(widest > 0 ? 0 : 1);
-    const CGSize wanted = label->sizeThatFits({widest > 0 ? widest : 10000, 10000});
+    const CGSize wanted = label->intrinsicContentSizeForWidth(widest > 0 ? widest : 10000);
     label->setFrame(CGRectMake(0, 0, std::ceil(wanted.width), std::ceil(wanted.height)));
     return label;
 }

@@ -161,7 +161,7 @@ TEST_F(Nib, CentresAButtonsTitleInsideItsInsets) {
     EXPECT_NEAR(button->titleLabel()->frame().size.width, text.width, 1e-9);
     EXPECT_NEAR(button->titleLabel()->frame().midX(), 90, 0.5);
     EXPECT_NEAR(button->titleLabel()->frame().midY(), 30, 0.5);
-    EXPECT_EQ(*button->titleLabel()->textColor(), *button->tintColor());
+    EXPECT_EQ(*button->titleLabel()->textColor(), *UIColor::systemColorNamed("systemBlueColor"));
     EXPECT_EQ(button->hitTestWithEvent({90, 30}, nullptr), button);
 }
 

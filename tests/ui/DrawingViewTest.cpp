@@ -3,7 +3,7 @@
 #include "platform/graphics/RecordingCanvas.h"
 #include "platform/runtime/ClassBuilder.h"
 #include "platform/uikit/UIKitClasses.h"
-#include "platform/uikit/window/UIEvent.h"
+#include "platform/uikit/window/UITouch.h"
 #include "platform/uikit/window/UIWindow.h"
 #include "tests/ui/Catalog.h"
 #include "ui/UiClasses.h"

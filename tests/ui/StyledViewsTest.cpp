@@ -34,7 +34,6 @@ using ButtonHandler = StyledViews;
 void expectShadow(const CALayer& layer, float opacity, CGSize offset) {
     EXPECT_EQ(layer.shadowOpacity(), opacity);
     EXPECT_EQ(layer.shadowOffset(), offset);
-    EXPECT_EQ(layer.shadowRadius(), 0);
 }
 
 } // namespace

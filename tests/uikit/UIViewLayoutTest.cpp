@@ -15,8 +15,9 @@ class UIViewLayoutTest : public support::OnScreen {
 protected:
     using View = std::shared_ptr<UIView>;
 
-    static std::shared_ptr<NSLayoutConstraint> fixed(const NSLayoutAnchor& anchor, CGFloat length) {
-        auto constraint = anchor.constraintEqualToConstant(length);
+    static std::shared_ptr<NSLayoutConstraint> fixed(const View& view, LayoutAttribute length, CGFloat points) {
+        auto constraint = std::make_shared<NSLayoutConstraint>(LayoutEnd{view, LayoutGuide::view, length},
+                                                               LayoutRelation::equal, LayoutEnd{}, 1, points);
         constraint->setActive(true);
         return constraint;
     }
@@ -27,6 +28,8 @@ protected:
     static constexpr auto left = LayoutAttribute::left;
     static constexpr auto right = LayoutAttribute::right;
     static constexpr auto top = LayoutAttribute::top;
+    static constexpr auto width = LayoutAttribute::width;
+    static constexpr auto height = LayoutAttribute::height;
 };
 
 /// Counts its layouts, and runs what a test wants to happen there.
@@ -78,10 +81,10 @@ TEST_F(UIViewLayoutTest, ATextThatWrapsPushesWhatIsBelow) {
     const auto label = addConstrained<UILabel>();
     label->setNumberOfLines(0);
     label->setText("A text that is certainly too long for one line of a hundred points");
-    fixed(label->widthAnchor(), 100);
+    fixed(label, width, 100);
     tie(label, {left, top}, window);
     const auto box = addConstrained();
-    fixed(box->heightAnchor(), 10);
+    fixed(box, height, 10);
     tie(box, {left, right}, window);
     below(box, label);
     window->layoutIfNeeded();
@@ -100,7 +103,7 @@ TEST_F(UIViewLayoutTest, ATextThatWrapsPushesWhatIsBelow) {
 TEST_F(UIViewLayoutTest, NeighboursShareEdgesOnDevicePixels) {
     const std::vector<View> thirds{addConstrained(), addConstrained(), addConstrained()};
     for (const View& third : thirds) {
-        fixed(third->heightAnchor(), 10);
+        fixed(third, height, 10);
         tie(third, {top}, window);
         tie(third, {LayoutAttribute::width}, thirds[0]);
     }
@@ -118,8 +121,8 @@ TEST_F(UIViewLayoutTest, ConstraintsToViewsPlacedByMasksHold) {
     const auto bar = add(CGRectMake(0, 0, 320, 40));
     bar->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     const auto view = addConstrained();
-    fixed(view->widthAnchor(), 20);
-    fixed(view->heightAnchor(), 20);
+    fixed(view, width, 20);
+    fixed(view, height, 20);
     tie(view, {right}, bar);
     below(view, bar);
     window->layoutIfNeeded();
@@ -146,15 +149,15 @@ TEST_F(UIViewLayoutTest, AChangedConstantMovesTheViewAndCountsInTheSamePassWhenI
     const auto watched = add(std::make_shared<Watched>(CGRectMake(0, 0, 100, 100)));
     const auto box = addConstrained();
     tie(box, {left, top}, window);
-    fixed(box->heightAnchor(), 10);
-    const auto width = fixed(box->widthAnchor(), 10);
+    fixed(box, height, 10);
+    const auto fixedWidth = fixed(box, width, 10);
     window->layoutIfNeeded();
     EXPECT_FALSE(window->needsLayout());
-    width->setConstant(30);
+    fixedWidth->setConstant(30);
     EXPECT_TRUE(window->needsLayout());
     window->layoutIfNeeded();
     EXPECT_EQ(box->frame().size.width, 30);
-    watched->inLayout = [&] { width->setConstant(60); };
+    watched->inLayout = [&] { fixedWidth->setConstant(60); };
     watched->setNeedsLayout();
     window->layoutIfNeeded();
     EXPECT_EQ(box->frame().size.width, 60);
@@ -191,7 +194,7 @@ TEST_F(UIViewLayoutTest, ARemovedViewTakesItsConstraintsAlong) {
     const auto view = addConstrained(outer);
     const auto inner = addConstrained(view);
     const auto between = tie(inner, {left}, outer);
-    const auto own = fixed(view->widthAnchor(), 5);
+    const auto own = fixed(view, width, 5);
     EXPECT_EQ(outer->constraints().size(), 1U) << "the nearest common ancestor holds it";
     EXPECT_TRUE(window->constraints().empty());
     view->removeFromSuperview();
@@ -209,10 +212,10 @@ TEST_F(UIViewLayoutTest, TheFittingHeightHoldsTextsAndPaddingAtTheWidth) {
     label->setNumberOfLines(0);
     label->setText("Some words that need more and more lines the narrower it gets");
     tieEdges(label, content, 12);
-    for (const CGFloat width : {400.0, 200.0, 90.0, 400.0}) {
-        const CGFloat text = label->intrinsicContentSizeForWidth(width - 24).height;
-        EXPECT_EQ(content->heightFittingWidth(width), text + 24) << width;
-        EXPECT_EQ(cell->heightFittingWidth(width), text + 25) << "the mask keeps the point below the content";
+    for (const CGFloat wide : {400.0, 200.0, 90.0, 400.0}) {
+        const CGFloat text = label->intrinsicContentSizeForWidth(wide - 24).height;
+        EXPECT_EQ(content->heightFittingWidth(wide), text + 24) << wide;
+        EXPECT_EQ(cell->heightFittingWidth(wide), text + 25) << "the mask keeps the point below the content";
     }
     label->setText("Words");
     EXPECT_EQ(content->heightFittingWidth(400), label->intrinsicContentSize().height + 24);
@@ -224,8 +227,8 @@ TEST_F(UIViewLayoutTest, ConflictsAndOpenPlacesAreReportedOnce) {
     const auto view = addConstrained();
     view->setAccessibilityIdentifier("box");
     tieEdges(view, window);
-    const auto width = fixed(view->widthAnchor(), 5);
-    width->setIdentifier("width of the box");
+    const auto fixedWidth = fixed(view, width, 5);
+    fixedWidth->setIdentifier("width of the box");
     window->layoutIfNeeded();
     window->setFrame(CGRectMake(0, 0, 300, 400));
     window->layoutIfNeeded();

@@ -104,7 +104,7 @@ TEST_F(UIViewTest, AChangeDamagesWhatWasAndWhatIs) {
     EXPECT_TRUE(damage().isEmpty());
     const auto shadowed = add(CGRectMake(10, 10, 20, 20));
     shadowed->layer()->setShadowColor(UIColor::blackColor());
-    shadowed->layer()->setShadowRadius(0);
+    shadowed->setBackgroundColor(UIColor::whiteColor());
     shadowed->layer()->setShadowOffset({0, 3});
     shadowed->layer()->setShadowOpacity(0.3F);
     damage();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/uikit/window/UIEvent.h"
 #include "platform/uikit/window/UIScreen.h"
 #include "platform/uikit/window/UITouch.h"
 #include "platform/uikit/window/UIWindow.h"

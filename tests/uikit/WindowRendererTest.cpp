@@ -38,7 +38,6 @@ protected:
         card->layer()->setShadowColor(UIColor::blackColor());
         card->layer()->setShadowOpacity(0.3f);
         card->layer()->setShadowOffset({0, 3});
-        card->layer()->setShadowRadius(number % 10 == 3 ? 2 : 0);
         const auto label = add(std::make_shared<UILabel>(CGRectMake(12, 8, 240, 54)), card);
         label->setNumberOfLines(0);
         label->setText("Card " + std::to_string(number) + " says: two truths, one dare, and a wide 🎲 smile");

@@ -8,8 +8,6 @@
 
 #include <algorithm>
 
-UIViewController::UIViewController(const NSCoder& coder) : m_title(coder.string("title").value_or("")) {}
-
 UIViewController::~UIViewController() {
     for (const std::shared_ptr<UIViewController>& child : m_children) {
         child->m_parent = nullptr;

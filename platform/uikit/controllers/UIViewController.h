@@ -17,16 +17,13 @@ class UIView;
 /// children; a child's parent is a plain back reference.
 class UIViewController : public UIResponder {
 public:
-    UIViewController() = default;                    // initWithNibName:bundle: without a nib
-    explicit UIViewController(const NSCoder& coder); // initWithCoder:
+    UIViewController() = default;                          // initWithNibName:bundle: without a nib
+    explicit UIViewController(const NSCoder& /*coder*/) {} // initWithCoder:
     ~UIViewController() override;
 
     /// Loads the view at the first call: loadView, then viewDidLoad.
     [[nodiscard]] std::shared_ptr<UIView> view();
     void setView(const std::shared_ptr<UIView>& view);
-    /// Empty when it has none.
-    [[nodiscard]] const std::string& title() const { return m_title; }
-    void setTitle(const std::string& title) { m_title = title; }
     [[nodiscard]] bool isViewLoaded() const { return m_view != nullptr; }
     /// Makes the scene's view, or an empty one for a controller without a scene.
     virtual void loadView();
@@ -70,7 +67,6 @@ protected:
 private:
     void forgetChild(const UIViewController& child);
 
-    std::string m_title;
     bool m_appearing = false; // the last "will" call said that the view appears
     bool m_appeared = false;  // the same of the last "did" call
     std::shared_ptr<UIView> m_view;

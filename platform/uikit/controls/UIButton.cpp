@@ -2,7 +2,7 @@
 
 #include "platform/uikit/controls/UIImageView.h"
 #include "platform/uikit/controls/UILabel.h"
-#include "platform/uikit/view/PixelGrid.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <algorithm>
 
@@ -40,24 +40,18 @@ void UIButton::makeParts() {
     addSubview(m_titleLabel);
 }
 
-std::string UIButton::title() const {
-    return m_titleLabel->text().value_or("");
+bool UIButton::hasTitle() const {
+    return !m_titleLabel->text().value_or("").empty();
+}
+
+CGSize UIButton::imageSize() const {
+    return m_imageView->image() ? m_imageView->image()->size() : CGSize{};
 }
 
 void UIButton::setTitle(const std::string& title) {
     m_titleLabel->setText(title);
     invalidateIntrinsicContentSize();
     setNeedsLayout();
-}
-
-void UIButton::setImage(const std::shared_ptr<UIImage>& image) {
-    m_imageView->setImage(image);
-    invalidateIntrinsicContentSize();
-    setNeedsLayout();
-}
-
-std::shared_ptr<UIImage> UIButton::image() const {
-    return m_imageView->image();
 }
 
 void UIButton::stateChanged() {
@@ -67,32 +61,31 @@ void UIButton::stateChanged() {
     setNeedsDisplay();
 }
 
-UIEdgeInsets UIButton::contentInsets() const {
-    if (m_contentInsets == UIEdgeInsets{} && !title().empty()) {
-        return {titlePadding, 0, titlePadding, 0};
-    }
-    return m_contentInsets;
-}
-
 CGSize UIButton::intrinsicContentSize() const {
-    const CGSize image = this->image() ? this->image()->size() : CGSize{};
+    UIEdgeInsets insets = m_contentInsets;
+    if (insets == UIEdgeInsets{} && hasTitle()) {
+        insets = {titlePadding, 0, titlePadding, 0};
+    }
+    const CGSize image = imageSize();
     const CGSize text = m_titleLabel->intrinsicContentSize();
-    const UIEdgeInsets insets = contentInsets();
     const CGFloat width = insets.left + image.width + text.width + insets.right;
-    return {title().empty() ? width : std::max(width, smallestTitleWidth),
+    return {hasTitle() ? std::max(width, smallestTitleWidth) : width,
             insets.top + std::max(image.height, text.height) + insets.bottom};
 }
 
 void UIButton::layoutSubviews() {
     UIControl::layoutSubviews();
-    m_titleLabel->setTextColor(m_titleColor ? m_titleColor : m_system ? tintColor() : UIColor::whiteColor());
+    const auto ownColor = m_system ? UIColor::systemColorNamed("systemBlueColor") : UIColor::whiteColor();
+    m_titleLabel->setTextColor(m_titleColor ? m_titleColor : ownColor);
+    const PixelGrid& grid = UIScreen::mainScreen().grid();
     const CGRect content = UIEdgeInsetsInsetRect(bounds(), m_contentInsets);
-    const CGSize image = this->image() ? this->image()->size() : CGSize{};
+    const CGSize image = imageSize();
     CGSize text = m_titleLabel->intrinsicContentSize();
     text.width = std::clamp<CGFloat>(content.size.width - image.width, 0, text.width);
     const CGFloat left = content.midX() - (image.width + text.width) / 2;
-    m_imageView->setFrame(
-        roundedToPixel(CGRectMake(left, content.midY() - image.height / 2, image.width, image.height)));
-    m_titleLabel->setFrame(
-        roundedToPixel(CGRectMake(left + image.width, content.midY() - text.height / 2, text.width, text.height)));
+    const auto placed = [&](CGFloat x, CGSize size) {
+        return grid.snapped(CGRectMake(x, content.midY() - size.height / 2, size.width, size.height));
+    };
+    m_imageView->setFrame(placed(left, image));
+    m_titleLabel->setFrame(placed(left + image.width, text));
 }

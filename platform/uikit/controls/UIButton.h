@@ -14,11 +14,8 @@ public:
     explicit UIButton(const CGRect& frame);
     explicit UIButton(const NSCoder& coder);
 
-    [[nodiscard]] std::string title() const;
     void setTitle(const std::string& title);
-    void setImage(const std::shared_ptr<UIImage>& image);
     [[nodiscard]] std::shared_ptr<UILabel> titleLabel() const { return m_titleLabel; }
-    [[nodiscard]] std::shared_ptr<UIImage> image() const;
 
     [[nodiscard]] CGSize intrinsicContentSize() const override;
     void layoutSubviews() override;
@@ -28,11 +25,12 @@ protected:
 
 private:
     void makeParts();
-    [[nodiscard]] UIEdgeInsets contentInsets() const;
+    [[nodiscard]] bool hasTitle() const;
+    [[nodiscard]] CGSize imageSize() const;
 
     std::shared_ptr<UILabel> m_titleLabel;
     std::shared_ptr<UIImageView> m_imageView;
-    std::shared_ptr<UIColor> m_titleColor; // null for the kind's own: the tint colour, or white
+    std::shared_ptr<UIColor> m_titleColor; // null for the kind's own: blue, or white
     UIEdgeInsets m_contentInsets;
     bool m_system = false;
 };

@@ -1,7 +1,8 @@
 #include "platform/uikit/controls/UILabel.h"
 
-#include "platform/uikit/CoderWords.h"
-#include "platform/uikit/view/PixelGrid.h"
+#include "platform/graphics/Canvas.h"
+#include "platform/graphics/DrawingContext.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <algorithm>
 
@@ -9,7 +10,7 @@ namespace {
 
 constexpr CGFloat defaultFontSize = 17;
 constexpr std::size_t keptLayouts = 4;
-constexpr CGFloat tolerance = 0.01; // points; less room than this is none
+constexpr CGFloat roundingRoom = 0.5; // frames stand on device pixels, text heights do not
 
 std::shared_ptr<UIFont> orDefault(const std::shared_ptr<UIFont>& font) {
     return font ? font : UIFont::systemFontOfSize(defaultFontSize);
@@ -20,6 +21,16 @@ std::shared_ptr<UIColor> orDefault(const std::shared_ptr<UIColor>& color) {
 }
 
 } // namespace
+
+NSTextAlignment decodedTextAlignment(const NSCoder& coder) {
+    return coder
+        .choice<NSTextAlignment>("textAlignment", {{"natural", NSTextAlignment::natural},
+                                                   {"left", NSTextAlignment::left},
+                                                   {"center", NSTextAlignment::center},
+                                                   {"right", NSTextAlignment::right},
+                                                   {"justified", NSTextAlignment::justified}})
+        .value_or(NSTextAlignment::natural);
+}
 
 UILabel::UILabel(const CGRect& frame)
     : UIView(frame), m_font(orDefault(std::shared_ptr<UIFont>())), m_textColor(orDefault(std::shared_ptr<UIColor>())) {
@@ -88,13 +99,6 @@ void UILabel::setTextAlignment(NSTextAlignment alignment) {
     }
 }
 
-void UILabel::setLineBreakMode(NSLineBreakMode mode) {
-    if (m_lineBreakMode != mode) {
-        m_lineBreakMode = mode;
-        contentChanged();
-    }
-}
-
 void UILabel::setNumberOfLines(int lines) {
     if (m_numberOfLines != lines) {
         m_numberOfLines = std::max(0, lines);
@@ -112,19 +116,13 @@ void UILabel::contentChanged() {
 
 CGSize UILabel::intrinsicContentSize() const {
     const std::shared_ptr<const TextLayout> layout = textLayout(std::nullopt);
-    return layout ? ceiledToPixel(layout->size()) : CGSize{};
+    return layout ? UIScreen::mainScreen().grid().holding(layout->size()) : CGSize{};
 }
 
 /// Laid out for that width alone, as it is going to be drawn.
 CGSize UILabel::intrinsicContentSizeForWidth(CGFloat width) const {
     const std::shared_ptr<const TextLayout> layout = textLayout(width);
-    return layout ? ceiledToPixel(layout->size()) : CGSize{};
-}
-
-CGSize UILabel::sizeThatFits(CGSize size) const {
-    const CGSize natural = intrinsicContentSize();
-    const bool isWideEnough = !(size.width > 0) || size.width + tolerance >= natural.width;
-    return m_numberOfLines == 1 || isWideEnough ? natural : intrinsicContentSizeForWidth(size.width);
+    return layout ? UIScreen::mainScreen().grid().holding(layout->size()) : CGSize{};
 }
 
 /// The text stands in the middle of the label's height.
@@ -172,4 +170,28 @@ std::shared_ptr<const TextLayout> UILabel::textLayout(std::optional<CGFloat> wid
     }
     m_layouts.push_back({width, TextLayout::make(textRequest(width))});
     return m_layouts.back().layout;
+}
+
+// Drawing.
+
+std::shared_ptr<const TextLayout> UILabel::textLayoutFitting(CGSize size) const {
+    std::shared_ptr<const TextLayout> layout = textLayout(size.width);
+    if (!layout || layout->lineCount() <= 1 || layout->size().height <= size.height + roundingRoom) {
+        return layout;
+    }
+    const CGFloat lineHeight = layout->size().height / layout->lineCount();
+    TextRequest request = textRequest(size.width);
+    request.maximumLines = std::max(1, static_cast<int>((size.height + roundingRoom) / lineHeight));
+    return TextLayout::make(request);
+}
+
+void UILabel::drawRect(const CGRect& rect) {
+    UIView::drawRect(rect);
+    const DrawingContext* context = DrawingContext::current();
+    const std::shared_ptr<const TextLayout> layout = textLayoutFitting(bounds().size);
+    if (context == nullptr || !layout) {
+        return;
+    }
+    const CGPoint origin{bounds().minX(), bounds().minY() + topOfText(*layout, bounds().size)};
+    context->canvas().drawText(*layout, origin, textColor()->resolved(context->style()));
 }

@@ -5,6 +5,9 @@
 #include "platform/graphics/UIFont.h"
 #include "platform/uikit/view/UIView.h"
 
+/// The text alignment that an interface file gives a label or a field; natural when it gives none.
+[[nodiscard]] NSTextAlignment decodedTextAlignment(const NSCoder& coder);
+
 /// A text of one or several lines. Its natural size comes from the text; a text that wraps grows with a smaller width.
 class UILabel : public UIView {
 public:
@@ -25,8 +28,6 @@ public:
     void setTextColor(const std::shared_ptr<UIColor>& color);
     [[nodiscard]] NSTextAlignment textAlignment() const { return m_alignment; }
     void setTextAlignment(NSTextAlignment alignment);
-    [[nodiscard]] NSLineBreakMode lineBreakMode() const { return m_lineBreakMode; }
-    void setLineBreakMode(NSLineBreakMode mode);
     /// 0 = as many as the text needs.
     [[nodiscard]] int numberOfLines() const { return m_numberOfLines; }
     void setNumberOfLines(int lines);
@@ -35,7 +36,6 @@ public:
     [[nodiscard]] CGSize intrinsicContentSizeForWidth(CGFloat width) const override;
     [[nodiscard]] std::optional<CGFloat> firstBaseline(CGSize size) const override;
     [[nodiscard]] std::optional<CGFloat> lastBaseline(CGSize size) const override;
-    [[nodiscard]] CGSize sizeThatFits(CGSize size) const override;
     /// The text laid out for a width (absent = unbounded); the last few are kept. Null without text.
     [[nodiscard]] std::shared_ptr<const TextLayout> textLayout(std::optional<CGFloat> width) const;
     /// The text as it is drawn in a box of that size: with fewer lines where its height does not hold all. Null without

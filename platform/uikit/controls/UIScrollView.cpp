@@ -1,6 +1,6 @@
 #include "platform/uikit/controls/UIScrollView.h"
 
-#include "platform/uikit/view/DevicePixels.h"
+#include "platform/uikit/window/UIScreen.h"
 #include "platform/uikit/window/UITouch.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@ namespace {
 constexpr CGFloat tapRadius = 10;
 
 CGFloat snapped(CGFloat points) {
-    return pointsOf(pixelPlace(points));
+    return UIScreen::mainScreen().grid().snapped(points);
 }
 
 CGFloat orZero(CGFloat points) {

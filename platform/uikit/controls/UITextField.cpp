@@ -1,9 +1,11 @@
 #include "platform/uikit/controls/UITextField.h"
 
 #include "platform/foundation/Text.h"
+#include "platform/graphics/Canvas.h"
+#include "platform/graphics/DrawingContext.h"
 #include "platform/graphics/TextLayout.h"
-#include "platform/uikit/CoderWords.h"
-#include "platform/uikit/view/PixelGrid.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/window/UIScreen.h"
 #include "platform/uikit/window/UITouch.h"
 
 namespace {
@@ -71,11 +73,29 @@ void UITextField::touchesEndedWithEvent(const TouchSet& touches, UIEvent* event)
     }
 }
 
+/// The text, or the placeholder while there is none, on one line.
+std::shared_ptr<const TextLayout> UITextField::line(std::optional<CGFloat> width) const {
+    return TextLayout::make({.text = isEmpty() ? m_placeholder : *m_text,
+                             .font = m_font,
+                             .alignment = m_alignment,
+                             .maximumLines = 1,
+                             .width = width});
+}
+
 CGSize UITextField::intrinsicContentSize() const {
-    TextRequest request;
-    request.text = m_text && !m_text->empty() ? *m_text : m_placeholder;
-    request.font = m_font;
-    request.maximumLines = 1;
-    const CGSize text = TextLayout::make(request)->size();
-    return ceiledToPixel(CGSize{text.width, text.height + 2 * padding});
+    const CGSize text = line(std::nullopt)->size();
+    return UIScreen::mainScreen().grid().holding(CGSize{text.width, text.height + 2 * padding});
+}
+
+/// In the middle of the height; the placeholder in its paler colour.
+void UITextField::drawRect(const CGRect& rect) {
+    UIView::drawRect(rect);
+    const DrawingContext* context = DrawingContext::current();
+    if (context == nullptr) {
+        return;
+    }
+    const std::shared_ptr<const TextLayout> layout = line(bounds().size.width);
+    const auto color = UIColor::systemColorNamed(isEmpty() ? "placeholderTextColor" : "labelColor");
+    const CGFloat top = bounds().midY() - layout->size().height / 2;
+    context->canvas().drawText(*layout, {bounds().minX(), top}, color->resolved(context->style()));
 }

@@ -5,6 +5,7 @@
 #include "platform/graphics/UIFont.h"
 #include "platform/uikit/controls/UIControl.h"
 
+class TextLayout;
 class UITextField;
 
 /// Asked by a text field before it takes an edit or ends editing.
@@ -32,8 +33,6 @@ public:
     void setText(const std::optional<std::string>& text);
     [[nodiscard]] const std::string& placeholder() const { return m_placeholder; }
     void setPlaceholder(const std::string& placeholder);
-    [[nodiscard]] std::shared_ptr<UIFont> font() const { return m_font; }
-    [[nodiscard]] NSTextAlignment textAlignment() const { return m_alignment; }
     void setDelegate(std::weak_ptr<UITextFieldDelegate> delegate) { m_delegate = std::move(delegate); }
 
     /// What the keyboard does: asks the delegate, and edits when it agrees. Returns whether the text was edited.
@@ -49,6 +48,9 @@ public:
     void drawRect(const CGRect& rect) override;
 
 private:
+    [[nodiscard]] bool isEmpty() const { return m_text.value_or("").empty(); }
+    [[nodiscard]] std::shared_ptr<const TextLayout> line(std::optional<CGFloat> width) const;
+
     std::optional<std::string> m_text;
     std::string m_placeholder;
     std::shared_ptr<UIFont> m_font;

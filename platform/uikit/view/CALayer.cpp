@@ -1,27 +1,24 @@
 #include "platform/uikit/view/CALayer.h"
 
+#include "platform/foundation/FatalError.h"
 #include "platform/graphics/UIColor.h"
 #include "platform/uikit/view/UIView.h"
 
 CALayer::CALayer(UIView* view)
     : m_view(view), m_borderColor(UIColor::blackColor()), m_shadowColor(UIColor::blackColor()) {}
 
-// Both the old and the new look are painted again: a shadow may reach further before or after the change.
-
-void CALayer::changed() {
-    if (m_view != nullptr) {
-        m_view->invalidate(m_view->paintedRect());
-    }
-}
-
-template <class T>
-void CALayer::change(T& field, const T& value) {
+template <class Value>
+void CALayer::change(Value& field, const Value& value) {
     if (field == value) {
         return;
     }
-    changed();
+    if (m_view == nullptr) {
+        field = value;
+        return;
+    }
+    m_view->setNeedsRepaint();
     field = value;
-    changed();
+    m_view->setNeedsRepaint();
 }
 
 void CALayer::setCornerRadius(CGFloat radius) {
@@ -53,15 +50,15 @@ void CALayer::setShadowOffset(CGSize offset) {
 }
 
 void CALayer::setShadowRadius(CGFloat radius) {
-    change(m_shadowRadius, radius);
+    if (radius != 0) {
+        fatalError("A layer's shadow has a hard edge: its radius cannot be " + std::to_string(radius));
+    }
 }
 
 CGRect CALayer::shadowRect() const {
-    if (m_view == nullptr || m_shadowColor == nullptr || m_shadowOpacity <= 0) {
+    const bool isCast = m_shadowOpacity > 0 && m_shadowColor && !m_masksToBounds;
+    if (!isCast || m_view == nullptr || !m_view->backgroundColor()) {
         return {};
     }
-    // A blur of radius r is spent after three times r.
-    return m_view->bounds()
-        .offsetBy(m_shadowOffset.width, m_shadowOffset.height)
-        .insetBy(-3 * m_shadowRadius, -3 * m_shadowRadius);
+    return m_view->bounds().offsetBy(m_shadowOffset.width, m_shadowOffset.height);
 }

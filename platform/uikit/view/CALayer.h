@@ -13,7 +13,7 @@ class UIView;
 /// null colour means none.
 class CALayer : public NSObject {
 public:
-    /// `view` owns the layer and outlives it in use; told of changes.
+    /// `view` owns the layer and is told of changes until detach().
     explicit CALayer(UIView* view);
 
     [[nodiscard]] CGFloat cornerRadius() const { return m_cornerRadius; }
@@ -32,18 +32,23 @@ public:
     void setShadowOpacity(float opacity);
     [[nodiscard]] CGSize shadowOffset() const { return m_shadowOffset; }
     void setShadowOffset(CGSize offset);
-    [[nodiscard]] CGFloat shadowRadius() const { return m_shadowRadius; }
+    /// Shadows have a hard edge here: any radius but 0 stops the program.
     void setShadowRadius(CGFloat radius);
-    /// Where the shadow falls, in the view's coordinates; empty without a shadow.
+    /// Where the shadow falls, in the view's coordinates. Empty without one: a view that clips or has no background
+    /// casts none.
     [[nodiscard]] CGRect shadowRect() const;
+
+    /// Whether a border is drawn, above all that is inside the view.
+    [[nodiscard]] bool hasBorder() const { return m_borderWidth > 0 && m_borderColor; }
+    /// Whether what is inside the view loses its corners.
+    [[nodiscard]] bool cutsCorners() const { return m_masksToBounds && m_cornerRadius > 0; }
 
     /// Called by the view when it goes away before the layer does.
     void detach() { m_view = nullptr; }
 
 private:
-    void changed();
-    template <class T>
-    void change(T& field, const T& value);
+    template <class Value>
+    void change(Value& field, const Value& value);
 
     UIView* m_view;
     CGFloat m_cornerRadius = 0;
@@ -53,5 +58,4 @@ private:
     std::shared_ptr<UIColor> m_shadowColor;
     float m_shadowOpacity = 0;
     CGSize m_shadowOffset{0, -3};
-    CGFloat m_shadowRadius = 3;
 };

@@ -1,19 +1,32 @@
 #pragma once
 
-#include "platform/foundation/Geometry.h"
+#include "platform/uikit/window/UIScreen.h"
 
-#include <cstdint>
+#include <algorithm>
 
 /// Lengths and places in whole pixels of the main screen. Lists reckon in them, so that sums are exact and everything
-/// painted can be moved. Wild lengths (not a number, endless) are brought into range: no length exceeds 10,000,000
-/// points.
-using Pixels = std::int64_t;
+/// painted can be moved. No length exceeds 10,000,000 points.
 
-[[nodiscard]] Pixels pixelsNearest(CGFloat points);
+[[nodiscard]] inline CGFloat limitedLength(CGFloat points) {
+    constexpr CGFloat longest = 1e7;
+    return std::clamp(points, -longest, longest);
+}
+
+[[nodiscard]] inline Pixels pixelsNearest(CGFloat points) {
+    return UIScreen::mainScreen().grid().nearest(limitedLength(points));
+}
 /// For content that must not be cut off: up, unless only rounding errors are above the lower pixel.
-[[nodiscard]] Pixels pixelsToHold(CGFloat points);
+[[nodiscard]] inline Pixels pixelsToHold(CGFloat points) {
+    return UIScreen::mainScreen().grid().holding(limitedLength(points));
+}
 /// For places, which may be far away: not limited to the longest length.
-[[nodiscard]] Pixels pixelPlace(CGFloat points);
+[[nodiscard]] inline Pixels pixelPlace(CGFloat points) {
+    return UIScreen::mainScreen().grid().nearest(points);
+}
 /// The pixel that a point of the screen lies in; places as well.
-[[nodiscard]] Pixels pixelUnder(CGFloat points);
-[[nodiscard]] CGFloat pointsOf(Pixels pixels);
+[[nodiscard]] inline Pixels pixelUnder(CGFloat points) {
+    return UIScreen::mainScreen().grid().under(points);
+}
+[[nodiscard]] inline CGFloat pointsOf(Pixels pixels) {
+    return UIScreen::mainScreen().grid().points(pixels);
+}

@@ -62,3 +62,16 @@ private:
     std::weak_ptr<UIView> m_holder;
     bool m_active = false;
 };
+
+/// One edge of a view, from which constraints are made in code. A value.
+class NSLayoutAnchor {
+public:
+    explicit NSLayoutAnchor(LayoutEnd end) : m_end(std::move(end)) {}
+
+    [[nodiscard]] std::shared_ptr<NSLayoutConstraint> constraintEqualToAnchor(const NSLayoutAnchor& anchor) const {
+        return std::make_shared<NSLayoutConstraint>(m_end, LayoutRelation::equal, anchor.m_end, 1, 0);
+    }
+
+private:
+    LayoutEnd m_end;
+};

@@ -41,7 +41,7 @@ void UIView::setFrame(const CGRect& frame) {
     const CGSize sizeBefore = m_bounds.size;
     place(frame);
     const bool isChanged = m_bounds.size != sizeBefore || (m_center != centerBefore && !isSystemRoot());
-    if (isChanged && m_isLayoutItem) {
+    if (isChanged && m_layout.byConstraints) {
         setNeedsUpdateConstraints();
     }
 }
@@ -53,7 +53,7 @@ void UIView::place(const CGRect& frame) {
 void UIView::setBounds(const CGRect& bounds) {
     const CGSize sizeBefore = m_bounds.size;
     applyGeometry(m_center, bounds);
-    if (m_bounds.size != sizeBefore && m_isLayoutItem) {
+    if (m_bounds.size != sizeBefore && m_layout.byConstraints) {
         setNeedsUpdateConstraints();
     }
 }
@@ -72,7 +72,7 @@ void UIView::applyGeometry(CGPoint center, const CGRect& bounds) {
         moveContent(m_bounds.minY() - bounds.minY());
         return;
     }
-    invalidate(paintedRect());
+    setNeedsRepaint();
     m_center = center;
     m_bounds = bounds;
     if (bounds.size != sizeBefore) {
@@ -82,7 +82,7 @@ void UIView::applyGeometry(CGPoint center, const CGRect& bounds) {
             setNeedsUpdateConstraints();
         }
     }
-    invalidate(paintedRect());
+    setNeedsRepaint();
 }
 
 void UIView::moveContent(CGFloat distance) {
@@ -115,8 +115,7 @@ void UIView::resizeSubviews(CGSize before) {
 
 CGPoint UIView::convertPointToView(CGPoint point, const UIView* view) const {
     for (const UIView* from = this; from->m_superview != nullptr; from = from->m_superview) {
-        const CGPoint origin = from->frame().origin;
-        point = {point.x - from->m_bounds.minX() + origin.x, point.y - from->m_bounds.minY() + origin.y};
+        point = point + from->shiftToSuperview();
     }
     return view == nullptr ? point : view->convertPointFromView(point, nullptr);
 }
@@ -125,8 +124,7 @@ CGPoint UIView::convertPointFromView(CGPoint point, const UIView* view) const {
     if (view != nullptr) {
         return view->convertPointToView(point, this);
     }
-    const CGPoint zero = convertPointToView({0, 0}, nullptr); // views are moved, never turned or scaled
-    return {point.x - zero.x, point.y - zero.y};
+    return point - convertPointToView({0, 0}, nullptr); // views are moved, never turned or scaled
 }
 
 CGRect UIView::convertRectToView(const CGRect& rect, const UIView* view) const {

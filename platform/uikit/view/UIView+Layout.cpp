@@ -1,20 +1,18 @@
 #include "platform/uikit/view/UIView.h"
 
 #include "platform/uikit/controllers/UIViewController.h"
-#include "platform/uikit/view/LayoutPass.h"
 #include "platform/uikit/view/ViewSystem.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
-std::size_t indexOf(UILayoutConstraintAxis axis) {
-    return axis == UILayoutConstraintAxis::horizontal ? 0 : 1;
-}
+constexpr int maximumRounds = 10;
+constexpr int maximumDepth = 8;  // of layouts begun inside layoutSubviews
+constexpr int maximumSolves = 3; // of one system, for safe areas and autoresized views that moved along
 
-NSLayoutAnchor anchor(UIView& view, LayoutAttribute attribute) {
-    return NSLayoutAnchor({strong(&view), LayoutGuide::view, attribute});
-}
+int runningLayouts = 0; // main thread
 
 } // namespace
 
@@ -44,52 +42,17 @@ void UIView::removeConstraint(const std::shared_ptr<NSLayoutConstraint>& constra
     }
 }
 
-NSLayoutAnchor UIView::leftAnchor() {
-    return anchor(*this, LayoutAttribute::left);
-}
-
-NSLayoutAnchor UIView::rightAnchor() {
-    return anchor(*this, LayoutAttribute::right);
-}
-
-NSLayoutAnchor UIView::topAnchor() {
-    return anchor(*this, LayoutAttribute::top);
-}
-
-NSLayoutAnchor UIView::bottomAnchor() {
-    return anchor(*this, LayoutAttribute::bottom);
-}
-
-NSLayoutAnchor UIView::leadingAnchor() {
-    return anchor(*this, LayoutAttribute::leading);
-}
-
-NSLayoutAnchor UIView::trailingAnchor() {
-    return anchor(*this, LayoutAttribute::trailing);
-}
-
-NSLayoutAnchor UIView::widthAnchor() {
-    return anchor(*this, LayoutAttribute::width);
-}
-
-NSLayoutAnchor UIView::heightAnchor() {
-    return anchor(*this, LayoutAttribute::height);
-}
-
-NSLayoutAnchor UIView::centerXAnchor() {
-    return anchor(*this, LayoutAttribute::centerX);
-}
-
-NSLayoutAnchor UIView::centerYAnchor() {
-    return anchor(*this, LayoutAttribute::centerY);
+NSLayoutAnchor UIView::anchor(LayoutAttribute attribute) {
+    return NSLayoutAnchor({strong(this), LayoutGuide::view, attribute});
 }
 
 UILayoutPriority UIView::contentHuggingPriority(UILayoutConstraintAxis axis) const {
-    return m_hugging[indexOf(axis)];
+    return axis == UILayoutConstraintAxis::horizontal ? m_horizontalPriorities.hugging : m_verticalPriorities.hugging;
 }
 
 UILayoutPriority UIView::contentCompressionResistancePriority(UILayoutConstraintAxis axis) const {
-    return m_compressionResistance[indexOf(axis)];
+    return axis == UILayoutConstraintAxis::horizontal ? m_horizontalPriorities.compressionResistance
+                                                      : m_verticalPriorities.compressionResistance;
 }
 
 void UIView::setLayoutMargins(const UIEdgeInsets& margins) {
@@ -131,63 +94,89 @@ void UIView::invalidateIntrinsicContentSize() {
     setNeedsUpdateConstraints();
 }
 
-CGSize UIView::sizeThatFits(CGSize /*size*/) const {
-    return intrinsicContentSize();
-}
-
 CGFloat UIView::heightFittingWidth(CGFloat width) {
-    if (!m_fitting) {
-        m_fitting = std::make_unique<ViewSystem>(*this, ViewSystem::Purpose::fitting);
+    if (!m_layout.fitting) {
+        m_layout.fitting = std::make_unique<ViewSystem>(*this, ViewSystem::Purpose::fitting);
     }
-    return m_fitting->heightForWidth(width);
+    return m_layout.fitting->heightForWidth(width);
 }
 
-// Marks. A view that is due has m_descendantNeedsLayout set in every ancestor.
+// The layout of a tree.
 
 bool UIView::isSystemRoot() const {
     return m_superview == nullptr || m_superview->isLayoutRoot();
 }
 
-UIView& UIView::systemRoot() {
-    UIView* root = this;
-    while (!root->isSystemRoot()) {
-        root = root->m_superview;
-    }
-    return *root;
-}
-
-void UIView::setNeedsUpdateConstraints() {
-    UIView& root = systemRoot();
-    root.m_constraintsChanged = true;
-    root.ancestorsNeedVisit();
-}
-
-void UIView::systemStructureChanged() {
-    UIView* view = this;
-    view->m_fitting.reset();
-    view->m_system.reset();
-    while (!view->isSystemRoot()) {
-        view = view->m_superview;
-        view->m_fitting.reset();
-        view->m_system.reset();
-    }
-    view->m_constraintsChanged = true;
-    view->ancestorsNeedVisit();
-}
-
-void UIView::ancestorsNeedVisit() {
-    for (UIView* view = m_superview; view != nullptr && !view->m_descendantNeedsLayout; view = view->m_superview) {
-        view->m_descendantNeedsLayout = true;
+void UIView::mark(LayoutMarks::Mark mark) {
+    m_layout.marks.set(mark);
+    UIView* above = m_superview;
+    while (above != nullptr && above->m_layout.marks.set(LayoutMarks::descendants)) {
+        above = above->m_superview;
     }
 }
 
 void UIView::setNeedsLayout() {
-    m_needsLayout = true;
-    ancestorsNeedVisit();
+    mark(LayoutMarks::subviews);
+}
+
+void UIView::setNeedsUpdateConstraints() {
+    UIView* root = this;
+    while (!root->isSystemRoot()) {
+        root = root->m_superview;
+    }
+    root->mark(LayoutMarks::constraints);
+}
+
+void UIView::systemStructureChanged() {
+    for (UIView* view = this;; view = view->m_superview) {
+        view->m_layout.placing.reset();
+        view->m_layout.fitting.reset();
+        if (view->isSystemRoot()) {
+            view->mark(LayoutMarks::constraints);
+            return;
+        }
+    }
 }
 
 void UIView::layoutIfNeeded() {
-    LayoutPass::run(topView());
+    const std::shared_ptr<UIView> top = strong(&topView());
+    if (runningLayouts == maximumDepth) {
+        return;
+    }
+    // One round serves a layout begun inside another; the outer one sees what it leaves.
+    const int rounds = runningLayouts == 0 ? maximumRounds : 1;
+    ++runningLayouts;
+    for (int round = 0; round < rounds && top->isLayoutDue(); ++round) {
+        top->layOut();
+    }
+    --runningLayouts;
 }
 
-void UIView::layoutSubviews() {}
+void UIView::layOut() {
+    if (m_layout.marks.take(LayoutMarks::constraints) && isSystemRoot()) {
+        solveConstraints();
+    }
+    if (m_layout.marks.take(LayoutMarks::subviews)) {
+        layoutSubviews();
+    }
+    if (!m_layout.marks.take(LayoutMarks::descendants)) {
+        return;
+    }
+    std::vector<std::shared_ptr<UIView>> due;
+    std::copy_if(m_subviews.begin(), m_subviews.end(), std::back_inserter(due),
+                 [](const std::shared_ptr<UIView>& subview) { return subview->isLayoutDue(); });
+    for (const std::shared_ptr<UIView>& subview : due) {
+        subview->layOut();
+    }
+}
+
+void UIView::solveConstraints() {
+    if (!m_layout.placing) {
+        m_layout.placing = std::make_unique<ViewSystem>(*this, ViewSystem::Purpose::placing);
+    }
+    ViewSystem& system = *m_layout.placing;
+    for (int count = 0; count < maximumSolves && system.update(); ++count) {
+        system.placeViews();
+    }
+    system.report(); // not before: the first solution may rest on the safe area of the place before
+}

@@ -74,7 +74,7 @@ void UIView::bringSubviewToFront(UIView& view) {
     if (position != m_subviews.end()) {
         std::rotate(m_subviews.begin() + (position - m_subviews.begin()),
                     m_subviews.begin() + (position - m_subviews.begin()) + 1, m_subviews.end());
-        view.invalidate(view.paintedRect());
+        view.setNeedsRepaint();
     }
 }
 
@@ -96,11 +96,9 @@ void UIView::attach(const std::shared_ptr<UIView>& view, std::size_t index) {
     m_subviews.insert(m_subviews.begin() + static_cast<std::ptrdiff_t>(position), added);
     added->m_superview = this;
     added->systemStructureChanged();
-    added->m_needsLayout = true;
-    added->ancestorsNeedVisit();
+    added->setNeedsLayout();
     setNeedsLayout();
-    added->invalidate(added->paintedRect());
-    added->didMoveToSuperview();
+    added->setNeedsRepaint();
     if (move.isMove) {
         added->windowChanged(move.isIn);
     }
@@ -119,7 +117,6 @@ void UIView::removeFromSuperview() {
         controller->viewWillMoveToWindow(false);
     }
     detachFromSuperview();
-    didMoveToSuperview();
     if (move.isMove) {
         windowChanged(false);
     }
@@ -133,7 +130,7 @@ void UIView::detachFromSuperview() {
         return;
     }
     UIView& superview = *m_superview;
-    invalidate(paintedRect());
+    setNeedsRepaint();
     superview.dropConstraintsInto(*this);
     systemStructureChanged();
     superview.setNeedsLayout();

@@ -3,8 +3,73 @@
 #include "platform/uikit/controllers/UIViewController.h"
 #include "platform/uikit/view/ViewSystem.h"
 
+namespace {
+
+UIViewContentMode decodedContentMode(const NSCoder& coder) {
+    return coder
+        .choice<UIViewContentMode>("contentMode", {{"scaleToFill", UIViewContentMode::scaleToFill},
+                                                   {"scaleAspectFit", UIViewContentMode::scaleAspectFit},
+                                                   {"scaleAspectFill", UIViewContentMode::scaleAspectFill},
+                                                   {"redraw", UIViewContentMode::redraw},
+                                                   {"center", UIViewContentMode::center},
+                                                   {"top", UIViewContentMode::top},
+                                                   {"bottom", UIViewContentMode::bottom},
+                                                   {"left", UIViewContentMode::left},
+                                                   {"right", UIViewContentMode::right},
+                                                   {"topLeft", UIViewContentMode::topLeft},
+                                                   {"topRight", UIViewContentMode::topRight},
+                                                   {"bottomLeft", UIViewContentMode::bottomLeft},
+                                                   {"bottomRight", UIViewContentMode::bottomRight}})
+        .value_or(UIViewContentMode::scaleToFill);
+}
+
+unsigned decodedAutoresizingMask(const NSCoder& coder) {
+    constexpr std::pair<const char*, unsigned> bits[] = {{"widthSizable", UIViewAutoresizingFlexibleWidth},
+                                                         {"heightSizable", UIViewAutoresizingFlexibleHeight},
+                                                         {"flexibleMinX", UIViewAutoresizingFlexibleLeftMargin},
+                                                         {"flexibleMaxX", UIViewAutoresizingFlexibleRightMargin},
+                                                         {"flexibleMinY", UIViewAutoresizingFlexibleTopMargin},
+                                                         {"flexibleMaxY", UIViewAutoresizingFlexibleBottomMargin}};
+    unsigned mask = UIViewAutoresizingNone;
+    if (const NSCoder* words = coder.child("autoresizingMask", "autoresizingMask")) {
+        for (const auto& [key, bit] : bits) {
+            mask |= words->boolean(key).value_or(false) ? bit : 0u;
+        }
+    }
+    return mask;
+}
+
+void decodePriority(const NSCoder& coder, const char* key, UILayoutPriority& priority) {
+    priority = static_cast<UILayoutPriority>(coder.number(key).value_or(static_cast<double>(priority)));
+}
+
+} // namespace
+
 UIView::UIView(const CGRect& frame)
     : m_bounds{{0, 0}, frame.size}, m_center{frame.midX(), frame.midY()}, m_layer(std::make_shared<CALayer>(this)) {}
+
+UIView::UIView(const NSCoder& coder) : UIView(coder.rect("frame").value_or(CGRect{})) {
+    m_contentMode = decodedContentMode(coder);
+    m_layer->setMasksToBounds(coder.boolean("clipsSubviews").value_or(false));
+    m_hidden = coder.boolean("hidden").value_or(m_hidden);
+    m_alpha = coder.number("alpha").value_or(m_alpha);
+    m_tag = static_cast<int>(coder.number("tag").value_or(m_tag));
+    m_userInteractionEnabled = coder.boolean("userInteractionEnabled").value_or(m_userInteractionEnabled);
+    m_backgroundColor = coder.objectOf<UIColor>("backgroundColor", "a colour").value_or(nullptr);
+    m_autoresizes = coder.boolean("translatesAutoresizingMaskIntoConstraints").value_or(m_autoresizes);
+    m_autoresizingMask = decodedAutoresizingMask(coder);
+    if (const std::optional<UIEdgeInsets> margins = coder.insets("layoutMargins")) {
+        setLayoutMargins(*margins);
+    }
+    decodePriority(coder, "horizontalHuggingPriority", m_horizontalPriorities.hugging);
+    decodePriority(coder, "verticalHuggingPriority", m_verticalPriorities.hugging);
+    decodePriority(coder, "horizontalCompressionResistancePriority", m_horizontalPriorities.compressionResistance);
+    decodePriority(coder, "verticalCompressionResistancePriority", m_verticalPriorities.compressionResistance);
+    if (const NSCoder* accessibility = coder.child("accessibility", "accessibilityConfiguration")) {
+        m_accessibilityIdentifier = accessibility->string("identifier").value_or("");
+        m_accessibilityLabel = accessibility->string("label").value_or("");
+    }
+}
 
 UIView::~UIView() {
     for (const std::shared_ptr<UIView>& subview : m_subviews) {
@@ -16,51 +81,33 @@ UIView::~UIView() {
 
 // Look.
 
+template <class Value>
+void UIView::changeLook(Value& field, const Value& value) {
+    if (field != value) {
+        setNeedsRepaint();
+        field = value;
+        setNeedsRepaint();
+    }
+}
+
 void UIView::setBackgroundColor(const std::shared_ptr<UIColor>& color) {
     if (m_backgroundColor != color) {
+        invalidate(m_layer->shadowRect()); // a view without a background casts none
         m_backgroundColor = color;
-        setNeedsDisplay();
-    }
-}
-
-std::shared_ptr<UIColor> UIView::tintColor() const {
-    for (const UIView* view = this; view != nullptr; view = view->m_superview) {
-        if (view->m_tintColor) {
-            return view->m_tintColor;
-        }
-    }
-    return UIColor::systemColorNamed("systemBlueColor");
-}
-
-void UIView::setTintColor(const std::shared_ptr<UIColor>& color) {
-    if (m_tintColor != color) {
-        m_tintColor = color;
-        setNeedsLayout();
-        invalidate(paintedRect());
+        invalidate(m_bounds.unionWith(m_layer->shadowRect()));
     }
 }
 
 void UIView::setAlpha(CGFloat alpha) {
-    if (m_alpha != alpha) {
-        m_alpha = alpha;
-        invalidate(paintedRect());
-    }
+    changeLook(m_alpha, alpha);
 }
 
 void UIView::setHidden(bool hidden) {
-    if (m_hidden == hidden) {
-        return;
-    }
-    m_hidden = false; // a hidden view has nothing to paint again
-    invalidate(paintedRect());
-    m_hidden = hidden;
+    changeLook(m_hidden, hidden);
 }
 
 void UIView::setContentMode(UIViewContentMode mode) {
-    if (m_contentMode != mode) {
-        m_contentMode = mode;
-        setNeedsDisplay();
-    }
+    changeLook(m_contentMode, mode);
 }
 
 // Drawing.
@@ -72,26 +119,23 @@ void UIView::setNeedsDisplay() {
 void UIView::drawRect(const CGRect& /*rect*/) {}
 
 void UIView::invalidate(const CGRect& rect) {
-    if (m_hidden || m_superview == nullptr) {
+    if (!isDrawn() || m_superview == nullptr) {
         return;
     }
-    const CGRect visible = m_layer->masksToBounds() ? rect.intersection(m_bounds) : rect;
+    const CGRect visible = clipsToBounds() ? rect.intersection(m_bounds) : rect;
     if (!visible.isEmpty()) {
-        const CGPoint origin = frame().origin;
-        m_superview->invalidate(visible.offsetBy(origin.x - m_bounds.minX(), origin.y - m_bounds.minY()));
+        m_superview->invalidate(visible.offsetBy(shiftToSuperview()));
     }
 }
 
 CGRect UIView::paintedRect() const {
     CGRect painted = drawnRect().unionWith(m_layer->shadowRect());
-    if (m_layer->masksToBounds()) {
+    if (clipsToBounds()) {
         return painted;
     }
     for (const std::shared_ptr<UIView>& subview : m_subviews) {
-        if (!subview->m_hidden) {
-            const CGPoint origin = subview->frame().origin;
-            painted = painted.unionWith(subview->paintedRect().offsetBy(origin.x - subview->m_bounds.minX(),
-                                                                        origin.y - subview->m_bounds.minY()));
+        if (subview->isDrawn()) {
+            painted = painted.unionWith(subview->paintedRect().offsetBy(subview->shiftToSuperview()));
         }
     }
     return painted;
@@ -104,14 +148,11 @@ bool UIView::pointInsideWithEvent(CGPoint point, UIEvent* /*event*/) const {
 }
 
 std::shared_ptr<UIView> UIView::hitTestWithEvent(CGPoint point, UIEvent* event) {
-    constexpr CGFloat invisible = 0.01;
-    if (m_hidden || m_alpha <= invisible || !m_userInteractionEnabled || !pointInsideWithEvent(point, event)) {
+    if (!isDrawn() || !m_userInteractionEnabled || !pointInsideWithEvent(point, event)) {
         return nullptr;
     }
     for (auto subview = m_subviews.rbegin(); subview != m_subviews.rend(); ++subview) {
-        const CGPoint origin = (*subview)->frame().origin;
-        const CGPoint inSubview{point.x - origin.x + (*subview)->m_bounds.minX(),
-                                point.y - origin.y + (*subview)->m_bounds.minY()};
+        const CGPoint inSubview = point - (*subview)->shiftToSuperview();
         if (std::shared_ptr<UIView> hit = (*subview)->hitTestWithEvent(inSubview, event)) {
             return hit;
         }

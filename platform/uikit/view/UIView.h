@@ -4,7 +4,8 @@
 #include "platform/graphics/UIColor.h"
 #include "platform/runtime/NSCoder.h"
 #include "platform/uikit/view/CALayer.h"
-#include "platform/uikit/view/NSLayoutAnchor.h"
+#include "platform/uikit/view/LayoutMarks.h"
+#include "platform/uikit/view/NSLayoutConstraint.h"
 #include "platform/uikit/window/UIResponder.h"
 
 #include <memory>
@@ -85,26 +86,30 @@ public:
     [[nodiscard]] UIViewController* viewController() const { return m_viewController; }
     /// For the controller; its root view has wider margins unless they were set.
     void setViewController(UIViewController* controller);
-    virtual void didMoveToSuperview() {}
 
     // Look.
     [[nodiscard]] std::shared_ptr<CALayer> layer() const { return m_layer; }
     [[nodiscard]] std::shared_ptr<UIColor> backgroundColor() const { return m_backgroundColor; }
     void setBackgroundColor(const std::shared_ptr<UIColor>& color);
-    /// Inherited from the superview while unset; the platform's blue at the top.
-    [[nodiscard]] std::shared_ptr<UIColor> tintColor() const;
-    void setTintColor(const std::shared_ptr<UIColor>& color);
     [[nodiscard]] CGFloat alpha() const { return m_alpha; }
     void setAlpha(CGFloat alpha);
     [[nodiscard]] bool isHidden() const { return m_hidden; }
     void setHidden(bool hidden);
+    /// Whether the view takes part in what is painted and touched, with all inside it, as far as it decides this
+    /// itself: neither hidden nor all but transparent. It may still lie outside of what its superviews clip, or be
+    /// empty.
+    [[nodiscard]] bool isDrawn() const { return !m_hidden && m_alpha > 0.01; }
     [[nodiscard]] bool clipsToBounds() const { return m_layer->masksToBounds(); }
     void setClipsToBounds(bool clips) { m_layer->setMasksToBounds(clips); }
     [[nodiscard]] UIViewContentMode contentMode() const { return m_contentMode; }
     void setContentMode(UIViewContentMode mode);
 
-    // Drawing. setNeedsDisplay marks the whole view, or a rectangle of it, to be drawn again.
+    // Drawing.
+    /// Has the view's own rectangle drawn again.
     void setNeedsDisplay();
+    /// Has everything painted again that the view reaches with its shadow and its subviews. What changes that is to be
+    /// painted calls it before and after: the old look and the new may differ in their reach.
+    void setNeedsRepaint() { invalidate(paintedRect()); }
     virtual void drawRect(const CGRect& rect); // drawRect:
     /// What drawRect can reach, in this view's coordinates: the bounds, or more where content stands out of a view that
     /// does not clip.
@@ -113,7 +118,6 @@ public:
     [[nodiscard]] CGRect paintedRect() const;
 
     // Touches.
-    [[nodiscard]] bool isUserInteractionEnabled() const { return m_userInteractionEnabled; }
     void setUserInteractionEnabled(bool enabled) { m_userInteractionEnabled = enabled; }
     /// The deepest visible, enabled view under the point, which is in this view's coordinates; null when outside.
     [[nodiscard]] virtual std::shared_ptr<UIView> hitTestWithEvent(CGPoint point, UIEvent* event); // hitTest:withEvent:
@@ -137,16 +141,10 @@ public:
     [[nodiscard]] const std::vector<std::shared_ptr<NSLayoutConstraint>>& constraints() const { return m_constraints; }
     void addConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint);
     void removeConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint);
-    [[nodiscard]] NSLayoutAnchor leftAnchor();
-    [[nodiscard]] NSLayoutAnchor rightAnchor();
-    [[nodiscard]] NSLayoutAnchor topAnchor();
-    [[nodiscard]] NSLayoutAnchor bottomAnchor();
-    [[nodiscard]] NSLayoutAnchor leadingAnchor();
-    [[nodiscard]] NSLayoutAnchor trailingAnchor();
-    [[nodiscard]] NSLayoutAnchor widthAnchor();
-    [[nodiscard]] NSLayoutAnchor heightAnchor();
-    [[nodiscard]] NSLayoutAnchor centerXAnchor();
-    [[nodiscard]] NSLayoutAnchor centerYAnchor();
+    [[nodiscard]] NSLayoutAnchor leftAnchor() { return anchor(LayoutAttribute::left); }
+    [[nodiscard]] NSLayoutAnchor rightAnchor() { return anchor(LayoutAttribute::right); }
+    [[nodiscard]] NSLayoutAnchor topAnchor() { return anchor(LayoutAttribute::top); }
+    [[nodiscard]] NSLayoutAnchor bottomAnchor() { return anchor(LayoutAttribute::bottom); }
     [[nodiscard]] UILayoutPriority contentHuggingPriority(UILayoutConstraintAxis axis) const;
     [[nodiscard]] UILayoutPriority contentCompressionResistancePriority(UILayoutConstraintAxis axis) const;
     /// Width and height the content would like; noIntrinsicMetric where it has no wish.
@@ -157,12 +155,10 @@ public:
     [[nodiscard]] virtual std::optional<CGFloat> firstBaseline(CGSize size) const;
     [[nodiscard]] virtual std::optional<CGFloat> lastBaseline(CGSize size) const;
     void invalidateIntrinsicContentSize();
-    /// Has the constraints around this view solved again at the next pass.
+    /// Has the constraints around this view solved again at the next layout.
     void setNeedsUpdateConstraints();
     /// The smallest height that satisfies the constraints inside this view at exactly this width.
     [[nodiscard]] CGFloat heightFittingWidth(CGFloat width); // systemLayoutSizeFittingSize: with a required width
-    /// The smallest (or the only) size of the view's own content within `size`; by default intrinsicContentSize().
-    [[nodiscard]] virtual CGSize sizeThatFits(CGSize size) const;
 
     [[nodiscard]] const UIEdgeInsets& layoutMargins() const { return m_layoutMargins; }
     void setLayoutMargins(const UIEdgeInsets& margins);
@@ -170,41 +166,64 @@ public:
     [[nodiscard]] UIEdgeInsets safeAreaInsets() const;
 
     void setNeedsLayout();
-    /// Solves the constraints of the tree that this view stands in and runs layoutSubviews where something changed.
+    /// Lays out the tree that this view stands in, from its top down: solves the constraints that changed, places their
+    /// views, runs layoutSubviews where it is due. What that changes is laid out in the same call, but not forever:
+    /// after some rounds the work left waits for the next call. A clean tree costs one look at its top.
     void layoutIfNeeded();
-    virtual void layoutSubviews(); // called by the layout pass; overrides call the base class first
-
-protected:
-    friend class CALayer;
-    friend class LayoutPass;
-    friend class UIWindow;
-    friend class ViewSystem;
+    virtual void layoutSubviews() {} // overrides call the base class first
     /// Whether this view's subviews are laid out apart from the tree above it (scroll views, whose content has
     /// coordinates of its own). Such a view is solved as the root of its own system.
     [[nodiscard]] virtual bool isLayoutRoot() const { return false; }
+
+protected:
+    /// Whether layoutIfNeeded() at this view, the top of its tree, has something to do.
+    [[nodiscard]] bool isLayoutDue() const { return m_layout.marks.areAny(); }
     /// A rectangle in this view's coordinates that must be painted again.
     virtual void invalidate(const CGRect& rect);
 
 private:
+    friend class ViewSystem; // for place() and setPlacedByConstraints()
+
+    struct Priorities {
+        UILayoutPriority hugging = UILayoutPriorityDefaultLow;
+        UILayoutPriority compressionResistance = UILayoutPriorityDefaultHigh;
+    };
+    /// What the layout knows of this view.
+    struct Layout {
+        LayoutMarks marks;
+        bool byConstraints = false;          // the solver places this view or takes account of it
+        std::unique_ptr<ViewSystem> placing; // of the system this view is the root of; made by the first layout
+        std::unique_ptr<ViewSystem> fitting; // the same for heightFittingWidth
+    };
+
+    // The tree.
     void attach(const std::shared_ptr<UIView>& view, std::size_t index);
     void detachFromSuperview();
     void dropConstraintsInto(const UIView& subtree);
     void windowChanged(bool inWindow);
+    [[nodiscard]] UIView& topView() const;
+
+    // Geometry and look.
+    /// To be added to a point in this view's coordinates to have it in the superview's.
+    [[nodiscard]] CGPoint shiftToSuperview() const { return frame().origin - m_bounds.origin; }
     /// Sets the frame without having the constraints solved again.
     void place(const CGRect& frame);
     void applyGeometry(CGPoint center, const CGRect& bounds);
     /// Down, in points; what is painted of it can be moved along.
     void moveContent(CGFloat distance);
     void resizeSubviews(CGSize before);
-    void decodeAutoresizingMask(const NSCoder& coder);
-    void decodePriorities(const NSCoder& coder);
-    void decodeAccessibility(const NSCoder& coder);
-    [[nodiscard]] UIView& topView() const;
+    template <class Value>
+    void changeLook(Value& field, const Value& value);
+
+    // Layout.
+    [[nodiscard]] NSLayoutAnchor anchor(LayoutAttribute attribute);
+    void setPlacedByConstraints(bool isPlaced) { m_layout.byConstraints = isPlaced; }
     [[nodiscard]] bool isSystemRoot() const;
-    [[nodiscard]] UIView& systemRoot();
     /// Views or constraints came or went: the descriptions kept for the solver are worthless.
     void systemStructureChanged();
-    void ancestorsNeedVisit();
+    void mark(LayoutMarks::Mark mark);
+    void layOut();
+    void solveConstraints();
 
     CGRect m_bounds;
     CGPoint m_center;
@@ -212,26 +231,20 @@ private:
     std::vector<std::shared_ptr<UIView>> m_subviews;
     std::shared_ptr<CALayer> m_layer;
     std::shared_ptr<UIColor> m_backgroundColor;
-    std::shared_ptr<UIColor> m_tintColor;
     CGFloat m_alpha = 1;
     bool m_hidden = false;
     bool m_userInteractionEnabled = true;
     bool m_autoresizes = true;
-    bool m_needsLayout = true;            // this view's layoutSubviews must run
-    bool m_descendantNeedsLayout = false; // one further down must run
-    bool m_constraintsChanged = true;     // the system this view is the root of must be solved again
-    bool m_isLayoutItem = false;          // the solver places this view or takes account of it
+    bool m_ownLayoutMargins = false; // the margins were set, so no context chooses them
     UIViewContentMode m_contentMode = UIViewContentMode::scaleToFill;
     unsigned m_autoresizingMask = UIViewAutoresizingNone;
     int m_tag = 0;
     std::string m_accessibilityIdentifier;
     std::string m_accessibilityLabel;
     std::vector<std::shared_ptr<NSLayoutConstraint>> m_constraints;
-    UILayoutPriority m_hugging[2] = {UILayoutPriorityDefaultLow, UILayoutPriorityDefaultLow};
-    UILayoutPriority m_compressionResistance[2] = {UILayoutPriorityDefaultHigh, UILayoutPriorityDefaultHigh};
+    Priorities m_horizontalPriorities;
+    Priorities m_verticalPriorities;
     UIEdgeInsets m_layoutMargins{8, 8, 8, 8};
-    bool m_ownLayoutMargins = false;       // the margins were set, so no context chooses them
-    std::unique_ptr<ViewSystem> m_system;  // of the system this view is the root of; made by the layout pass
-    std::unique_ptr<ViewSystem> m_fitting; // the same for heightFittingWidth
+    Layout m_layout;
     UIViewController* m_viewController = nullptr;
 };

@@ -1,8 +1,8 @@
 #include "platform/uikit/view/ViewSystem.h"
 
 #include "platform/uikit/view/LayoutReports.h"
-#include "platform/uikit/view/PixelGrid.h"
 #include "platform/uikit/view/UIView.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <cmath>
 
@@ -120,7 +120,7 @@ void ViewSystem::placeViews() {
             origins[index] = m_result.frames[index].origin;
             continue;
         }
-        const CGRect frame = roundedToPixel(m_result.frames[index]);
+        const CGRect frame = UIScreen::mainScreen().grid().snapped(m_result.frames[index]);
         const CGPoint parent = origins[static_cast<std::size_t>(m_items[index].parent)];
         origins[index] = frame.origin;
         m_entries[index].view->place(frame.offsetBy(-parent.x, -parent.y));
@@ -130,7 +130,7 @@ void ViewSystem::placeViews() {
 CGFloat ViewSystem::heightForWidth(CGFloat width) {
     m_fittingWidth = width;
     update();
-    return ceiledToPixel(m_result.frames[0].size.height);
+    return UIScreen::mainScreen().grid().holding(m_result.frames[0].size).height;
 }
 
 bool ViewSystem::refresh() {

@@ -69,7 +69,7 @@ bool ViewSystem::collectViews(UIView& view, int parent) {
         }
     }
     if (m_purpose == Purpose::placing) {
-        view.m_isLayoutItem = isWanted;
+        view.setPlacedByConstraints(isWanted);
     }
     if (!isWanted && parent >= 0) {
         m_entries.pop_back();

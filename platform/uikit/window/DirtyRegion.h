@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/graphics/Bitmap.h"
+#include "platform/foundation/Geometry.h"
 
-#include <cstddef>
 #include <vector>
 
 /// The device pixels that a frame must paint, as a few rectangles that do not overlap much. A value.
@@ -22,9 +21,3 @@ private:
     PixelRect m_limits;
     std::vector<PixelRect> m_rects;
 };
-
-[[nodiscard]] PixelRect intersection(const PixelRect& one, const PixelRect& other);
-[[nodiscard]] PixelRect unionOf(const PixelRect& one, const PixelRect& other);
-[[nodiscard]] inline bool isEmpty(const PixelRect& rect) {
-    return rect.width <= 0 || rect.height <= 0;
-}

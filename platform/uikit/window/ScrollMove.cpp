@@ -17,11 +17,9 @@ bool isEven(const UIView& view) {
     return typeid(view) == typeid(UIView) || typeid(view) == typeid(UIWindow);
 }
 
-/// Whether an ancestor draws nothing over its subviews: no border, no cut corners, no fading.
+/// Whether a view draws nothing over its subviews: no border, no cut corners, no fading.
 bool staysBelow(const UIView& view) {
-    const CALayer& layer = *view.layer();
-    const bool hasBorder = layer.borderWidth() > 0 && layer.borderColor();
-    return view.alpha() >= 1 && !hasBorder && !(view.clipsToBounds() && layer.cornerRadius() > 0);
+    return view.alpha() >= 1 && !view.layer()->hasBorder() && !view.layer()->cutsCorners();
 }
 
 /// Looks at one ancestor and the branches beside the one that leads to the scroll view.
@@ -29,12 +27,11 @@ class Surroundings {
 public:
     explicit Surroundings(const UIView& scrolled) : m_branch(&scrolled), m_covered(isOpaque(scrolled)) {
         m_move.area = scrolled.convertRectToView(scrolled.bounds(), nullptr);
-        m_move.canMovePixels = scrolled.alpha() >= 1 && scrolled.clipsToBounds() &&
-                               scrolled.layer()->cornerRadius() == 0 && scrolled.layer()->borderWidth() == 0;
+        m_move.canMovePixels = scrolled.clipsToBounds() && staysBelow(scrolled);
     }
 
     void climbTo(const UIView& ancestor) {
-        if (m_branch->isHidden()) {
+        if (!m_branch->isDrawn()) {
             m_move.area = {};
         }
         if (ancestor.clipsToBounds()) {
@@ -44,7 +41,7 @@ public:
         for (const std::shared_ptr<UIView>& sibling : ancestor.subviews()) {
             if (sibling.get() == m_branch) {
                 above = true;
-            } else if (!sibling->isHidden()) {
+            } else if (sibling->isDrawn()) {
                 look(*sibling, above);
             }
         }

@@ -1,20 +1,28 @@
 #pragma once
 
-#include "platform/foundation/Geometry.h"
+#include "platform/foundation/PixelGrid.h"
 
 /// The device's one screen. The host describes it before the extension starts; it does not change afterwards.
 class UIScreen {
 public:
-    [[nodiscard]] static UIScreen& mainScreen();
+    [[nodiscard]] static UIScreen& mainScreen() {
+        static UIScreen screen;
+        return screen;
+    }
 
     /// Points, with the origin at zero.
     [[nodiscard]] const CGRect& bounds() const { return m_bounds; }
     /// Device pixels a point.
-    [[nodiscard]] CGFloat scale() const { return m_scale; }
-    /// For the host.
-    void configure(CGSize points, CGFloat scale);
+    [[nodiscard]] CGFloat scale() const { return m_grid.scale; }
+    /// Where lengths in points fall on its pixels.
+    [[nodiscard]] const PixelGrid& grid() const { return m_grid; }
+    /// For the host; `scale` is greater than 0.
+    void configure(CGSize points, CGFloat scale) {
+        m_bounds = {{0, 0}, points};
+        m_grid = {scale};
+    }
 
 private:
     CGRect m_bounds{{0, 0}, {393, 852}};
-    CGFloat m_scale = 3;
+    PixelGrid m_grid{3};
 };

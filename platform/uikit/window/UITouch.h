@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/foundation/Geometry.h"
-#include "platform/runtime/NSObject.h"
+#include "platform/uikit/window/UIResponder.h"
 
-#include <memory>
+#include <utility>
 
 class UIView;
 
@@ -30,4 +30,15 @@ private:
     UITouchPhase m_phase = UITouchPhase::began;
     CGPoint m_location;
     std::weak_ptr<UIView> m_view;
+};
+
+/// One report of the touch screen: the touches that changed. Made by the host for each UIWindow::sendEvent.
+class UIEvent : public NSObject {
+public:
+    explicit UIEvent(TouchSet touches) : m_touches(std::move(touches)) {}
+
+    [[nodiscard]] const TouchSet& allTouches() const { return m_touches; }
+
+private:
+    TouchSet m_touches;
 };

@@ -1,8 +1,6 @@
 #include "platform/uikit/window/UIWindow.h"
 
 #include "platform/uikit/controllers/UIViewController.h"
-#include "platform/uikit/view/LayoutPass.h"
-#include "platform/uikit/window/UIEvent.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,11 +8,6 @@
 namespace {
 
 constexpr std::size_t mostChanges = 64;
-
-bool covers(const CGRect& outer, const CGRect& inner) {
-    return outer.minX() <= inner.minX() && outer.minY() <= inner.minY() && outer.maxX() >= inner.maxX() &&
-           outer.maxY() >= inner.maxY();
-}
 
 } // namespace
 
@@ -110,10 +103,6 @@ void UIWindow::setUserInterfaceStyle(UIUserInterfaceStyle style) {
     }
 }
 
-bool UIWindow::needsLayout() const {
-    return LayoutPass::isDue(*this);
-}
-
 // Changes to the picture.
 
 std::vector<WindowChange> UIWindow::takeChanges() {
@@ -145,11 +134,11 @@ void UIWindow::invalidate(const CGRect& rect) {
                            return change.isMove();
                        }).base();
     if (visible.isEmpty() ||
-        std::any_of(first, m_changes.end(), [&](const WindowChange& known) { return covers(known.area, visible); })) {
+        std::any_of(first, m_changes.end(), [&](const WindowChange& known) { return known.area.contains(visible); })) {
         return;
     }
     m_changes.erase(
-        std::remove_if(first, m_changes.end(), [&](const WindowChange& known) { return covers(visible, known.area); }),
+        std::remove_if(first, m_changes.end(), [&](const WindowChange& known) { return visible.contains(known.area); }),
         m_changes.end());
     note({.area = visible, .scrolled = {}, .distance = 0, .move = {}});
 }

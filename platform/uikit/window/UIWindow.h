@@ -2,10 +2,19 @@
 
 #include "platform/graphics/UIUserInterfaceStyle.h"
 #include "platform/uikit/view/UIView.h"
+#include "platform/uikit/window/ScrollMove.h"
 #include "platform/uikit/window/UITouch.h"
-#include "platform/uikit/window/WindowChange.h"
 
-class UIEvent;
+/// One thing that changed on a window since its last frame: an area to be painted again, or a scroll view whose content
+/// moved. The order of changes counts, since a later move carries earlier ones along.
+struct WindowChange {
+    CGRect area;                          // of a repaint, in the window's coordinates
+    std::weak_ptr<const UIView> scrolled; // of a move
+    CGFloat distance = 0;                 // of a move: how far the content went down, in points
+    ScrollMove move;                      // as the tree was at that moment
+
+    [[nodiscard]] bool isMove() const { return distance != 0; }
+};
 
 /// The root of a view tree: receives touches, runs layout passes and collects what must be painted again. Made and
 /// owned by the host.
@@ -14,7 +23,6 @@ public:
     explicit UIWindow(const CGRect& frame);
     ~UIWindow() override;
 
-    [[nodiscard]] std::shared_ptr<UIViewController> rootViewController() const { return m_root; }
     /// Adds the controller's view, filling the window.
     void setRootViewController(const std::shared_ptr<UIViewController>& controller);
     /// Delivers touches: a beginning touch goes to the view it hits, the later ones to that same view. The view that
@@ -28,7 +36,7 @@ public:
     void setUserInterfaceStyle(UIUserInterfaceStyle style);
 
     /// True when something was marked for layout since the last pass.
-    [[nodiscard]] bool needsLayout() const;
+    [[nodiscard]] bool needsLayout() const { return isLayoutDue(); }
     /// What happened to the picture since the last call, in order.
     [[nodiscard]] std::vector<WindowChange> takeChanges();
     /// The content of a scroll view in this window went down by `distance` points.

@@ -1,5 +1,6 @@
 #include "platform/uikit/window/ViewPainter.h"
 
+#include "platform/foundation/PixelGrid.h"
 #include "platform/graphics/Canvas.h"
 #include "platform/graphics/DrawingContext.h"
 #include "platform/uikit/view/UIView.h"
@@ -8,28 +9,6 @@
 #include <array>
 
 namespace {
-
-constexpr CGFloat invisibleAlpha = 0.01;
-
-bool isInvisible(const UIView& view) {
-    return view.isHidden() || view.alpha() <= invisibleAlpha;
-}
-
-bool castsShadow(const UIView& view) {
-    const CALayer& layer = *view.layer();
-    return layer.shadowOpacity() > 0 && layer.shadowColor() && !layer.masksToBounds() && view.backgroundColor();
-}
-
-bool intersects(const CGRect& one, const CGRect& other) {
-    return !one.intersection(other).isEmpty();
-}
-
-/// But for rounding errors.
-bool contains(const CGRect& outer, const CGRect& inner) {
-    constexpr CGFloat rounding = 1e-6;
-    return inner.minX() >= outer.minX() - rounding && inner.minY() >= outer.minY() - rounding &&
-           inner.maxX() <= outer.maxX() + rounding && inner.maxY() <= outer.maxY() + rounding;
-}
 
 CGFloat effectiveRadius(const UIView& view) {
     const CGSize size = view.bounds().size;
@@ -48,7 +27,7 @@ bool needsRoundedClip(const UIView& root, const UIView& parent) {
     const CGRect bounds = root.bounds();
     const CGFloat radius = effectiveRadius(root);
     return std::any_of(parent.subviews().begin(), parent.subviews().end(), [&](const auto& view) {
-        if (isInvisible(*view)) {
+        if (!view->isDrawn()) {
             return false;
         }
         const CGRect r = parent.convertRectToView(view->frame(), &root);
@@ -63,7 +42,7 @@ bool needsRoundedClip(const UIView& root, const UIView& parent) {
 } // namespace
 
 void ViewPainter::paint(UIView& view, const CGRect& dirty) {
-    if (isInvisible(view) || (view.clipsToBounds() && !intersects(view.frame(), dirty))) {
+    if (!view.isDrawn() || (view.clipsToBounds() && view.frame().intersection(dirty).isEmpty())) {
         return;
     }
     const CGPoint shift{view.frame().minX() - view.bounds().minX(), view.frame().minY() - view.bounds().minY()};
@@ -78,7 +57,8 @@ void ViewPainter::paint(UIView& view, const CGRect& dirty) {
 }
 
 void ViewPainter::paintSelf(UIView& view, const CGRect& dirty) {
-    const bool reached = intersects(view.drawnRect().unionWith(view.layer()->shadowRect()), dirty);
+    const CGRect reach = view.drawnRect().unionWith(view.layer()->shadowRect());
+    const bool reached = !reach.intersection(dirty).isEmpty();
     const std::optional<std::size_t> covering = lastCoveringSubview(view, dirty);
     if (reached && !covering) {
         paintShadow(view);
@@ -92,14 +72,14 @@ void ViewPainter::paintSelf(UIView& view, const CGRect& dirty) {
 }
 
 void ViewPainter::paintShadow(const UIView& view) {
-    if (!castsShadow(view)) {
+    const CALayer& layer = *view.layer();
+    if (layer.shadowRect().isEmpty()) {
         return;
     }
-    const CALayer& layer = *view.layer();
     RGBA color = layer.shadowColor()->resolved(m_style);
     color.alpha *= static_cast<CGFloat>(layer.shadowOpacity());
     m_canvas.drawShadow(CGPath::withRoundedRect(view.bounds(), effectiveRadius(view)),
-                        {.color = color, .offset = layer.shadowOffset(), .radius = layer.shadowRadius()});
+                        {.color = color, .offset = layer.shadowOffset(), .radius = 0});
 }
 
 void ViewPainter::paintBackground(const UIView& view) {
@@ -147,15 +127,16 @@ void ViewPainter::paintSubviews(UIView& view, const CGRect& dirty, std::size_t f
 
 void ViewPainter::paintBorder(const UIView& view) {
     const CALayer& layer = *view.layer();
-    if (layer.borderWidth() > 0 && layer.borderColor()) {
+    if (layer.hasBorder()) {
         m_canvas.strokeBorder(view.bounds(), effectiveRadius(view), layer.borderWidth(),
                               layer.borderColor()->resolved(m_style));
     }
 }
 
 bool ViewPainter::covers(const UIView& view, const CGRect& dirty) const {
-    const bool roundedClip = view.clipsToBounds() && view.layer()->cornerRadius() > 0;
-    if (view.isHidden() || view.alpha() < 1 || roundedClip || !contains(view.frame(), dirty)) {
+    constexpr CGFloat rounding = PixelGrid::tolerance; // in points: more than a pixel's, still too little to be seen
+    const bool isWithin = view.frame().insetBy(-rounding, -rounding).contains(dirty);
+    if (view.isHidden() || view.alpha() < 1 || view.layer()->cutsCorners() || !isWithin) {
         return false;
     }
     const bool opaque = view.backgroundColor() && view.backgroundColor()->resolved(m_style).alpha >= 1;

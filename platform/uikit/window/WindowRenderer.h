@@ -1,12 +1,14 @@
 #pragma once
 
+#include "platform/foundation/PixelGrid.h"
 #include "platform/graphics/Bitmap.h"
 #include "platform/uikit/window/DirtyRegion.h"
-#include "platform/uikit/window/WindowChange.h"
 
 #include <cstddef>
 
 class UIWindow;
+struct ScrollMove;
+struct WindowChange;
 
 /// Keeps a picture of a window up to date: moves the pixels of what was scrolled and paints what changed, nothing else.
 /// The picture is byte for byte what painting everything anew would give, as long as nothing curved stands half out of
@@ -24,7 +26,6 @@ public:
     void populate() { m_bitmap.populate(); }
 
     [[nodiscard]] const Bitmap& bitmap() const { return m_bitmap; }
-    [[nodiscard]] int scale() const { return m_scale; }
     /// For measurements: the device pixels that the last frame painted.
     [[nodiscard]] std::size_t paintedPixels() const { return m_paintedPixels; }
 
@@ -33,7 +34,7 @@ private:
     void move(const ScrollMove& plan, CGFloat distance, DirtyRegion& dirty);
     void paint(UIWindow& window, const PixelRect& rect);
 
-    int m_scale;
+    PixelGrid m_grid;
     Bitmap m_bitmap;
     bool m_paintAll = true;
     std::size_t m_paintedPixels = 0;

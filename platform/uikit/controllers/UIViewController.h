@@ -57,10 +57,7 @@ public:
     /// For the reader of storyboards: where the controller came from and how its view is made and connected.
     void setStoryboardSource(const std::shared_ptr<UIStoryboard>& storyboard,
                              std::function<std::shared_ptr<UIView>(UIViewController&)> viewLoader);
-
-protected:
-    friend class UIView;
-    /// Called by the view before and after it enters or leaves a window: the appearance calls, each once a change.
+    /// For the view, before and after it enters or leaves a window: the appearance calls, each once a change.
     void viewWillMoveToWindow(bool inWindow);
     void viewDidMoveToWindow(bool inWindow);
 

@@ -20,21 +20,37 @@ void collectControllers(const UIView& view, Controllers& controllers) {
     }
 }
 
-/// A view's way into a window, out of one, or neither: finds the controllers concerned.
-struct WindowMove {
-    WindowMove(const UIView& view, const UIWindow* before, const UIWindow* after)
-        : isMove(before != after), isIn(after != nullptr) {
-        if ((before == nullptr) != (after == nullptr)) {
-            collectControllers(view, controllers);
+/// A view's way into a window or out of one, or neither: tells the controllers of the view and of all inside it, before
+/// and after.
+class WindowMove {
+public:
+    WindowMove(UIView& view, bool wasIn, bool isIn) : m_view(view), m_wasIn(wasIn), m_isIn(isIn) {
+        if (wasIn != isIn) {
+            collectControllers(view, m_controllers);
+        }
+        for (const std::shared_ptr<UIViewController>& controller : m_controllers) {
+            controller->viewWillMoveToWindow(m_isIn);
         }
     }
 
-    bool isMove;
-    bool isIn;
-    Controllers controllers;
+    void finish() const {
+        const auto responder = std::dynamic_pointer_cast<UIView>(UIResponder::firstResponder());
+        if (m_wasIn && !m_isIn && responder && responder->isDescendantOfView(m_view)) {
+            responder->resignFirstResponder();
+        }
+        for (const std::shared_ptr<UIViewController>& controller : m_controllers) {
+            controller->viewDidMoveToWindow(m_isIn);
+        }
+    }
+
+private:
+    UIView& m_view;
+    bool m_wasIn;
+    bool m_isIn;
+    Controllers m_controllers;
 };
 
-auto find(const std::vector<std::shared_ptr<UIView>>& views, const UIView& view) {
+auto find(std::vector<std::shared_ptr<UIView>>& views, const UIView& view) {
     return std::find_if(views.begin(), views.end(), [&](const auto& candidate) { return candidate.get() == &view; });
 }
 
@@ -72,8 +88,7 @@ void UIView::insertSubviewAtIndex(const std::shared_ptr<UIView>& view, std::size
 void UIView::bringSubviewToFront(UIView& view) {
     const auto position = find(m_subviews, view);
     if (position != m_subviews.end()) {
-        std::rotate(m_subviews.begin() + (position - m_subviews.begin()),
-                    m_subviews.begin() + (position - m_subviews.begin()) + 1, m_subviews.end());
+        std::rotate(position, position + 1, m_subviews.end());
         view.setNeedsRepaint();
     }
 }
@@ -87,10 +102,7 @@ void UIView::attach(const std::shared_ptr<UIView>& view, std::size_t index) {
         bringSubviewToFront(*added);
         return;
     }
-    const WindowMove move(*added, added->window(), window());
-    for (const std::shared_ptr<UIViewController>& controller : move.controllers) {
-        controller->viewWillMoveToWindow(move.isIn);
-    }
+    const WindowMove move(*added, added->window() != nullptr, window() != nullptr);
     added->detachFromSuperview();
     const std::size_t position = std::min(index, m_subviews.size());
     m_subviews.insert(m_subviews.begin() + static_cast<std::ptrdiff_t>(position), added);
@@ -99,12 +111,7 @@ void UIView::attach(const std::shared_ptr<UIView>& view, std::size_t index) {
     added->setNeedsLayout();
     setNeedsLayout();
     added->setNeedsRepaint();
-    if (move.isMove) {
-        added->windowChanged(move.isIn);
-    }
-    for (const std::shared_ptr<UIViewController>& controller : move.controllers) {
-        controller->viewDidMoveToWindow(move.isIn);
-    }
+    move.finish();
 }
 
 void UIView::removeFromSuperview() {
@@ -112,17 +119,9 @@ void UIView::removeFromSuperview() {
         return;
     }
     const std::shared_ptr<UIView> self = strong(this);
-    const WindowMove move(*this, window(), nullptr);
-    for (const std::shared_ptr<UIViewController>& controller : move.controllers) {
-        controller->viewWillMoveToWindow(false);
-    }
+    const WindowMove move(*this, window() != nullptr, false);
     detachFromSuperview();
-    if (move.isMove) {
-        windowChanged(false);
-    }
-    for (const std::shared_ptr<UIViewController>& controller : move.controllers) {
-        controller->viewDidMoveToWindow(false);
-    }
+    move.finish();
 }
 
 void UIView::detachFromSuperview() {
@@ -156,18 +155,6 @@ void UIView::dropConstraintsInto(const UIView& subtree) {
                                              return true;
                                          }),
                           constraints.end());
-    }
-}
-
-void UIView::windowChanged(bool inWindow) {
-    if (!inWindow && isFirstResponder()) {
-        resignFirstResponder();
-    }
-    const std::vector<std::shared_ptr<UIView>> subviews = m_subviews; // what is told may change the list
-    for (const std::shared_ptr<UIView>& subview : subviews) {
-        if (subview->m_superview == this) {
-            subview->windowChanged(inWindow);
-        }
     }
 }
 

@@ -200,7 +200,6 @@ private:
     void attach(const std::shared_ptr<UIView>& view, std::size_t index);
     void detachFromSuperview();
     void dropConstraintsInto(const UIView& subtree);
-    void windowChanged(bool inWindow);
     [[nodiscard]] UIView& topView() const;
 
     // Geometry and look.

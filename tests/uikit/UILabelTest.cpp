@@ -6,6 +6,8 @@ namespace {
 
 class UILabelTest : public support::OnScreen {
 protected:
+    [[nodiscard]] CGFloat heightAt(CGFloat width) const { return label->intrinsicContentSizeForWidth(width).height; }
+
     std::shared_ptr<UILabel> label = std::make_shared<UILabel>();
 };
 
@@ -17,6 +19,8 @@ TEST_F(UILabelTest, ItsSizeIsThatOfItsTextOnWholePixels) {
     EXPECT_GE(size.width, label->textLayout(std::nullopt)->size().width);
     EXPECT_EQ(size.width * 2, static_cast<int>(size.width * 2));
     EXPECT_NEAR(size.height, label->font()->lineHeight(), 0.5);
+    EXPECT_EQ(*label->firstBaseline({size.width, size.height + 20}), *label->firstBaseline(size) + 10)
+        << "the text stands in the middle of a taller label";
     label->setFont(UIFont::systemFontOfSize(34));
     EXPECT_GT(label->intrinsicContentSize().width, 1.5 * size.width);
 }
@@ -24,12 +28,15 @@ TEST_F(UILabelTest, ItsSizeIsThatOfItsTextOnWholePixels) {
 TEST_F(UILabelTest, OneLineStaysOneAndSeveralWrapUpToTheirLimit) {
     label->setText("one two three four five six seven eight nine ten");
     const CGFloat line = label->intrinsicContentSize().height;
-    EXPECT_EQ(label->intrinsicContentSizeForWidth(60).height, line);
+    EXPECT_EQ(heightAt(60), line);
     label->setNumberOfLines(0);
-    EXPECT_GT(label->intrinsicContentSizeForWidth(60).height, 3 * line);
+    EXPECT_GT(heightAt(60), 3 * line);
     EXPECT_LE(label->intrinsicContentSizeForWidth(60).width, 60);
+    const auto fitting = label->textLayoutFitting({60, 2.2 * line});
+    EXPECT_EQ(fitting->lineCount(), 2) << "what is drawn fits the height";
+    EXPECT_TRUE(fitting->isTruncated());
     label->setNumberOfLines(2);
-    EXPECT_NEAR(label->intrinsicContentSizeForWidth(60).height, 2 * line, 1);
+    EXPECT_NEAR(heightAt(60), 2 * line, 1);
 }
 
 TEST_F(UILabelTest, LineSpacingComesWithAttributedTextAndGoesWithPlainText) {
@@ -44,13 +51,6 @@ TEST_F(UILabelTest, LineSpacingComesWithAttributedTextAndGoesWithPlainText) {
     label->setText("one\ntwo");
     EXPECT_FALSE(label->attributedText());
     EXPECT_EQ(label->intrinsicContentSize().height, plain);
-}
-
-TEST_F(UILabelTest, TextStandsInTheMiddleOfATallerLabel) {
-    label->setText("Truths");
-    const CGSize size = label->intrinsicContentSize();
-    const CGFloat baseline = *label->firstBaseline(size);
-    EXPECT_EQ(*label->firstBaseline({size.width, size.height + 20}), baseline + 10);
 }
 
 } // namespace

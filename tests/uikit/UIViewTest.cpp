@@ -9,7 +9,7 @@ protected:
     [[nodiscard]] std::shared_ptr<UIView> hitAt(CGFloat x, CGFloat y) const {
         return window->hitTestWithEvent({x, y}, nullptr);
     }
-    CGRect damage() const {
+    [[nodiscard]] CGRect damage() const {
         CGRect all;
         for (const WindowChange& change : window->takeChanges()) {
             all = all.unionWith(change.area);
@@ -18,7 +18,7 @@ protected:
     }
 };
 
-TEST_F(UIViewTest, APointHitsTheTopmostViewUnderIt) {
+TEST_F(UIViewTest, APointHitsTheTopmostViewThatCanBeTouched) {
     const auto below = add(CGRectMake(10, 10, 100, 100));
     const auto above = add(CGRectMake(50, 50, 100, 100));
     const auto inside = add(CGRectMake(10, 10, 20, 20), above);
@@ -28,24 +28,16 @@ TEST_F(UIViewTest, APointHitsTheTopmostViewUnderIt) {
     EXPECT_EQ(hitAt(300, 300), window);
     window->bringSubviewToFront(*below);
     EXPECT_EQ(hitAt(60, 60), below);
-}
-
-TEST_F(UIViewTest, ViewsThatCannotBeTouchedAreNotHit) {
-    const auto below = add(CGRectMake(0, 0, 100, 100));
-    const auto above = add(CGRectMake(0, 0, 100, 100));
-    const auto inside = add(CGRectMake(0, 0, 50, 50), above);
-    above->setHidden(true);
-    EXPECT_EQ(hitAt(10, 10), below);
-    above->setHidden(false);
-    above->setAlpha(0.01);
-    EXPECT_EQ(hitAt(10, 10), below);
-    above->setAlpha(0.02);
-    EXPECT_EQ(hitAt(10, 10), inside);
+    below->setHidden(true);
+    EXPECT_EQ(hitAt(60, 60), inside);
     inside->setUserInteractionEnabled(false);
-    EXPECT_EQ(hitAt(10, 10), above);
+    EXPECT_EQ(hitAt(60, 60), above);
+    above->setAlpha(0.01);
+    EXPECT_EQ(hitAt(60, 60), window);
+    above->setAlpha(0.02);
     inside->setUserInteractionEnabled(true);
-    inside->setFrame(CGRectMake(150, 0, 50, 50)); // drawn outside of its superview, but not reachable there
-    EXPECT_EQ(hitAt(160, 10), window);
+    inside->setFrame(CGRectMake(150, 0, 50, 50));
+    EXPECT_EQ(hitAt(210, 60), window) << "drawn outside of its superview, but not reachable there";
 }
 
 TEST_F(UIViewTest, ScrolledContentIsHitWhereItIsSeen) {
@@ -89,27 +81,37 @@ TEST_F(UIViewTest, AutoresizingSpreadsTheChangeOverTheFlexibleParts) {
 TEST_F(UIViewTest, AChangeDamagesWhatWasAndWhatIs) {
     const auto view = add(CGRectMake(10, 10, 20, 20));
     const auto child = add(CGRectMake(10, 10, 20, 20), view);
-    damage();
+    static_cast<void>(damage());
     view->setFrame(CGRectMake(50, 10, 20, 20));
     EXPECT_EQ(damage(), CGRectMake(10, 10, 70, 30));
     view->setFrame(CGRectMake(50, 10, 20, 20));
     EXPECT_TRUE(damage().isEmpty());
+    child->setAlpha(0);
+    EXPECT_EQ(damage(), CGRectMake(60, 20, 20, 20));
+    child->setBackgroundColor(UIColor::blackColor());
+    EXPECT_TRUE(damage().isEmpty()) << "nobody sees it";
+    child->setAlpha(1);
     view->setClipsToBounds(true);
-    damage();
+    static_cast<void>(damage());
     child->setNeedsDisplay();
     EXPECT_EQ(damage(), CGRectMake(60, 20, 10, 10)) << "clipped where views clip";
     view->setHidden(true);
     EXPECT_EQ(damage(), CGRectMake(50, 10, 20, 20));
     view->setBackgroundColor(UIColor::blackColor());
     EXPECT_TRUE(damage().isEmpty());
-    const auto shadowed = add(CGRectMake(10, 10, 20, 20));
-    shadowed->layer()->setShadowColor(UIColor::blackColor());
-    shadowed->setBackgroundColor(UIColor::whiteColor());
-    shadowed->layer()->setShadowOffset({0, 3});
-    shadowed->layer()->setShadowOpacity(0.3F);
-    damage();
-    shadowed->layer()->setShadowOpacity(0);
+}
+
+TEST_F(UIViewTest, AShadowIsDamagedWithWhatCastsIt) {
+    const auto view = add(CGRectMake(10, 10, 20, 20));
+    view->layer()->setShadowOffset({0, 3});
+    view->layer()->setShadowOpacity(0.3F);
+    static_cast<void>(damage());
+    view->setBackgroundColor(UIColor::whiteColor());
+    EXPECT_EQ(damage(), CGRectMake(10, 10, 20, 23)) << "a view without a background casts none";
+    view->setClipsToBounds(true);
     EXPECT_EQ(damage(), CGRectMake(10, 10, 20, 23));
+    view->layer()->setShadowOpacity(0);
+    EXPECT_EQ(damage(), CGRectMake(10, 10, 20, 20)) << "nor does one that clips";
 }
 
 using UIViewDeathTest = UIViewTest;
@@ -117,6 +119,10 @@ using UIViewDeathTest = UIViewTest;
 TEST_F(UIViewDeathTest, AViewIsNeverInsideItself) {
     const auto child = add(CGRect{});
     EXPECT_DEATH(child->addSubview(window), "cannot be added to itself");
+}
+
+TEST_F(UIViewDeathTest, AShadowIsNeverBlurred) {
+    EXPECT_DEATH(window->layer()->setShadowRadius(3), "its radius cannot be 3");
 }
 
 } // namespace

@@ -35,6 +35,15 @@ inline void tieEdges(const std::shared_ptr<UIView>& view, const std::shared_ptr<
     tie(view, {LayoutAttribute::right, LayoutAttribute::bottom}, outer, -inset, guide);
 }
 
+/// Gives a width or height of its own.
+inline std::shared_ptr<NSLayoutConstraint> fix(const std::shared_ptr<UIView>& view, LayoutAttribute length,
+                                               double points) {
+    auto constraint = std::make_shared<NSLayoutConstraint>(LayoutEnd{view, LayoutGuide::view, length},
+                                                           LayoutRelation::equal, LayoutEnd{}, 1, points);
+    constraint->setActive(true);
+    return constraint;
+}
+
 /// A window of 320 by 480 points on a screen of two pixels a point, with nothing in it.
 struct EmptyWindow {
     explicit EmptyWindow(CGSize size = {320, 480}, CGFloat scale = 2) {

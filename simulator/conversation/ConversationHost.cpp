@@ -11,15 +11,15 @@ using Style = MSMessagesAppPresentationStyle;
 
 namespace {
 
-const char* nameOf(Style style) {
-    return style == Style::compact ? "compact" : "expanded";
-}
-
 std::chrono::milliseconds nowInMilliseconds() {
     return std::chrono::duration_cast<std::chrono::milliseconds>(MainRunLoop::shared().now());
 }
 
 } // namespace
+
+const char* nameOf(Style style) {
+    return style == Style::compact ? "compact" : "expanded";
+}
 
 /// What the extension opens links through: every link is taken, by writing it down.
 class ConversationHost::Context : public NSExtensionContext {

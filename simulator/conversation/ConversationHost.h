@@ -5,10 +5,6 @@
 #include "platform/uikit/window/UIWindow.h"
 #include "simulator/conversation/Device.h"
 
-#include <chrono>
-#include <functional>
-#include <memory>
-#include <string>
 #include <vector>
 
 /// Something that happened in the conversation, told in words.
@@ -18,10 +14,13 @@ struct Event {
     std::string text;
 };
 
+/// "compact" or "expanded".
+[[nodiscard]] const char* nameOf(MSMessagesAppPresentationStyle style);
+
 /// Plays the Messages app around one extension: makes its principal controller from the main bundle's storyboard,
 /// shows it in a window, drives its callbacks, answers what it asks for and writes down what happens. People are called
 /// "me", "A", "B" …; made by std::make_shared, closed before the run loop is reset.
-class ConversationHost : public MSMessagesAppHost, public std::enable_shared_from_this<ConversationHost> {
+class ConversationHost : public MessagesAppHost, public std::enable_shared_from_this<ConversationHost> {
 public:
     struct StyleRequest {
         std::chrono::milliseconds time{0};

@@ -38,7 +38,7 @@ public:
     std::string calls;
 };
 
-class Host : public MSMessagesAppHost {
+class Host : public MessagesAppHost {
 public:
     void presentationStyleRequested(MSMessagesAppViewController&, MSMessagesAppPresentationStyle style) override {
         EXPECT_EQ(style, MSMessagesAppPresentationStyle::expanded);

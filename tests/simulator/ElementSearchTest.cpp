@@ -11,25 +11,20 @@ namespace {
 class ElementSearchTest : public testing::Test {
 protected:
     ElementSearchTest() { registerUIKitClasses(); } // for the names in messages
-    std::shared_ptr<UIView> addView(const CGRect& frame) {
-        const auto view = std::make_shared<UIView>(frame);
+    template <class View = UIView>
+    std::shared_ptr<View> addView(const CGRect& frame, const std::shared_ptr<UIColor>& color = nullptr) {
+        const auto view = std::make_shared<View>(frame);
+        view->setBackgroundColor(color);
         window->addSubview(view);
         return view;
     }
-    std::shared_ptr<UIView> addCover(const CGRect& frame) {
-        const auto view = addView(frame);
-        view->setBackgroundColor(UIColor::whiteColor());
-        return view;
-    }
-    std::shared_ptr<UILabel> addLabel(const std::string& text, const CGRect& frame,
-                                      const std::shared_ptr<UIView>& parent) {
-        const auto label = std::make_shared<UILabel>(frame);
+    std::shared_ptr<UILabel> addLabel(const std::string& text, const CGRect& frame) {
+        const auto label = addView<UILabel>(frame);
         label->setText(text);
-        parent->addSubview(label);
         return label;
     }
     std::shared_ptr<UILabel> addLabel(const std::string& text, CGFloat y = 10) {
-        return addLabel(text, CGRectMake(10, y, 100, 20), window);
+        return addLabel(text, CGRectMake(10, y, 100, 20));
     }
     std::optional<ScreenElement> find(const std::string& text, std::optional<int> index = std::nullopt) {
         return ElementSearch(*window).find({text, std::nullopt, index});
@@ -57,7 +52,7 @@ TEST_F(ElementSearchTest, MatchesAPatternWholeWithoutRegardToCase) {
 
 TEST_F(ElementSearchTest, CountsMatchesFromTopToBottomThenFromLeftToRight) {
     const auto low = addLabel("Play", 100);
-    const auto right = addLabel("Play", CGRectMake(120, 10, 50, 20), window);
+    const auto right = addLabel("Play", CGRectMake(120, 10, 50, 20));
     const auto left = addLabel("Play", 10);
     EXPECT_EQ(find("Play")->view(), left);
     EXPECT_EQ(find("Play", 1)->view(), right);
@@ -89,59 +84,49 @@ TEST_F(ElementSearchTest, LeavesOutWhatIsHiddenTransparentOrOutside) {
     EXPECT_TRUE(finds("Play"));
 }
 
-TEST_F(ElementSearchTest, LeavesOutWhatAnAncestorHidesOrClips) {
+TEST_F(ElementSearchTest, LeavesOutWhatAnAncestorHidesOrClipsAndWhatAViewInFrontPaintsOver) {
     const auto box = addView(CGRectMake(0, 0, 100, 50));
-    addLabel("Play", CGRectMake(0, 60, 100, 20), box);
+    box->addSubview(addLabel("Play", CGRectMake(0, 60, 100, 20)));
     EXPECT_TRUE(finds("Play")) << "a view that does not clip shows what stands out of it";
     box->setClipsToBounds(true);
     EXPECT_FALSE(finds("Play"));
     box->setClipsToBounds(false);
     box->setAlpha(0);
     EXPECT_FALSE(finds("Play"));
-}
-
-TEST_F(ElementSearchTest, LeavesOutWhatAViewInFrontPaintsOver) {
-    const auto label = addLabel("Play");
-    const auto cover = addCover(CGRectMake(0, 0, 200, 200));
+    box->setAlpha(1);
+    const auto cover = addView(CGRectMake(0, 0, 200, 200), UIColor::whiteColor());
     EXPECT_FALSE(finds("Play"));
     cover->setBackgroundColor(UIColor::clearColor());
     EXPECT_TRUE(finds("Play"));
     cover->setBackgroundColor(UIColor::whiteColor());
-    window->bringSubviewToFront(*label);
+    window->bringSubviewToFront(*box);
     EXPECT_TRUE(finds("Play"));
 }
 
-TEST_F(ElementSearchTest, TouchesBesideWhatCoversTheMiddle) {
+TEST_F(ElementSearchTest, TouchesBesideWhatCoversTheMiddleAndThroughTheButtonThatSpansAText) {
     const auto box = addView(CGRectMake(0, 0, 200, 50));
-    addLabel("Play", CGRectMake(0, 0, 100, 20), box);
-    addCover(CGRectMake(40, 0, 25, 50));
+    box->addSubview(addLabel("Play", CGRectMake(0, 0, 100, 20)));
+    addView(CGRectMake(40, 0, 25, 50), UIColor::whiteColor());
     const std::optional<CGPoint> point = find("Play")->pointToTouch();
     ASSERT_TRUE(point);
     EXPECT_TRUE(point->x < 40 || point->x >= 65) << point->x;
     EXPECT_EQ(window->hitTestWithEvent(*point, nullptr), box);
-}
-
-TEST_F(ElementSearchTest, TouchesThroughTheButtonThatSpansAText) {
-    addLabel("Play");
-    const auto button = std::make_shared<UIButton>(CGRectMake(0, 0, 200, 50));
-    window->addSubview(button);
+    addView<UIButton>(CGRectMake(0, 0, 200, 50));
     EXPECT_TRUE(find("Play")->pointToTouch());
 }
 
 TEST_F(ElementSearchTest, SaysWhatWouldTakeTheTouchInstead) {
-    addLabel("Play", CGRectMake(0, 0, 100, 20), addView(CGRectMake(0, 0, 200, 50)));
-    const auto glass = addView(CGRectMake(0, 0, 200, 200));
-    glass->setAccessibilityIdentifier("glass");
+    addView(CGRectMake(0, 0, 200, 50))->addSubview(addLabel("Play", CGRectMake(0, 0, 100, 20)));
+    addView(CGRectMake(0, 0, 200, 200))->setAccessibilityIdentifier("glass");
     EXPECT_FALSE(find("Play")->pointToTouch());
     EXPECT_EQ(find("Play")->receiver(), "a UIView with id 'glass'");
 }
 
 TEST_F(ElementSearchTest, GivesUpOnPatternsThatWouldTakeTheStackOrForever) {
     addLabel(std::string(100'000, 'a'));
-    const std::string parentheses(5000, '(');
     for (const std::string& pattern :
          {std::string("(a|b)*c"), std::string("((.*)*)*x"), std::string("((a{1000}){1000}){1000}"),
-          parentheses + 'a' + std::string(5000, ')'), std::string(50'000, '.'), std::string("\xff.*")}) {
+          std::string(5000, '(') + 'a' + std::string(5000, ')'), std::string(50'000, '.'), std::string("\xff.*")}) {
         EXPECT_FALSE(finds(pattern)) << pattern.substr(0, 30);
     }
     EXPECT_TRUE(finds("a.*a"));

@@ -1,5 +1,7 @@
 #include "simulator/conversation/ElementSearch.h"
 
+#include "platform/foundation/Nearest.h"
+
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <pcre2.h>
 
@@ -8,14 +10,6 @@
 #include <functional>
 
 namespace {
-
-template <auto release>
-struct Release {
-    template <class Thing>
-    void operator()(Thing* thing) const {
-        release(thing);
-    }
-};
 
 PCRE2_SPTR units(const std::string& text) {
     return reinterpret_cast<PCRE2_SPTR>(text.data());
@@ -30,30 +24,28 @@ public:
         constexpr std::uint32_t greatestEffort = 100'000; // steps back; a reasonable pattern needs a few hundred
         constexpr std::uint32_t options = PCRE2_ANCHORED | PCRE2_ENDANCHORED | PCRE2_CASELESS | PCRE2_DOTALL |
                                           PCRE2_UTF | PCRE2_MATCH_INVALID_UTF | PCRE2_NEVER_BACKSLASH_C;
-        const CompileContext context(pcre2_compile_context_create(nullptr));
+        const std::shared_ptr<pcre2_compile_context> context(pcre2_compile_context_create(nullptr),
+                                                             pcre2_compile_context_free);
         pcre2_set_max_pattern_length(context.get(), longest);
+        pcre2_set_match_limit(m_context.get(), greatestEffort);
         int error = 0;
         PCRE2_SIZE place = 0;
-        m_code.reset(pcre2_compile(units(pattern), pattern.size(), options, &error, &place, context.get()));
-        pcre2_set_match_limit(m_context.get(), greatestEffort);
+        m_code.reset(pcre2_compile(units(pattern), pattern.size(), options, &error, &place, context.get()),
+                     pcre2_code_free);
     }
 
     [[nodiscard]] bool matches(const std::string& text) const {
         if (!m_code) {
             return false;
         }
-        const MatchData data(pcre2_match_data_create_from_pattern(m_code.get(), nullptr));
+        const std::shared_ptr<pcre2_match_data> data(pcre2_match_data_create_from_pattern(m_code.get(), nullptr),
+                                                     pcre2_match_data_free);
         return pcre2_match(m_code.get(), units(text), text.size(), 0, 0, data.get(), m_context.get()) > 0;
     }
 
 private:
-    using Code = std::unique_ptr<pcre2_code, Release<&pcre2_code_free>>;
-    using CompileContext = std::unique_ptr<pcre2_compile_context, Release<&pcre2_compile_context_free>>;
-    using MatchContext = std::unique_ptr<pcre2_match_context, Release<&pcre2_match_context_free>>;
-    using MatchData = std::unique_ptr<pcre2_match_data, Release<&pcre2_match_data_free>>;
-
-    Code m_code; // null when the pattern is no regular expression
-    MatchContext m_context{pcre2_match_context_create(nullptr)};
+    std::shared_ptr<pcre2_code> m_code; // null when the pattern is no regular expression
+    std::shared_ptr<pcre2_match_context> m_context{pcre2_match_context_create(nullptr), pcre2_match_context_free};
 };
 
 void collect(UIWindow& window, const std::shared_ptr<UIView>& view, std::vector<ScreenElement>& elements) {
@@ -89,9 +81,7 @@ std::vector<ScreenElement> matching(const std::vector<ScreenElement>& elements, 
         return [&wanted](const std::string& text) { return text == wanted; };
     };
     const auto asPattern = [](const std::optional<std::string>& wanted) {
-        return [pattern = std::make_shared<TextPattern>(wanted.value_or(""))](const std::string& text) {
-            return pattern->matches(text);
-        };
+        return [pattern = TextPattern(wanted.value_or(""))](const std::string& text) { return pattern.matches(text); };
     };
     const auto found = matching(elements, selector, literally(selector.text), literally(selector.id));
     return found.empty() ? matching(elements, selector, asPattern(selector.text), asPattern(selector.id)) : found;
@@ -132,20 +122,14 @@ bool ElementSearch::exists(const Selector& selector) const {
     return !matching(elements(), selector).empty();
 }
 
-std::vector<std::string> ElementSearch::visibleTexts() const {
-    std::vector<std::string> texts;
+std::string ElementSearch::suggestionFor(const Selector& selector) const {
+    std::vector<std::string> known;
     for (const ScreenElement& element : select(elements(), &ScreenElement::isVisible)) {
-        texts.insert(texts.end(), element.texts().begin(), element.texts().end());
-    }
-    return texts;
-}
-
-std::vector<std::string> ElementSearch::visibleIdentifiers() const {
-    std::vector<std::string> identifiers;
-    for (const ScreenElement& element : select(elements(), &ScreenElement::isVisible)) {
-        if (!element.identifier().empty()) {
-            identifiers.push_back(element.identifier());
+        if (!selector.text) {
+            known.push_back(element.identifier());
+        } else {
+            known.insert(known.end(), element.texts().begin(), element.texts().end());
         }
     }
-    return identifiers;
+    return suggestion(selector.text ? *selector.text : selector.id.value_or(""), known);
 }

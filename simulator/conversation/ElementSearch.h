@@ -2,10 +2,6 @@
 
 #include "simulator/conversation/ScreenElement.h"
 
-#include <optional>
-#include <string>
-#include <vector>
-
 /// Which element of the screen is meant. Text and id match literally or else as a whole regular expression, letter case
 /// aside; all that are given must hold.
 struct Selector {
@@ -26,8 +22,8 @@ public:
     [[nodiscard]] std::optional<ScreenElement> find(const Selector& selector) const;
     /// Whether an element is meant that is there, visible or not.
     [[nodiscard]] bool exists(const Selector& selector) const;
-    [[nodiscard]] std::vector<std::string> visibleTexts() const;
-    [[nodiscard]] std::vector<std::string> visibleIdentifiers() const;
+    /// "; did you mean NAME?", of the visible texts or identifiers; or nothing.
+    [[nodiscard]] std::string suggestionFor(const Selector& selector) const;
 
 private:
     [[nodiscard]] std::vector<ScreenElement> elements() const;

@@ -3,7 +3,6 @@
 #include "platform/uikit/window/UITouch.h"
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 

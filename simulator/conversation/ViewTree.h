@@ -2,9 +2,6 @@
 
 #include "platform/uikit/view/UIView.h"
 
-#include <string>
-#include <vector>
-
 /// `stable` leaves out what changes when an interface file is merely edited elsewhere: the places views came from.
 enum class TreeDetail { stable, withSources };
 

@@ -3,11 +3,7 @@
 #include "platform/foundation/Result.h"
 #include "simulator/conversation/BundleSetup.h"
 
-#include <filesystem>
 #include <functional>
-#include <optional>
-#include <string>
-#include <vector>
 
 class FlowPlayer;
 

@@ -3,8 +3,6 @@
 #include "simulator/flows/Flow.h"
 #include "simulator/flows/FlowValue.h"
 
-#include <vector>
-
 /// A command's name and how its value is read. Reading adds problems; what it returns is then never run.
 struct FlowCommand {
     const char* name;

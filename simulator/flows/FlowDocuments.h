@@ -2,9 +2,6 @@
 
 #include "platform/foundation/Finding.h"
 
-#include <string>
-#include <vector>
-
 struct FlowEntry;
 
 /// One value of a flow file as it was written, and where.

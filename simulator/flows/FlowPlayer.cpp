@@ -1,7 +1,6 @@
 #include "simulator/flows/FlowPlayer.h"
 
 #include "platform/foundation/DebugConsole.h"
-#include "platform/foundation/Nearest.h"
 #include "platform/uikit/view/LayoutReports.h"
 
 namespace {
@@ -80,9 +79,7 @@ Failure FlowPlayer::missing(const Selector& selector) {
     if (search.exists(selector)) {
         return {selector.describe() + " is there but cannot be seen: hidden, covered or scrolled away"};
     }
-    const std::string hint = selector.text ? suggestion(*selector.text, search.visibleTexts())
-                                           : suggestion(*selector.id, search.visibleIdentifiers());
-    return {"no " + selector.describe() + " on the screen" + hint};
+    return {"no " + selector.describe() + " on the screen" + search.suggestionFor(selector)};
 }
 
 Failure FlowPlayer::notOpened() {

@@ -7,12 +7,6 @@
 #include "simulator/flows/Flow.h"
 #include "simulator/pictures/PictureComparison.h"
 
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
-
 /// What came of playing one flow.
 struct FlowResult {
     std::string file;

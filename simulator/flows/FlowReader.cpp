@@ -20,16 +20,13 @@ void readOverride(const FlowValue& value, Flow& flow) {
 }
 
 void readSettings(const FlowValue& settings, Flow& flow) {
+    const std::vector<std::string> none;
     settings.allowOnly({"appId", "name", "tags", "device", "scene", "participants", "withoutResource", "resource"});
-    if (const auto appId = settings.find("appId")) {
-        static_cast<void>(appId->name()); // there is one extension; the key is for readers and other tools
-    }
-    if (const auto tags = settings.find("tags")) {
-        static_cast<void>(tags->texts());
-    }
-    if (const auto name = settings.find("name")) {
-        flow.name = name->name();
-    }
+    // There is one extension, and all named flows are played: these two are for readers and other tools.
+    static_cast<void>(settings.find("appId", &FlowValue::name));
+    static_cast<void>(settings.find("tags", &FlowValue::texts));
+    flow.name = settings.find("name", &FlowValue::name).value_or(flow.name);
+    flow.participants = settings.find("participants", &FlowValue::texts).value_or(flow.participants);
     if (const auto device = settings.find("device")) {
         flow.device = device->name();
         if (const Result<Device> known = deviceNamed(flow.device); !known && !flow.device.empty()) {
@@ -39,13 +36,8 @@ void readSettings(const FlowValue& settings, Flow& flow) {
     if (const auto scene = settings.find("scene")) {
         flow.scene = scene->word({"canvas"});
     }
-    if (const auto participants = settings.find("participants")) {
-        flow.participants = participants->texts();
-    }
-    if (const auto missing = settings.find("withoutResource")) {
-        for (const std::string& name : missing->texts()) {
-            flow.overrides.push_back({name, std::nullopt});
-        }
+    for (const std::string& name : settings.find("withoutResource", &FlowValue::texts).value_or(none)) {
+        flow.overrides.push_back({name, std::nullopt});
     }
     if (const auto replaced = settings.find("resource")) {
         for (const FlowValue& value : replaced->isList() ? replaced->list() : std::vector{*replaced}) {

@@ -2,10 +2,6 @@
 
 #include "simulator/flows/Flow.h"
 
-#include <optional>
-#include <string>
-#include <vector>
-
 /// Reads a flow: an optional map of settings, then `---`, then the list of commands. Absent when something is wrong;
 /// the findings then name `file` and tell everything at once.
 [[nodiscard]] std::optional<Flow> readFlow(const std::string& text, const std::string& file, Findings& findings);

@@ -6,18 +6,22 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
-/// One coordinate, with or without a per cent sign; absent when it is no finite number.
-std::optional<double> coordinate(std::string text, bool relative) {
-    if (relative && !text.empty() && text.back() == '%') {
-        text.pop_back();
-    }
+/// Reads a coordinate and goes on to what follows it; not a finite number when there is none.
+double takeCoordinate(const char*& text) {
     char* end = nullptr;
-    const double number = std::strtod(text.c_str(), &end);
-    const bool whole = !text.empty() && *end == '\0' && std::isfinite(number);
-    return whole ? std::optional(number) : std::nullopt;
+    const double number = std::strtod(text, &end);
+    const bool isNumber = std::exchange(text, end) != end;
+    return isNumber ? number : NAN;
+}
+
+bool takeCharacter(const char*& text, char character) {
+    const bool isThere = *text == character;
+    text += isThere ? 1 : 0;
+    return isThere;
 }
 
 } // namespace
@@ -86,16 +90,7 @@ std::vector<std::string> FlowValue::texts() const {
 }
 
 Selector FlowValue::selectorAmongKeys() const {
-    Selector selector;
-    if (const auto text = find("text")) {
-        selector.text = text->name();
-    }
-    if (const auto id = find("id")) {
-        selector.id = id->name();
-    }
-    if (const auto index = find("index")) {
-        selector.index = index->count();
-    }
+    Selector selector{find("text", &FlowValue::name), find("id", &FlowValue::name), find("index", &FlowValue::count)};
     if (!selector.text && !selector.id) {
         complain("'text' or 'id' must say which element is meant");
     }
@@ -111,20 +106,17 @@ Selector FlowValue::selector() const {
 }
 
 FlowPoint FlowValue::point() const {
-    const std::string point = text();
-    const std::size_t comma = point.find(',');
-    const bool relative = !point.empty() && point.back() == '%';
-    if (comma != std::string::npos && relative == (comma > 0 && point[comma - 1] == '%')) {
-        const std::optional<double> x = coordinate(point.substr(0, comma), relative);
-        const std::optional<double> y = coordinate(point.substr(comma + 1), relative);
-        if (x && y) {
-            return {*x, *y, relative};
-        }
-    }
-    if (isText()) {
+    const std::string written = text();
+    const char* rest = written.c_str();
+    const double x = takeCoordinate(rest);
+    const bool relative = takeCharacter(rest, '%');
+    const bool hasComma = takeCharacter(rest, ',');
+    const double y = takeCoordinate(rest);
+    const bool isWhole = takeCharacter(rest, '%') == relative && *rest == '\0';
+    if (isText() && !(hasComma && isWhole && std::isfinite(x) && std::isfinite(y))) {
         complain("a point is written \"120,40\" or \"50%,80%\"");
     }
-    return {};
+    return {x, y, relative};
 }
 
 std::optional<FlowValue> FlowValue::find(std::string_view key) const {

@@ -5,10 +5,7 @@
 #include "simulator/flows/FlowDocuments.h"
 
 #include <initializer_list>
-#include <optional>
-#include <string>
 #include <string_view>
-#include <vector>
 
 /// A place in the extension's window, in points or as a share of its size.
 struct FlowPoint {
@@ -51,6 +48,12 @@ public:
 
     /// For maps: the value under a key; absent when the key is.
     [[nodiscard]] std::optional<FlowValue> find(std::string_view key) const;
+    /// The value under a key as `type`, such as &FlowValue::name, reads it; absent when the key is.
+    template <class Value>
+    [[nodiscard]] std::optional<Value> find(std::string_view key, Value (FlowValue::*type)() const) const {
+        const std::optional<FlowValue> value = find(key);
+        return value ? std::optional((*value.*type)()) : std::nullopt;
+    }
     [[nodiscard]] std::string requiredText(std::string_view key) const;
     /// Reports keys other than these, and a value that is no map.
     void allowOnly(std::initializer_list<const char*> keys) const;

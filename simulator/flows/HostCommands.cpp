@@ -7,13 +7,12 @@ namespace {
 using Style = MSMessagesAppPresentationStyle;
 
 int readLoadingTime(const FlowValue& value) {
-    const auto time = value.find("loadingTakes");
-    return time ? time->count() : 0;
+    return value.find("loadingTakes", &FlowValue::count).value_or(0);
 }
 
 struct Bubble {
     std::string from = "A";
-    std::optional<std::string> url;
+    std::optional<NSURL> url;
 };
 
 Bubble readBubbleKeys(const FlowValue& value) {
@@ -21,18 +20,14 @@ Bubble readBubbleKeys(const FlowValue& value) {
     if (value.isMap()) {
         bubble.from = value.requiredText("from");
         if (const auto url = value.find("url")) {
-            bubble.url = url->name();
-            if (!NSURL::URLWithString(*bubble.url)) {
-                url->complain("'" + *bubble.url + "' is not a link");
+            const std::string text = url->name();
+            bubble.url = NSURL::URLWithString(text);
+            if (!bubble.url) {
+                url->complain("'" + text + "' is not a link");
             }
         }
     }
     return bubble;
-}
-
-std::shared_ptr<MSMessage> makeMessage(FlowPlayer& player, const Bubble& bubble) {
-    const std::optional<NSURL> url = bubble.url ? NSURL::URLWithString(*bubble.url) : std::nullopt;
-    return player.host().makeMessage(bubble.from, url);
 }
 
 /// A command that the host can give only to an extension that is there.
@@ -42,7 +37,7 @@ FlowAction whenOpen(Act act) {
         if (!player.host().isOpen()) {
             return FlowPlayer::notOpened();
         }
-        act(player);
+        act(player.host());
         return std::nullopt;
     };
 }
@@ -51,7 +46,7 @@ FlowAction whenOpen(Act act) {
 template <void (ConversationHost::*act)()>
 FlowAction readCall(const FlowValue& value) {
     value.expectNothing();
-    return whenOpen([](FlowPlayer& player) { (player.host().*act)(); });
+    return whenOpen([](ConversationHost& host) { (host.*act)(); });
 }
 
 FlowAction advance(int milliseconds) {
@@ -65,7 +60,7 @@ FlowAction activate(const std::optional<Bubble>& bubble, int loadingTime) {
     return [bubble, loadingTime](FlowPlayer& player) -> std::optional<Failure> {
         // A flow can act while the content is still being read.
         MainRunLoop::shared().setBackgroundLatency(std::chrono::milliseconds(loadingTime));
-        player.host().activate(bubble ? makeMessage(player, *bubble) : nullptr);
+        player.host().activate(bubble ? player.host().makeMessage(bubble->from, bubble->url) : nullptr);
         return std::nullopt;
     };
 }
@@ -82,13 +77,14 @@ FlowAction readOpenBubble(const FlowValue& value) {
 
 FlowAction readReceiveMessage(const FlowValue& value) {
     value.allowOnly({"from", "url"});
-    return whenOpen(
-        [bubble = readBubbleKeys(value)](FlowPlayer& player) { player.host().receive(makeMessage(player, bubble)); });
+    return whenOpen([bubble = readBubbleKeys(value)](ConversationHost& host) {
+        host.receive(host.makeMessage(bubble.from, bubble.url));
+    });
 }
 
 FlowAction readSetStyle(const FlowValue& value) {
     const Style style = value.word({"compact", "expanded"}) == "compact" ? Style::compact : Style::expanded;
-    return whenOpen([style](FlowPlayer& player) { player.host().changeStyle(style); });
+    return whenOpen([style](ConversationHost& host) { host.changeStyle(style); });
 }
 
 FlowAction readWait(const FlowValue& value) {
@@ -97,8 +93,7 @@ FlowAction readWait(const FlowValue& value) {
 
 FlowAction readWaitForAnimationToEnd(const FlowValue& value) {
     value.expectNothingBut("timeout");
-    const auto limit = value.find("timeout");
-    return advance(limit ? limit->count() : 400);
+    return advance(value.find("timeout", &FlowValue::count).value_or(400));
 }
 
 } // namespace

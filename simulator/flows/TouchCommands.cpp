@@ -11,24 +11,15 @@ namespace {
 
 using Stroke = std::vector<FlowPoint>;
 
-FlowPoint share(double x, double y) {
-    return {x, y, true};
-}
-
 /// From where to where each direction goes, in per cent of the window.
 Stroke strokeTowards(const std::string& direction) {
-    static const std::map<std::string, Stroke> strokes{
-        {"UP", {share(50, 50), share(50, 10)}},
-        {"DOWN", {share(50, 20), share(50, 90)}},
-        {"LEFT", {share(90, 50), share(10, 50)}},
-        {"RIGHT", {share(10, 50), share(90, 50)}},
+    static std::map<std::string, Stroke> strokes{
+        {"UP", {{50, 50, true}, {50, 10, true}}},
+        {"DOWN", {{50, 20, true}, {50, 90, true}}},
+        {"LEFT", {{90, 50, true}, {10, 50, true}}},
+        {"RIGHT", {{10, 50, true}, {90, 50, true}}},
     };
-    const auto found = strokes.find(direction);
-    return found == strokes.end() ? Stroke() : found->second;
-}
-
-std::string readDirection(const FlowValue& value) {
-    return value.word({"UP", "DOWN", "LEFT", "RIGHT"});
+    return strokes[direction];
 }
 
 void drag(FlowPlayer& player, const Stroke& stroke, const std::function<void()>& beforeLifting = {}) {
@@ -103,7 +94,7 @@ Stroke readSwipeMap(const FlowValue& value) {
         return readStroke(*points);
     }
     if (const auto direction = value.find("direction")) {
-        return strokeTowards(readDirection(*direction));
+        return strokeTowards(direction->word({"UP", "DOWN", "LEFT", "RIGHT"}));
     }
     const auto start = value.find("start");
     const auto end = value.find("end");

@@ -2,10 +2,6 @@
 
 #include "simulator/flows/Flow.h"
 
-#include <functional>
-#include <string>
-#include <vector>
-
 namespace CLI {
 class App;
 }

@@ -2,8 +2,6 @@
 
 #include "simulator/flows/Flow.h"
 
-#include <string>
-
 /// Composes the flow that a command makes for itself: commands as text and steps as code, in the order they are added.
 class FlowComposer {
 public:

@@ -1,7 +1,6 @@
 #include "simulator/parlor/PreparedBundle.h"
 
 #include "content/DropdownRows.h"
-#include "simulator/check/BundleCheck.h"
 
 #include <CLI/CLI.hpp>
 
@@ -73,8 +72,7 @@ Result<PreparedBundle> prepareBundle(const BundleOptions& options) {
     if (!findings) {
         return findings.failure();
     }
-    bundle.findings = std::move(findings.value().all);
-    bundle.canLaunch = findings.value().canLaunch;
+    bundle.findings = std::move(findings.value());
     return bundle;
 }
 
@@ -83,9 +81,9 @@ CommandResult withBundle(const BundleOptions& options, const std::function<Comma
     if (!bundle) {
         return bundle.failure();
     }
-    Findings findings = bundle.value().findings;
+    Findings findings = bundle.value().findings.all;
     tell(findings);
-    if (!bundle.value().canLaunch) {
+    if (!bundle.value().findings.canLaunch) {
         return findings;
     }
     const CommandResult result = use(bundle.value());

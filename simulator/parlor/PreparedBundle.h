@@ -1,14 +1,9 @@
 #pragma once
 
+#include "simulator/check/BundleCheck.h"
 #include "simulator/conversation/Device.h"
 #include "simulator/flows/Flow.h"
 #include "simulator/parlor/Commands.h"
-
-#include <filesystem>
-#include <functional>
-#include <optional>
-#include <string>
-#include <vector>
 
 /// What the options that all commands share ask for.
 struct BundleOptions {
@@ -23,8 +18,7 @@ struct PreparedBundle {
     std::filesystem::path folder;
     std::optional<Device> device;            // of the command line; then it stands in for a flow's own
     std::vector<ResourceOverride> overrides; // for every flow
-    Findings findings;                       // in the bundle's data
-    bool canLaunch = true;                   // false: its interface documents would stop the extension
+    BundleFindings findings;
 
     /// Makes it the main bundle, as the flow wants it.
     void openFor(const Flow& flow) const;

@@ -21,8 +21,7 @@ json::object linkJson(const ConversationHost::OpenedLink& link) {
 }
 
 json::object styleRequestJson(const ConversationHost::StyleRequest& request) {
-    const bool compact = request.style == MSMessagesAppPresentationStyle::compact;
-    return {{"ms", request.time.count()}, {"style", compact ? "compact" : "expanded"}, {"changed", request.changed}};
+    return {{"ms", request.time.count()}, {"style", nameOf(request.style)}, {"changed", request.changed}};
 }
 
 json::object failureJson(const Finding& failure) {

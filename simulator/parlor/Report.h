@@ -2,8 +2,5 @@
 
 #include "simulator/flows/FlowPlayer.h"
 
-#include <string>
-#include <vector>
-
 /// What happened in all flows, as JSON text for other programs.
 [[nodiscard]] std::string reportText(const std::vector<FlowResult>& results);

@@ -4,10 +4,6 @@
 #include "platform/uikit/controls/UILabel.h"
 #include "simulator/conversation/Device.h"
 
-#include <memory>
-#include <string>
-#include <vector>
-
 // The views that the conversation around the extension is put together from.
 
 /// A glyph drawn with one colour: filled shapes and stroked lines, in the view's coordinates.

@@ -3,8 +3,6 @@
 #include "platform/messages/MSMessagesAppViewController.h"
 #include "simulator/conversation/Device.h"
 
-#include <memory>
-
 class UIView;
 
 /// The Messages app around the extension, as views in the screen's coordinates. The extension's frame is left free

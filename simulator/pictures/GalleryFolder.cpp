@@ -3,7 +3,6 @@
 #include "platform/foundation/FileReading.h"
 #include "simulator/pictures/PictureComparison.h"
 
-#include <algorithm>
 #include <cctype>
 #include <fstream>
 
@@ -30,16 +29,22 @@ img { width: 100%; display: block; border-radius: 12px; }
 GalleryFolder::GalleryFolder(std::filesystem::path folder, Overwriting overwriting)
     : m_folder(std::move(folder)), m_overwriting(overwriting) {
     const Result<std::string> page = readWholeFile(m_folder / pageName);
-    if (page && page.value().find(generator) != std::string::npos) {
-        m_earlierPage = page.value();
+    if (!page || page.value().find(generator) == std::string::npos) {
+        return;
+    }
+    m_earlier.insert(pageName);
+    const std::string mark = "href=\"";
+    const std::string& text = page.value();
+    for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at)) {
+        at += mark.size();
+        m_earlier.insert(text.substr(at, text.find('"', at) - at));
     }
 }
 
 std::optional<Failure> GalleryFolder::refusal(const std::string& name) const {
     std::error_code error;
-    const bool own =
-        name == pageName ? !m_earlierPage.empty() : m_earlierPage.find('"' + name + '"') != std::string::npos;
-    if (own || m_overwriting == Overwriting::everything || !std::filesystem::exists(m_folder / name, error)) {
+    const bool isFree = m_earlier.contains(name) || !std::filesystem::exists(m_folder / name, error);
+    if (isFree || m_overwriting == Overwriting::everything) {
         return std::nullopt;
     }
     return Failure{(m_folder / name).string() + " is not of an earlier gallery; --force overwrites it"};
@@ -47,6 +52,7 @@ std::optional<Failure> GalleryFolder::refusal(const std::string& name) const {
 
 std::optional<Failure> GalleryFolder::save(const Bitmap& picture, const std::string& name) {
     std::optional<Failure> failure = refusal(name);
+    m_written.insert(name);
     return failure ? failure : savePicture(picture, m_folder / name);
 }
 
@@ -72,18 +78,12 @@ std::optional<Failure> GalleryFolder::savePage() {
 }
 
 void GalleryFolder::removeEarlierPictures() const {
-    const std::string_view mark = "<img src=\"";
-    std::size_t start = m_earlierPage.find(mark);
-    while (start != std::string::npos) {
-        start += mark.size();
-        const std::string name = m_earlierPage.substr(start, m_earlierPage.find('"', start) - start);
-        const bool isShown =
-            std::any_of(m_shown.begin(), m_shown.end(), [&](const Shown& shown) { return shown.name == name; });
-        if (!isShown && name.ends_with(".png") && std::filesystem::path(name).filename() == name) {
+    for (const std::string& name : m_earlier) {
+        const bool isOurs = name.ends_with(".png") && std::filesystem::path(name).filename() == name;
+        if (isOurs && !m_written.contains(name)) {
             std::error_code error; // one that stays does no harm
             std::filesystem::remove(m_folder / name, error);
         }
-        start = m_earlierPage.find(mark, start);
     }
 }
 
@@ -97,7 +97,7 @@ std::string fileNameOf(const std::string& text) {
             name += '-';
         }
     }
-    while (!name.empty() && name.back() == '-') {
+    if (name.ends_with('-')) {
         name.pop_back();
     }
     return name;

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,8 @@ private:
 
     std::filesystem::path m_folder;
     Overwriting m_overwriting;
-    std::string m_earlierPage; // empty: there is none of ours
+    std::set<std::string> m_earlier; // what the earlier page names, itself included; empty: there is none of ours
+    std::set<std::string> m_written;
     std::vector<Shown> m_shown;
 };
 

@@ -28,7 +28,8 @@ std::shared_ptr<UIColor> contrastingColor(const Bitmap& bitmap, const CGRect& ar
 
 } // namespace
 
-Bitmap takePicture(ConversationHost& host, PictureExtent extent, int scale) {
+Bitmap takePicture(ConversationHost& host, PictureExtent extent, std::optional<int> wantedScale) {
+    const int scale = wantedScale.value_or(host.device().scale);
     UIWindow& window = host.window();
     window.layoutIfNeeded();
     const bool whole = extent == PictureExtent::screen;
@@ -52,8 +53,4 @@ Bitmap takePicture(ConversationHost& host, PictureExtent extent, int scale) {
         painter.paint(*conversation.above, shown);
     }
     return bitmap;
-}
-
-Bitmap takePicture(ConversationHost& host, PictureExtent extent) {
-    return takePicture(host, extent, host.device().scale);
 }

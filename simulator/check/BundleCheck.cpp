@@ -2,23 +2,9 @@
 
 #include "content/CurrentOption.h"
 #include "platform/foundation/NSBundle.h"
-#include "platform/interface/InterfaceDocument.h"
 #include "simulator/check/ContentCheck.h"
 #include "simulator/check/InterfaceCheck.h"
 #include "simulator/conversation/BundleSetup.h"
-
-#include <filesystem>
-
-namespace {
-
-/// The scene that the host makes the extension's first controller from. A storyboard that cannot be read is told with
-/// the other documents.
-Result<InterfaceScene> initialScene(const std::filesystem::path& storyboard) {
-    const InterfaceDocument::Loaded loaded = InterfaceDocument::load(storyboard);
-    return loaded ? loaded.value()->initialScene() : InterfaceScene();
-}
-
-} // namespace
 
 Result<BundleFindings> checkMainBundle(const std::optional<std::string>& needed) {
     const NSBundle& bundle = NSBundle::mainBundle();
@@ -28,10 +14,7 @@ Result<BundleFindings> checkMainBundle(const std::optional<std::string>& needed)
         return Failure{bundle.bundlePath().string() + ": Info.plist names no storyboard that is there as " +
                        mainStoryboardKey};
     }
-    BundleFindings findings{checkBundle(bundle), true};
-    if (const Result<InterfaceScene> initial = initialScene(*storyboard); !initial) {
-        findings.all.push_back(initial.failure().in(storyboard->string()));
-    }
+    BundleFindings findings{checkInterface(bundle, *storyboard), true};
     findings.canLaunch = !hasErrors(findings.all);
     for (const CurrentOption option : contentLoadOrder()) {
         const auto file = bundle.URLForResource(rawValue(option), "json");

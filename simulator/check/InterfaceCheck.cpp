@@ -87,7 +87,10 @@ Findings findingsOf(const InterfaceScene& scene, const InterfaceDocument& docume
     return findings;
 }
 
-void checkDocument(const std::filesystem::path& path, Findings& findings) {
+/// From the main document the host makes the extension's first controller.
+enum class DocumentRole { main, other };
+
+void checkDocument(const std::filesystem::path& path, DocumentRole role, Findings& findings) {
     const InterfaceDocument::Loaded loaded = InterfaceDocument::load(path);
     if (!loaded) {
         findings.push_back(loaded.failure().in(path.string()));
@@ -101,6 +104,11 @@ void checkDocument(const std::filesystem::path& path, Findings& findings) {
         NibBuilder maker(document);
         static_cast<void>(maker.makeNib(nullptr));
         append(findings, maker.findings());
+    }
+    if (role == DocumentRole::main) {
+        if (const Result<InterfaceScene> initial = document.initialScene(); !initial) {
+            findings.push_back(initial.failure().in(path.string()));
+        }
     }
     NameCheck(document, findings).check(document.root());
 }
@@ -165,10 +173,10 @@ void checkCatalog(const std::filesystem::path& catalog, Findings& findings) {
 
 } // namespace
 
-Findings checkBundle(const NSBundle& bundle) {
+Findings checkInterface(const NSBundle& bundle, const std::filesystem::path& mainStoryboard) {
     Findings findings;
     for (const std::filesystem::path& path : documentsOf(bundle)) {
-        checkDocument(path, findings);
+        checkDocument(path, path == mainStoryboard ? DocumentRole::main : DocumentRole::other, findings);
     }
     checkCatalog(catalogFolder(bundle), findings);
     return findings;

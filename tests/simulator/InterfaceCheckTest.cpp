@@ -29,7 +29,7 @@ protected:
     [[nodiscard]] std::string findings() const {
         const std::string prefix = m_folder.path().string() + "/";
         std::string text;
-        for (const Finding& finding : checkBundle(NSBundle::mainBundle())) {
+        for (const Finding& finding : checkInterface(NSBundle::mainBundle())) {
             text += finding.describe() + "\n";
         }
         for (std::size_t at = text.find(prefix); at != std::string::npos; at = text.find(prefix)) {

@@ -97,8 +97,8 @@ int main(int argc, char** argv) {
     figures.add("start_ms", bench::millisecondsSinceStart());
     figures.add("memory_at_start_mb", bench::peakMegabytes());
     if (argc > 2) {
-        if (const std::optional<std::string> error = writePNG(renderer.bitmap(), argv[2])) {
-            std::fprintf(stderr, "bench-screen: %s\n", error->c_str());
+        if (const std::optional<Failure> failure = writePNG(renderer.bitmap(), argv[2])) {
+            std::fprintf(stderr, "bench-screen: %s\n", failure->what.c_str());
             return 1;
         }
     }

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 class UIColor;
 class UIImage;
@@ -17,6 +18,9 @@ public:
     [[nodiscard]] virtual std::shared_ptr<UIImage> imageNamed(std::string_view name) = 0;
 
     /// Null before one is set.
-    [[nodiscard]] static AssetCatalog* current();
-    static void setCurrent(std::shared_ptr<AssetCatalog> catalog);
+    [[nodiscard]] static AssetCatalog* current() { return s_current.get(); }
+    static void setCurrent(std::shared_ptr<AssetCatalog> catalog) { s_current = std::move(catalog); }
+
+private:
+    inline static std::shared_ptr<AssetCatalog> s_current;
 };

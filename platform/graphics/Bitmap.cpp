@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <new>
+#include <limits>
+#include <string>
+#include <utility>
 
 #include <sys/mman.h>
 
@@ -13,20 +15,33 @@ namespace {
 /// costs a handful of page faults instead of three thousand.
 constexpr std::size_t largeBytes = std::size_t{1} << 20;
 
-std::size_t bytesFor(std::size_t pixels) {
-    return std::max<std::size_t>(1, pixels) * sizeof(std::uint32_t);
+std::size_t bytesFor(int width, int height) {
+    return std::max<std::size_t>(1, static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) *
+           sizeof(std::uint32_t);
 }
 
-void* allocate(std::size_t bytes) {
+/// Null when there is none, or when a row has more bytes than the drawing libraries can count.
+std::uint32_t* allocate(int width, int height) {
+    const std::size_t bytes = bytesFor(width, height);
+    if (width > std::numeric_limits<int>::max() / 4) {
+        return nullptr;
+    }
     if (bytes < largeBytes) {
-        return std::calloc(1, bytes);
+        return static_cast<std::uint32_t*>(std::calloc(1, bytes));
     }
     void* memory = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (memory == MAP_FAILED) {
         return nullptr;
     }
     madvise(memory, bytes, MADV_HUGEPAGE); // a wish; without it only the first drawing is slower
-    return memory;
+    return static_cast<std::uint32_t*>(memory);
+}
+
+Bitmap orStop(Result<Bitmap> made) {
+    if (!made) {
+        fatalError(made.failure().what);
+    }
+    return std::move(made).value();
 }
 
 } // namespace
@@ -39,19 +54,26 @@ void Bitmap::Release::operator()(std::uint32_t* memory) const {
     }
 }
 
-Bitmap::Bitmap(int width, int height) : m_width(std::max(0, width)), m_height(std::max(0, height)) {
-    const std::size_t bytes = bytesFor(count());
-    void* memory = allocate(bytes);
+Result<Bitmap> Bitmap::make(int width, int height) {
+    width = std::max(0, width);
+    height = std::max(0, height);
+    std::uint32_t* memory = allocate(width, height);
     if (memory == nullptr) {
-        throw std::bad_alloc();
+        return Failure{"no memory for a picture of " + std::to_string(width) + " x " + std::to_string(height) +
+                       " pixels"};
     }
-    m_pixels = {static_cast<std::uint32_t*>(memory), Release{bytes}};
+    return Bitmap(width, height, memory);
 }
+
+Bitmap::Bitmap(int width, int height, std::uint32_t* memory)
+    : m_width(width), m_height(height), m_pixels(memory, Release{bytesFor(width, height)}) {}
+
+Bitmap::Bitmap(int width, int height) : Bitmap(orStop(make(width, height))) {}
 
 void Bitmap::populate() {
 #ifdef MADV_POPULATE_WRITE
-    if (bytesFor(count()) >= largeBytes) {
-        madvise(m_pixels.get(), bytesFor(count()), MADV_POPULATE_WRITE);
+    if (bytesFor(m_width, m_height) >= largeBytes) {
+        madvise(m_pixels.get(), bytesFor(m_width, m_height), MADV_POPULATE_WRITE);
     }
 #endif
 }
@@ -74,12 +96,6 @@ void Bitmap::scrollRows(const PixelRect& area, int dy) {
             std::memcpy(row(y) + left, row(y - dy) + left, bytes);
         }
     }
-}
-
-Bitmap Bitmap::copy() const {
-    Bitmap other(m_width, m_height);
-    std::copy_n(m_pixels.get(), count(), other.m_pixels.get());
-    return other;
 }
 
 bool operator==(const Bitmap& one, const Bitmap& other) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/foundation/Geometry.h"
+#include "platform/foundation/Result.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,8 +11,10 @@
 /// Pixels in memory: premultiplied ARGB, 32 bits in the machine's byte order, rows top down. New ones are transparent.
 class Bitmap {
 public:
-    /// Negative sizes count as zero.
+    /// Negative sizes count as zero. A size for which the system has no memory stops the program.
     Bitmap(int width, int height);
+    /// For a size that somebody else chose: fails when the system has no memory for it.
+    [[nodiscard]] static Result<Bitmap> make(int width, int height);
 
     [[nodiscard]] int width() const { return m_width; }
     [[nodiscard]] int height() const { return m_height; }
@@ -27,7 +30,6 @@ public:
     /// Moves the pixels of `area` (clipped to the bitmap) by `dy` rows within it; positive is down. The rows it leaves
     /// behind keep their old pixels.
     void scrollRows(const PixelRect& area, int dy);
-    [[nodiscard]] Bitmap copy() const;
     /// The same size and the same pixels.
     friend bool operator==(const Bitmap& one, const Bitmap& other);
 
@@ -36,6 +38,8 @@ private:
         std::size_t bytes;
         void operator()(std::uint32_t* memory) const;
     };
+
+    Bitmap(int width, int height, std::uint32_t* memory);
 
     [[nodiscard]] std::size_t count() const { return offsetOf(m_height); }
     [[nodiscard]] std::size_t offsetOf(int y) const {

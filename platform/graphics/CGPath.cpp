@@ -22,8 +22,32 @@ std::size_t pointCount(CGPathElementType type) {
     return 0;
 }
 
-/// Four quarter ellipses with straight lines between them.
-CGPath withCorners(const CGRect& rect, CGFloat rx, CGFloat ry) {
+} // namespace
+
+CGPath CGPath::withRect(const CGRect& rect) {
+    CGPath path;
+    path.m_elements.reserve(5);
+    path.moveTo(rect.origin);
+    path.addLineTo({rect.maxX(), rect.minY()});
+    path.addLineTo({rect.maxX(), rect.maxY()});
+    path.addLineTo({rect.minX(), rect.maxY()});
+    path.closeSubpath();
+    path.m_rectangle = RoundedRect{rect, 0};
+    return path;
+}
+
+CGPath CGPath::withRoundedRect(const CGRect& rect, CGFloat radius) {
+    const CGFloat limit = std::min(rect.size.width, rect.size.height) / 2;
+    const CGFloat used = std::min(radius, limit);
+    if (!(used > 0)) {
+        return withRect(rect);
+    }
+    CGPath path = withCorners(rect, used, used);
+    path.m_rectangle = RoundedRect{rect, used};
+    return path;
+}
+
+CGPath CGPath::withCorners(const CGRect& rect, CGFloat rx, CGFloat ry) {
     const CGFloat hx = rx * (1 - circleHandle);
     const CGFloat hy = ry * (1 - circleHandle);
     const CGFloat left = rect.minX();
@@ -41,26 +65,6 @@ CGPath withCorners(const CGRect& rect, CGFloat rx, CGFloat ry) {
     path.addLineTo({left, top + ry});
     path.addCurveTo({left + rx, top}, {left, top + hy}, {left + hx, top});
     path.closeSubpath();
-    return path;
-}
-
-} // namespace
-
-CGPath CGPath::withRect(const CGRect& rect) {
-    CGPath path;
-    path.addRect(rect);
-    path.m_rectangle = CGRoundedRect{rect, 0};
-    return path;
-}
-
-CGPath CGPath::withRoundedRect(const CGRect& rect, CGFloat radius) {
-    const CGFloat limit = std::min(rect.size.width, rect.size.height) / 2;
-    const CGFloat used = std::min(radius, limit);
-    if (!(used > 0)) {
-        return withRect(rect);
-    }
-    CGPath path = withCorners(rect, used, used);
-    path.m_rectangle = CGRoundedRect{rect, used};
     return path;
 }
 
@@ -88,20 +92,11 @@ void CGPath::closeSubpath() {
     add(CGPathElementType::closeSubpath, {});
 }
 
-void CGPath::addRect(const CGRect& rect) {
-    m_elements.reserve(m_elements.size() + 5);
-    moveTo(rect.origin);
-    addLineTo({rect.maxX(), rect.minY()});
-    addLineTo({rect.maxX(), rect.maxY()});
-    addLineTo({rect.minX(), rect.maxY()});
-    closeSubpath();
-}
-
 CGRect CGPath::boundingBox() const {
     bool any = false;
     CGPoint low;
     CGPoint high;
-    CGFloat taint = 0; // becomes not a number when a coordinate is none or infinite; comparisons would lose that
+    CGFloat taint = 0; // not a number as soon as one coordinate is infinite or none: min and max would hide that
     for (const CGPathElement& element : m_elements) {
         for (std::size_t i = 0; i < pointCount(element.type); ++i) {
             const CGPoint point = element.points[i];

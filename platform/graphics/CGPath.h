@@ -16,9 +16,20 @@ struct CGPathElement {
     friend bool operator==(const CGPathElement&, const CGPathElement&) = default;
 };
 
-struct CGRoundedRect {
+/// A rectangle with round corners, or a plain one (radius 0).
+struct RoundedRect {
     CGRect rect;
     CGFloat radius = 0;
+};
+
+enum class CGLineJoin { miter = 0, round = 1, bevel = 2 };
+enum class CGLineCap { butt = 0, round = 1, square = 2 };
+
+/// How a path is stroked; the width is in points.
+struct StrokeStyle {
+    CGFloat width = 1;
+    CGLineJoin join = CGLineJoin::miter;
+    CGLineCap cap = CGLineCap::butt;
 };
 
 /// A shape as a list of pieces, by value. Remembers when it is one plain or rounded rectangle, which canvases draw
@@ -34,21 +45,23 @@ public:
     /// Lines and curves without a current point begin at their own first point.
     void addLineTo(CGPoint point);
     void addQuadCurveTo(CGPoint end, CGPoint control);
-    void addCurveTo(CGPoint end, CGPoint control1, CGPoint control2);
-    void closeSubpath();
-    void addRect(const CGRect& rect);
 
     [[nodiscard]] bool isEmpty() const { return m_elements.empty(); }
     [[nodiscard]] const std::vector<CGPathElement>& elements() const { return m_elements; }
-    /// The box around all points, control points included; empty for an empty path, not a number when a point is none.
+    /// The box around all points, control points included; empty for an empty path. Its size is not a number when a
+    /// coordinate is infinite or not a number.
     [[nodiscard]] CGRect boundingBox() const;
-    /// Set when the path is exactly one rectangle, plain (radius 0) or rounded.
-    [[nodiscard]] const std::optional<CGRoundedRect>& asRectangle() const { return m_rectangle; }
+    /// Set when the path is exactly one rectangle, plain or rounded.
+    [[nodiscard]] const std::optional<RoundedRect>& asRectangle() const { return m_rectangle; }
     [[nodiscard]] CGPath offsetBy(CGFloat dx, CGFloat dy) const;
 
 private:
+    void addCurveTo(CGPoint end, CGPoint control1, CGPoint control2);
+    void closeSubpath();
+    /// A straight line from corner to corner and a quarter ellipse with these radii around each corner.
+    [[nodiscard]] static CGPath withCorners(const CGRect& rect, CGFloat rx, CGFloat ry);
     void add(CGPathElementType type, std::array<CGPoint, 3> points);
 
     std::vector<CGPathElement> m_elements;
-    std::optional<CGRoundedRect> m_rectangle;
+    std::optional<RoundedRect> m_rectangle;
 };

@@ -122,7 +122,7 @@ PangoFontDescription* FontLibrary::makeDescription(const UIFont& font) {
     pango_font_description_set_family_static(description, "Inter");
     pango_font_description_set_weight(description, weights[static_cast<int>(font.weight())]);
     pango_font_description_set_style(description,
-                                     font.slant() == UIFontSlant::italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
+                                     font.slant() == FontSlant::italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
     pango_font_description_set_absolute_size(description, font.pointSize() * PANGO_SCALE);
     return description;
 }

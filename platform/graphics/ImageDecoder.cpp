@@ -18,12 +18,12 @@ struct ImageDecoder::Job {
 
     /// Whoever comes first decodes, the other waits: a drawing never waits for a worker that is busy elsewhere.
     void run() {
-        std::call_once(once, [this] { reading = readPNG(path); });
+        std::call_once(once, [this] { picture = readPNG(path); });
     }
 
     std::string path;
     std::once_flag once;
-    PNGReading reading;
+    std::optional<Result<Bitmap>> picture;
 };
 
 ImageDecoder& ImageDecoder::shared() {
@@ -42,7 +42,7 @@ void ImageDecoder::begin(const std::string& path) {
     WorkerPool::shared().submit(QOS_CLASS_USER_INTERACTIVE, [job = m_waiting.back()] { job->run(); });
 }
 
-PNGReading ImageDecoder::take(const std::string& path) {
+Result<Bitmap> ImageDecoder::take(const std::string& path) {
     const auto waiting =
         std::find_if(m_waiting.begin(), m_waiting.end(), [&path](const auto& job) { return job->path == path; });
     if (waiting == m_waiting.end()) {
@@ -51,5 +51,5 @@ PNGReading ImageDecoder::take(const std::string& path) {
     const std::shared_ptr<Job> job = std::move(*waiting);
     m_waiting.erase(waiting);
     job->run();
-    return std::move(job->reading);
+    return std::move(*job->picture);
 }

@@ -16,7 +16,7 @@ public:
     /// Begins with a file that is likely to be drawn soon; once for each file.
     void begin(const std::string& path);
     /// The file's pixels: those that `begin` asked for, or else decoded now.
-    [[nodiscard]] PNGReading take(const std::string& path);
+    [[nodiscard]] Result<Bitmap> take(const std::string& path);
 
 private:
     struct Job;

@@ -94,17 +94,21 @@ void premultiplyRows(Bitmap& bitmap) {
     }
 }
 
-PNGReading readPixels(png_image& image) {
+Result<Bitmap> readPixels(png_image& image) {
     if (!isAcceptable(image.width, image.height)) {
-        return {std::nullopt, "larger than " + std::to_string(longestSide) + " pixels a side"};
+        return Failure{"larger than " + std::to_string(longestSide) + " pixels a side or " +
+                       std::to_string(mostPixels) + " in all"};
+    }
+    Result<Bitmap> bitmap = Bitmap::make(static_cast<int>(image.width), static_cast<int>(image.height));
+    if (!bitmap) {
+        return bitmap;
     }
     image.format = PNG_FORMAT_BGRA;
-    Bitmap bitmap(static_cast<int>(image.width), static_cast<int>(image.height));
-    if (png_image_finish_read(&image, nullptr, bitmap.row(0), bitmap.stride(), nullptr) == 0) {
-        return {std::nullopt, image.message};
+    if (png_image_finish_read(&image, nullptr, bitmap.value().row(0), bitmap.value().stride(), nullptr) == 0) {
+        return Failure{image.message};
     }
-    premultiplyRows(bitmap);
-    return {std::move(bitmap), ""};
+    premultiplyRows(bitmap.value());
+    return bitmap;
 }
 
 } // namespace
@@ -130,26 +134,26 @@ std::vector<std::uint8_t> encodePNG(const Bitmap& bitmap) {
     return file;
 }
 
-std::optional<std::string> writePNG(const Bitmap& bitmap, const std::string& path) {
+std::optional<Failure> writePNG(const Bitmap& bitmap, const std::string& path) {
     const std::vector<std::uint8_t> bytes = encodePNG(bitmap);
     if (bytes.empty()) {
-        return "the picture has no pixels";
+        return Failure{"the picture has no pixels"};
     }
     std::ofstream file(path, std::ios::binary);
     file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     file.close();
-    return file.fail() ? std::optional<std::string>(std::strerror(errno)) : std::nullopt;
+    return file.fail() ? std::optional(Failure{std::strerror(errno)}) : std::nullopt;
 }
 
-PNGReading readPNG(const std::string& path) {
+Result<Bitmap> readPNG(const std::string& path) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     if (png_image_begin_read_from_file(&image, path.c_str()) == 0) {
-        return {std::nullopt, image.message};
+        return Failure{image.message};
     }
-    PNGReading reading = readPixels(image);
+    Result<Bitmap> bitmap = readPixels(image);
     png_image_free(&image);
-    return reading;
+    return bitmap;
 }
 
 std::optional<PixelSize> readPNGSize(const std::string& path) {

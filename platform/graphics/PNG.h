@@ -8,13 +8,7 @@
 #include <vector>
 
 /// PNG files to and from bitmaps. Written fast rather than small (level 1, no filters), as sRGB: RGB when every pixel
-/// is opaque, else RGBA. Errors are one line without the file's name.
-
-struct PNGReading {
-    /// Absent when the file could not be read; then `error` says why.
-    std::optional<Bitmap> bitmap;
-    std::string error;
-};
+/// is opaque, else RGBA. A failure does not name the file.
 
 struct PixelSize {
     int width = 0;
@@ -22,9 +16,9 @@ struct PixelSize {
 };
 
 [[nodiscard]] std::vector<std::uint8_t> encodePNG(const Bitmap& bitmap);
-/// Absent when the file was written, else the error.
-[[nodiscard]] std::optional<std::string> writePNG(const Bitmap& bitmap, const std::string& path);
-/// Files of more than 8192 pixels a side are refused.
-[[nodiscard]] PNGReading readPNG(const std::string& path);
+/// Absent when the file was written.
+[[nodiscard]] std::optional<Failure> writePNG(const Bitmap& bitmap, const std::string& path);
+/// Files of more than 8192 pixels a side, or 16 million in all, are refused.
+[[nodiscard]] Result<Bitmap> readPNG(const std::string& path);
 /// Reads only the header; absent when it is none or too large.
 [[nodiscard]] std::optional<PixelSize> readPNGSize(const std::string& path);

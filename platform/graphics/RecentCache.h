@@ -39,9 +39,6 @@ public:
         }
     }
 
-    [[nodiscard]] std::size_t cost() const { return m_cost; }
-    [[nodiscard]] std::size_t count() const { return m_entries.size(); }
-
 private:
     struct Entry {
         std::string key;

@@ -1,32 +1,37 @@
 #include "platform/graphics/TextLayout.h"
 
-#include "platform/graphics/LineBreaker.h"
 #include "platform/graphics/RecentCache.h"
+#include "platform/graphics/TextLines.h"
 
 #include <glib.h>
 
-#include <sstream>
+#include <algorithm>
+#include <array>
+#include <cstring>
 
 namespace {
 
-/// A few screens of rows; longer texts are too heavy to keep unasked.
+/// Layouts of short texts; a few screens of rows. A long text counts as several, and four of the longest are kept.
 constexpr std::size_t keptLayouts = 256;
-constexpr std::size_t longestKept = 512;
+constexpr std::size_t bytesOfShort = 512;
 
+std::size_t costOf(const TextRequest& request) {
+    return std::min(keptLayouts / 4, 1 + request.text.size() / bytesOfShort);
+}
+
+/// The bytes of everything that the lines depend on.
 std::string keyOf(const TextRequest& request) {
-    std::ostringstream key;
-    key.precision(17);
-    if (request.font != nullptr) {
-        key << request.font->pointSize() << ' ' << static_cast<int>(request.font->weight()) << ' '
-            << static_cast<int>(request.font->slant());
-    }
-    key << ',' << static_cast<int>(request.alignment) << ',' << request.lineSpacing << ','
-        << static_cast<int>(request.lineBreakMode) << ',' << request.maximumLines << ',';
-    if (request.width.has_value()) {
-        key << *request.width;
-    }
-    key << ',' << request.text;
-    return key.str();
+    const std::array<CGFloat, 8> numbers{request.font->pointSize(),
+                                         static_cast<CGFloat>(request.font->weight()),
+                                         static_cast<CGFloat>(request.font->slant()),
+                                         static_cast<CGFloat>(request.alignment),
+                                         request.lineSpacing,
+                                         static_cast<CGFloat>(request.lineBreakMode),
+                                         static_cast<CGFloat>(request.maximumLines),
+                                         request.width.value_or(0)}; // which counts as unbounded, too
+    std::string key(sizeof numbers, '\0');
+    std::memcpy(key.data(), numbers.data(), sizeof numbers);
+    return key += request.text;
 }
 
 std::string validated(const std::string& text) {
@@ -43,20 +48,17 @@ std::string validated(const std::string& text) {
 
 std::shared_ptr<const TextLayout> TextLayout::make(const TextRequest& request) {
     static RecentCache<std::shared_ptr<const TextLayout>> kept(keptLayouts);
-    if (request.text.size() > longestKept) {
-        return std::make_shared<TextLayout>(Key(), request);
-    }
     std::string key = keyOf(request);
     if (const auto* found = kept.find(key)) {
         return *found;
     }
     const auto made = std::make_shared<const TextLayout>(Key(), request);
-    kept.insert(std::move(key), made, 1);
+    kept.insert(std::move(key), made, costOf(request));
     return made;
 }
 
 TextLayout::TextLayout(Key, const TextRequest& request)
-    : m_text(request.text), m_lines(LineBreaker(request, validated(request.text)).run()) {}
+    : m_text(request.text), m_lines(breakIntoLines(request, validated(request.text))) {}
 
 TextLayout::~TextLayout() = default;
 
@@ -74,10 +76,6 @@ CGFloat TextLayout::firstBaseline() const {
 
 CGFloat TextLayout::lastBaseline() const {
     return m_lines->lines.back().baseline;
-}
-
-bool TextLayout::isTruncated() const {
-    return m_lines->truncated;
 }
 
 const std::string& TextLayout::text() const {

@@ -2,19 +2,26 @@
 
 #include "platform/foundation/Geometry.h"
 #include "platform/foundation/NSParagraphStyle.h"
-#include "platform/graphics/NSLineBreakMode.h"
 #include "platform/graphics/UIFont.h"
 
 #include <memory>
 #include <optional>
 #include <string>
 
+/// What happens to text that does not fit its width; the numbers are those of archives.
+enum class NSLineBreakMode {
+    byWordWrapping = 0,
+    byCharWrapping = 1,
+    byClipping = 2,
+    byTruncatingTail = 4,
+};
+
 /// What is to be laid out, and in which room.
 struct TextRequest {
     /// UTF-8; bytes that are not show as U+FFFD.
     std::string text = {};
-    /// Null for the system font of 17 points.
-    std::shared_ptr<UIFont> font = nullptr;
+    /// Never null.
+    std::shared_ptr<UIFont> font = UIFont::systemFontOfSize(17);
     NSTextAlignment alignment = NSTextAlignment::natural;
     /// Points between two lines.
     CGFloat lineSpacing = 0;
@@ -34,7 +41,7 @@ class TextLayout {
     };
 
 public:
-    /// Recently made layouts are kept: the same request again gives the same layout.
+    /// What was made last is kept: the same request again gives the same layout. Ask again rather than keep it.
     [[nodiscard]] static std::shared_ptr<const TextLayout> make(const TextRequest& request);
     TextLayout(Key, const TextRequest& request);
     ~TextLayout();
@@ -48,8 +55,6 @@ public:
     /// From the top of the layout.
     [[nodiscard]] CGFloat firstBaseline() const;
     [[nodiscard]] CGFloat lastBaseline() const;
-    /// Whether some of the text is not shown.
-    [[nodiscard]] bool isTruncated() const;
     /// The text asked for, not what is left of it after truncation.
     [[nodiscard]] const std::string& text() const;
 

@@ -3,6 +3,7 @@
 #include "platform/graphics/TextLayout.h"
 
 #include <memory>
+#include <string_view>
 #include <vector>
 
 struct _PangoLayout;
@@ -30,5 +31,8 @@ struct TextLayout::Lines {
     std::vector<TextLine> lines;
     std::vector<Owner> owners;
     CGSize size;
-    bool truncated = false;
 };
+
+/// Breaks a text a piece at a time, so that the work grows with the lines that are wanted and not with the text, also
+/// where a word fills thousands of lines. `text` is the request's, valid UTF-8 without NUL.
+[[nodiscard]] std::unique_ptr<TextLayout::Lines> breakIntoLines(const TextRequest& request, std::string_view text);

@@ -1,11 +1,23 @@
 #pragma once
 
-#include "platform/graphics/RGBA.h"
-#include "platform/graphics/UIUserInterfaceStyle.h"
+#include "platform/foundation/Geometry.h"
 #include "platform/runtime/NSObject.h"
 
 #include <memory>
 #include <string_view>
+
+/// A colour as it is painted: sRGB components from 0 to 1, not premultiplied.
+struct RGBA {
+    CGFloat red = 0;
+    CGFloat green = 0;
+    CGFloat blue = 0;
+    CGFloat alpha = 1;
+
+    friend bool operator==(const RGBA&, const RGBA&) = default;
+};
+
+/// The appearance in which colours are resolved.
+enum class UIUserInterfaceStyle { light = 1, dark = 2 };
 
 /// A colour, immutable. A dynamic colour has other components in the dark appearance; which ones count is decided when
 /// it is drawn.
@@ -13,9 +25,9 @@ class UIColor : public NSObject {
 public:
     using Pointer = std::shared_ptr<UIColor>;
 
-    UIColor(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
-    explicit UIColor(const RGBA& components);
-    UIColor(const RGBA& light, const RGBA& dark);
+    UIColor(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha)
+        : m_light{red, green, blue, alpha}, m_dark(m_light) {}
+    UIColor(const RGBA& light, const RGBA& dark) : m_light(light), m_dark(dark) {}
 
     [[nodiscard]] static Pointer colorWithRedGreenBlueAlpha(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
     [[nodiscard]] static Pointer dynamicColor(const RGBA& light, const RGBA& dark);

@@ -28,7 +28,7 @@ constexpr TextStyle styles[] = {
 
 } // namespace
 
-UIFont::UIFont(CGFloat pointSize, UIFontWeight weight, UIFontSlant slant)
+UIFont::UIFont(CGFloat pointSize, UIFontWeight weight, FontSlant slant)
     : m_pointSize(std::isfinite(pointSize) ? std::clamp(pointSize, 0.0, largestSize) : 0), m_weight(weight),
       m_slant(slant) {}
 
@@ -45,7 +45,7 @@ std::shared_ptr<UIFont> UIFont::boldSystemFontOfSize(CGFloat size) {
 }
 
 std::shared_ptr<UIFont> UIFont::italicSystemFontOfSize(CGFloat size) {
-    return std::make_shared<UIFont>(size, UIFontWeight::regular, UIFontSlant::italic);
+    return std::make_shared<UIFont>(size, UIFontWeight::regular, FontSlant::italic);
 }
 
 std::shared_ptr<UIFont> UIFont::preferredFontForTextStyle(std::string_view style) {

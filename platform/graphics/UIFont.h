@@ -7,12 +7,12 @@
 #include <string_view>
 
 enum class UIFontWeight { ultraLight, thin, light, regular, medium, semibold, bold, heavy, black };
-enum class UIFontSlant { upright, italic };
+enum class FontSlant { upright, italic };
 
 /// A size and weight of the interface's typeface (Inter), immutable. All metrics are in points, unhinted.
 class UIFont : public NSObject {
 public:
-    UIFont(CGFloat pointSize, UIFontWeight weight, UIFontSlant slant = UIFontSlant::upright);
+    UIFont(CGFloat pointSize, UIFontWeight weight, FontSlant slant = FontSlant::upright);
 
     [[nodiscard]] static std::shared_ptr<UIFont> systemFontOfSize(CGFloat size);
     [[nodiscard]] static std::shared_ptr<UIFont> systemFontOfSizeWeight(CGFloat size, UIFontWeight weight);
@@ -23,12 +23,11 @@ public:
 
     [[nodiscard]] CGFloat pointSize() const { return m_pointSize; }
     [[nodiscard]] UIFontWeight weight() const { return m_weight; }
-    [[nodiscard]] UIFontSlant slant() const { return m_slant; }
+    [[nodiscard]] FontSlant slant() const { return m_slant; }
 
     [[nodiscard]] CGFloat ascender() const;
     /// Negative: below the baseline.
     [[nodiscard]] CGFloat descender() const;
-    [[nodiscard]] CGFloat lineHeight() const { return ascender() - descender(); }
 
     friend bool operator==(const UIFont& one, const UIFont& other) {
         return one.m_pointSize == other.m_pointSize && one.m_weight == other.m_weight && one.m_slant == other.m_slant;
@@ -37,5 +36,5 @@ public:
 private:
     CGFloat m_pointSize;
     UIFontWeight m_weight;
-    UIFontSlant m_slant;
+    FontSlant m_slant;
 };

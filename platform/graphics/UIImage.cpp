@@ -12,12 +12,22 @@ namespace {
 /// Larger ones are no icons, and decoded ahead they could hold much memory for nothing; in pixels.
 constexpr CGFloat mostDecodedAhead = 256 * 256;
 
+/// In points, from the first file whose header can be read.
+CGSize sizeOf(const std::vector<ImageFile>& files) {
+    for (const ImageFile& file : files) {
+        const std::optional<PixelSize> pixels = readPNGSize(file.path);
+        if (pixels.has_value() && file.scale > 0) {
+            const CGFloat scale = file.scale;
+            return {pixels->width / scale, pixels->height / scale};
+        }
+    }
+    return {};
+}
+
 } // namespace
 
-UIImage::UIImage(std::string name, std::vector<UIImageRepresentation> representations,
-                 UIImageRenderingMode renderingMode)
-    : m_name(std::move(name)), m_representations(std::move(representations)), m_renderingMode(renderingMode) {
-    std::sort(m_representations.begin(), m_representations.end(),
+UIImage::UIImage(std::string name, std::vector<ImageFile> files) : m_name(std::move(name)), m_files(std::move(files)) {
+    std::sort(m_files.begin(), m_files.end(),
               [](const auto& one, const auto& other) { return one.scale < other.scale; });
 }
 
@@ -27,41 +37,21 @@ std::shared_ptr<UIImage> UIImage::imageNamed(std::string_view name) {
 }
 
 CGSize UIImage::size() const {
-    measure();
-    return m_size;
-}
-
-CGFloat UIImage::scale() const {
-    measure();
-    return m_scale;
+    if (!m_size) {
+        m_size = sizeOf(m_files);
+    }
+    return *m_size;
 }
 
 void UIImage::prepareForDisplay(CGFloat deviceScale) const {
-    const UIImageRepresentation* file = representationForScale(deviceScale);
+    const ImageFile* file = fileForScale(deviceScale);
     if (file != nullptr && size().width * file->scale * size().height * file->scale <= mostDecodedAhead) {
         ImageDecoder::shared().begin(file->path);
     }
 }
 
-const UIImageRepresentation* UIImage::representationForScale(CGFloat deviceScale) const {
-    if (m_representations.empty()) {
-        return nullptr;
-    }
-    const auto found = std::find_if(m_representations.begin(), m_representations.end(),
-                                    [deviceScale](const auto& file) { return file.scale >= deviceScale; });
-    return found == m_representations.end() ? &m_representations.back() : &*found;
-}
-
-void UIImage::measure() const {
-    if (std::exchange(m_measured, true)) {
-        return;
-    }
-    for (const UIImageRepresentation& file : m_representations) {
-        const std::optional<PixelSize> pixels = readPNGSize(file.path);
-        if (pixels.has_value() && file.scale > 0) {
-            m_scale = file.scale;
-            m_size = {pixels->width / m_scale, pixels->height / m_scale};
-            return;
-        }
-    }
+const ImageFile* UIImage::fileForScale(CGFloat deviceScale) const {
+    const auto found = std::find_if(m_files.begin(), m_files.end(),
+                                    [deviceScale](const ImageFile& file) { return file.scale >= deviceScale; });
+    return m_files.empty() ? nullptr : found == m_files.end() ? &m_files.back() : &*found;
 }

@@ -3,16 +3,14 @@
 #include "platform/foundation/Geometry.h"
 #include "platform/runtime/NSObject.h"
 
-#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-enum class UIImageRenderingMode { automatic = 0, alwaysOriginal = 1, alwaysTemplate = 2 };
-
 /// One PNG file of an image, drawn for screens of `scale` pixels a point.
-struct UIImageRepresentation {
+struct ImageFile {
     std::string path = {};
     int scale = 1;
 };
@@ -22,8 +20,7 @@ struct UIImageRepresentation {
 /// cache. An image whose files are broken has no size and draws nothing.
 class UIImage : public NSObject {
 public:
-    UIImage(std::string name, std::vector<UIImageRepresentation> representations,
-            UIImageRenderingMode renderingMode = UIImageRenderingMode::automatic);
+    UIImage(std::string name, std::vector<ImageFile> files);
 
     /// The image of the running extension's asset catalogue; null when it has none of that name.
     [[nodiscard]] static std::shared_ptr<UIImage> imageNamed(std::string_view name);
@@ -31,22 +28,14 @@ public:
     [[nodiscard]] const std::string& name() const { return m_name; }
     /// In points.
     [[nodiscard]] CGSize size() const;
-    /// Pixels a point of the file that gave the size.
-    [[nodiscard]] CGFloat scale() const;
-    [[nodiscard]] UIImageRenderingMode renderingMode() const { return m_renderingMode; }
     /// Has a small image decoded beside the main thread by the time it is drawn on a screen of `deviceScale`.
     void prepareForDisplay(CGFloat deviceScale) const;
     /// The file to draw on a screen of `deviceScale`: the smallest that is large enough, else the largest; null without
     /// files.
-    [[nodiscard]] const UIImageRepresentation* representationForScale(CGFloat deviceScale) const;
+    [[nodiscard]] const ImageFile* fileForScale(CGFloat deviceScale) const;
 
 private:
-    void measure() const;
-
     std::string m_name;
-    std::vector<UIImageRepresentation> m_representations;
-    UIImageRenderingMode m_renderingMode;
-    mutable bool m_measured = false;
-    mutable CGSize m_size;
-    mutable CGFloat m_scale = 1;
+    std::vector<ImageFile> m_files;       // those for the least scale first
+    mutable std::optional<CGSize> m_size; // absent until somebody asks
 };

@@ -32,14 +32,6 @@ std::vector<NamedFile> namedFiles(JSONValue images) {
     return files;
 }
 
-UIImageRenderingMode renderingModeOf(JSONValue root) {
-    const auto properties = root.find("properties");
-    const std::string_view intent = properties ? textAt(*properties, "template-rendering-intent") : "";
-    return intent == "template"   ? UIImageRenderingMode::alwaysTemplate
-           : intent == "original" ? UIImageRenderingMode::alwaysOriginal
-                                  : UIImageRenderingMode::automatic;
-}
-
 } // namespace
 
 std::optional<CatalogContents> CatalogContents::read(const std::filesystem::path& folder, Findings& findings) {
@@ -70,8 +62,7 @@ std::string_view textAt(JSONValue value, std::string_view key) {
     return found ? found->string().value_or(std::string_view()) : std::string_view();
 }
 
-std::vector<UIImageRepresentation> representationsOf(const std::filesystem::path& folder, std::string_view fileName,
-                                                     int scale) {
+std::vector<ImageFile> imageFilesOf(const std::filesystem::path& folder, std::string_view fileName, int scale) {
     const std::filesystem::path path = folder / std::filesystem::path(fileName).filename();
     if (path.extension() != ".svg") {
         return {{path.string(), scale}};
@@ -91,14 +82,14 @@ std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, const
         findings.push_back(contents->finding(contents->root(), "the list \"images\" is missing"));
         return nullptr;
     }
-    std::vector<UIImageRepresentation> representations;
+    std::vector<ImageFile> all;
     for (const NamedFile& file : namedFiles(*images)) {
-        for (UIImageRepresentation& drawn : representationsOf(folder, file.name, file.scale)) {
-            representations.push_back(std::move(drawn));
+        for (ImageFile& drawn : imageFilesOf(folder, file.name, file.scale)) {
+            all.push_back(std::move(drawn));
         }
     }
-    if (representations.empty()) {
+    if (all.empty()) {
         return nullptr;
     }
-    return std::make_shared<UIImage>(name, std::move(representations), renderingModeOf(contents->root()));
+    return std::make_shared<UIImage>(name, std::move(all));
 }

@@ -41,5 +41,5 @@ private:
                                                     Findings& findings);
 /// What is drawn for a file that a set names: the file itself, or for an SVG file the PNG files that the build renders
 /// beside it.
-[[nodiscard]] std::vector<UIImageRepresentation> representationsOf(const std::filesystem::path& folder,
-                                                                   std::string_view fileName, int scale);
+[[nodiscard]] std::vector<ImageFile> imageFilesOf(const std::filesystem::path& folder, std::string_view fileName,
+                                                  int scale);

@@ -115,17 +115,21 @@ void checkDocument(const std::filesystem::path& path, DocumentRole role, Finding
 
 /// Why a picture cannot be drawn; empty for a sound one, and for a drawing, which nobody reads at run time.
 std::string problemOfPNG(const std::filesystem::path& path) {
-    return path.extension() == ".svg" ? std::string() : readPNG(path.string()).error;
+    if (path.extension() == ".svg") {
+        return {};
+    }
+    const Result<Bitmap> picture = readPNG(path.string());
+    return picture ? std::string() : picture.failure().what;
 }
 
 /// What is wrong with the file that an entry names and with those that were rendered from it.
 std::vector<std::string> problemsOf(const std::filesystem::path& folder, std::string_view fileName) {
-    std::vector<UIImageRepresentation> files = representationsOf(folder, fileName, 1);
+    std::vector<ImageFile> files = imageFilesOf(folder, fileName, 1);
     if (files.size() > 1) {
         files.push_back({(folder / fileName).string(), 1}); // the drawing itself
     }
     std::vector<std::string> problems;
-    for (const UIImageRepresentation& file : files) {
+    for (const ImageFile& file : files) {
         std::error_code error;
         if (!std::filesystem::is_regular_file(file.path, error)) {
             problems.push_back("the file " + file.path + " is missing");

@@ -91,8 +91,8 @@ std::optional<Failure> savePicture(const Bitmap& picture, const fs::path& file) 
     if (file.has_parent_path()) {
         fs::create_directories(file.parent_path(), error);
     }
-    if (const std::optional<std::string> problem = writePNG(picture, file.string())) {
-        return Failure{"cannot write " + file.string() + ": " + *problem};
+    if (const std::optional<Failure> failure = writePNG(picture, file.string())) {
+        return Failure{"cannot write " + file.string() + ": " + failure->what};
     }
     return std::nullopt;
 }
@@ -106,15 +106,15 @@ std::optional<Failure> compareWithGolden(const Bitmap& actual, const fs::path& g
     if (!fs::exists(golden, error)) {
         return record(actual, golden);
     }
-    const PNGReading expected = readPNG(golden.string());
-    if (!expected.bitmap) {
-        return Failure{"cannot read " + golden.string() + ": " + expected.error};
+    const Result<Bitmap> expected = readPNG(golden.string());
+    if (!expected) {
+        return Failure{"cannot read " + golden.string() + ": " + expected.failure().what};
     }
-    const PictureDifference difference = differenceBetween(*expected.bitmap, actual);
+    const PictureDifference difference = differenceBetween(expected.value(), actual);
     if (difference.count == 0) {
         return std::nullopt;
     }
     return Failure{"the screen is not that of " + golden.string() + ": " +
-                   describe(difference, *expected.bitmap, actual) + "\n      " +
-                   leavePictures(settings.output / name, *expected.bitmap, actual, difference.picture)};
+                   describe(difference, expected.value(), actual) + "\n      " +
+                   leavePictures(settings.output / name, expected.value(), actual, difference.picture)};
 }

@@ -49,6 +49,12 @@ TEST(BitmapTest, LargeAndEmptyOnesBeginTransparent) {
     EXPECT_TRUE(Bitmap(-3, 5).pixels().empty());
 }
 
+TEST(BitmapTest, ASizeThatNoMemoryHoldsIsAFailureOrAStop) {
+    EXPECT_EQ(Bitmap::make(1 << 28, 1 << 28).failure().what, "no memory for a picture of 268435456 x 268435456 pixels");
+    EXPECT_FALSE(Bitmap::make(1 << 30, 1)) << "its rows have more bytes than an int counts";
+    EXPECT_DEATH(Bitmap(1 << 28, 1 << 28), "no memory for a picture");
+}
+
 TEST(RecentCacheTest, WhatWasNotUsedLongestGoesFirst) {
     RecentCache<int> cache(30);
     cache.insert("a", 1, 10);
@@ -56,12 +62,12 @@ TEST(RecentCacheTest, WhatWasNotUsedLongestGoesFirst) {
     cache.insert("c", 3, 10);
     ASSERT_NE(cache.find("a"), nullptr);
     cache.insert("d", 4, 15);
+    cache.insert("larger than all", 5, 31);
     EXPECT_EQ(cache.find("b"), nullptr);
     EXPECT_EQ(cache.find("c"), nullptr);
+    EXPECT_EQ(cache.find("larger than all"), nullptr);
     EXPECT_EQ(*cache.find("a"), 1);
-    EXPECT_EQ(cache.cost(), 25U);
-    cache.insert("larger than all", 5, 31);
-    EXPECT_EQ(cache.count(), 2U);
+    EXPECT_EQ(*cache.find("d"), 4);
 }
 
 } // namespace

@@ -13,8 +13,7 @@ constexpr std::uint32_t red = 0xFFFF0000;
 constexpr std::uint32_t blue = 0xFF0000FF;
 
 std::uint32_t colorTaken(ImageDecoder& decoder, const std::string& path) {
-    const PNGReading reading = decoder.take(path);
-    return reading.bitmap ? reading.bitmap->pixel(0, 0) : 0;
+    return decoder.take(path).value().pixel(0, 0);
 }
 
 TEST(ImageDecoderTest, EveryFileOfManyComesOutWhetherBegunOrNot) {
@@ -48,7 +47,7 @@ TEST(ImageDecoderTest, ABrokenFileSaysWhy) {
     ImageDecoder decoder;
     const std::string path = folder.write("a.png", "not a picture");
     decoder.begin(path);
-    EXPECT_FALSE(decoder.take(path).error.empty());
+    EXPECT_NE(decoder.take(path).failure().what, "");
 }
 
 TEST(ImageDecoderTest, MayEndBeforeItsWork) {

@@ -14,6 +14,6 @@ public:
         for (int y = 0; y < height; ++y) {
             std::fill_n(bitmap.row(y), width, pixel);
         }
-        return writePNG(bitmap, path() / name).has_value() ? "" : path() / name;
+        return writePNG(bitmap, path() / name) ? "" : path() / name;
     }
 };

@@ -1,8 +1,7 @@
 #include "platform/graphics/UIBezierPath.h"
 
 #include "platform/graphics/DrawingContext.h"
-#include "platform/graphics/RecordingCanvas.h"
-#include "platform/graphics/UIColor.h"
+#include "tests/support/RecordingCanvas.h"
 
 #include <gtest/gtest.h>
 
@@ -11,47 +10,29 @@
 
 namespace {
 
-TEST(UIBezierPathTest, KeepsItsPiecesInOrder) {
+TEST(UIBezierPathTest, DrawsItsPiecesInOrderWithItsStyleAndTheCurrentColor) {
     UIBezierPath path;
     path.moveToPoint({1, 2});
     path.addQuadCurveToPointControlPoint({5, 6}, {3, 4});
     path.addLineToPoint({7, 8});
-    const std::vector<CGPathElement> expected = {
-        {CGPathElementType::moveToPoint, {{{1, 2}}}},
-        {CGPathElementType::addQuadCurveToPoint, {{{3, 4}, {5, 6}}}},
-        {CGPathElementType::addLineToPoint, {{{7, 8}}}},
-    };
-    EXPECT_EQ(path.elements(), expected);
-    EXPECT_EQ(path.bounds(), CGRectMake(1, 2, 6, 6));
-}
-
-TEST(UIBezierPathTest, StrokesWithItsStyleAndTheCurrentColor) {
-    RecordingCanvas canvas;
-    const DrawingContext context(canvas, UIUserInterfaceStyle::light);
-    UIColor::blueColor()->set();
-    UIBezierPath path;
-    path.moveToPoint({0, 0});
-    path.addLineToPoint({10, 0});
     path.setLineWidth(40);
     path.setLineJoinStyle(CGLineJoin::round);
     path.setLineCapStyle(CGLineCap::round);
-    path.stroke();
-    path.fill();
-    EXPECT_EQ(canvas.text(), "stroke path(M 0 0 L 10 0) rgba(0 0 1 1) width 40 join round cap round\n"
-                             "fill path(M 0 0 L 10 0) rgba(0 0 1 1)\n");
-}
-
-TEST(UIBezierPathTest, DrawsNothingOutsideOfDrawing) {
-    const UIBezierPath path(CGPath::withRect(CGRectMake(0, 0, 1, 1)));
-    path.stroke();
+    path.stroke(); // outside of drawing
+    UIColor::blueColor()->set();
+    RecordingCanvas canvas;
+    const DrawingContext context(canvas, UIUserInterfaceStyle::light);
     path.fill();
     UIColor::blueColor()->set();
-    EXPECT_EQ(DrawingContext::current(), nullptr);
+    path.stroke();
+    EXPECT_EQ(canvas.text(), "fill path(M 1 2 Q 3 4, 5 6 L 7 8) rgba(0 0 0 1)\n"
+                             "stroke path(M 1 2 Q 3 4, 5 6 L 7 8) rgba(0 0 1 1) width 40 join round cap round\n");
 }
 
 TEST(CGPathTest, KnowsWhetherItIsARoundedRectangle) {
     CGPath path = CGPath::withRoundedRect(CGRectMake(0, 0, 100, 20), 50);
     EXPECT_EQ(path.asRectangle()->radius, 10) << "half its shorter side at most";
+    EXPECT_EQ(path.offsetBy(3, 4).asRectangle()->rect, CGRectMake(3, 4, 100, 20));
     path.addLineTo({20, 20});
     EXPECT_FALSE(path.asRectangle().has_value());
     EXPECT_EQ(CGPath::withRoundedRect(CGRectMake(0, 0, 100, 20), 0).elements(),

@@ -13,8 +13,7 @@ protected:
     PictureCommandsTest() { device = "320x568@1"; }
 
     [[nodiscard]] Bitmap pictureOf(const std::string& name) const {
-        PNGReading reading = readPNG((folder.path() / "out" / (name + ".png")).string());
-        return reading.bitmap ? *std::move(reading.bitmap) : Bitmap(0, 0);
+        return readPNG((folder.path() / "out" / (name + ".png")).string()).value();
     }
 };
 

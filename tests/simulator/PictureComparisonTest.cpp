@@ -46,10 +46,10 @@ TEST_F(PictureComparisonTest, ADifferenceIsNamedCountedAndLeftAsPictures) {
     actual.row(3)[0] = 0xFFFFFFFF;
     EXPECT_THAT(complaint(actual), HasSubstr("(2, 1), 2 differ in all, 10.0000 %"));
     EXPECT_TRUE(left("expected") && left("actual") && left("diff"));
-    const PNGReading difference = readPNG((folder.path() / "differences" / "screen.diff.png").string());
-    ASSERT_TRUE(difference.bitmap.has_value());
-    EXPECT_EQ(difference.bitmap->pixel(2, 1), difference.bitmap->pixel(0, 3));
-    EXPECT_NE(difference.bitmap->pixel(2, 1), difference.bitmap->pixel(0, 0));
+    const Result<Bitmap> difference = readPNG((folder.path() / "differences" / "screen.diff.png").string());
+    ASSERT_TRUE(difference);
+    EXPECT_EQ(difference.value().pixel(2, 1), difference.value().pixel(0, 3));
+    EXPECT_NE(difference.value().pixel(2, 1), difference.value().pixel(0, 0));
 }
 
 TEST_F(PictureComparisonTest, SizesThatDifferAndAGoldenThatIsNoPictureAreSaid) {

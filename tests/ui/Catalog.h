@@ -21,9 +21,7 @@ public:
         const auto found = images.find(name);
         return found == images.end() ? nullptr : found->second;
     }
-    void addImage(const std::string& name) {
-        images[name] = std::make_shared<UIImage>(name, std::vector<UIImageRepresentation>{});
-    }
+    void addImage(const std::string& name) { images[name] = std::make_shared<UIImage>(name, std::vector<ImageFile>{}); }
 
     std::map<std::string, std::shared_ptr<UIColor>, std::less<>> colors;
     std::map<std::string, std::shared_ptr<UIImage>, std::less<>> images;

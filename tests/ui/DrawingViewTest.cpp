@@ -1,10 +1,10 @@
 #include "ui/DrawingView.h"
 #include "platform/graphics/DrawingContext.h"
-#include "platform/graphics/RecordingCanvas.h"
 #include "platform/runtime/ClassBuilder.h"
 #include "platform/uikit/UIKitClasses.h"
 #include "platform/uikit/window/UITouch.h"
 #include "platform/uikit/window/UIWindow.h"
+#include "tests/support/RecordingCanvas.h"
 #include "tests/ui/Catalog.h"
 #include "ui/UiClasses.h"
 

@@ -71,7 +71,7 @@ TEST_F(UIViewLayoutTest, ATextThatWrapsPushesWhatIsBelow) {
     tie(label, {left, top}, window);
     const View box = addBelow(label);
     const CGFloat wrapped = label->intrinsicContentSizeForWidth(100).height;
-    EXPECT_GT(wrapped, 2 * label->font()->lineHeight());
+    EXPECT_GT(wrapped, 2 * (label->font()->ascender() - label->font()->descender()));
     EXPECT_EQ(laidOut(label).size.height, wrapped);
     EXPECT_EQ(box->frame().minY(), wrapped);
     label->setHidden(true);

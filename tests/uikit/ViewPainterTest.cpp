@@ -1,8 +1,8 @@
 #include "platform/uikit/window/ViewPainter.h"
 
-#include "platform/graphics/RecordingCanvas.h"
 #include "platform/uikit/controls/UIImageView.h"
 #include "platform/uikit/controls/UILabel.h"
+#include "tests/support/RecordingCanvas.h"
 #include "tests/uikit/ViewFixture.h"
 
 #include <gmock/gmock.h>
@@ -96,8 +96,8 @@ TEST_F(ViewPainterTest, OddFramesAreDrawnWithoutHarm) {
         odd->setClipsToBounds(true);
         add(std::make_shared<UILabel>(CGRectMake(0, 0, 10, 10)), odd)->setText("x");
         add(std::make_shared<UIImageView>(frame), odd)
-            ->setImage(std::make_shared<UIImage>(
-                "missing", std::vector<UIImageRepresentation>{{.path = "/nowhere.png", .scale = 1}}));
+            ->setImage(
+                std::make_shared<UIImage>("missing", std::vector<ImageFile>{{.path = "/nowhere.png", .scale = 1}}));
         static_cast<void>(painted());
         odd->removeFromSuperview();
     }

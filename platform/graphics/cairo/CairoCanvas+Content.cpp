@@ -15,22 +15,15 @@ namespace {
 /// Larger images are scaled to this at most and stretched from there; in pixels a side.
 constexpr int longestScaledSide = 2048;
 
-cairo_surface_t* surfaceOf(const Bitmap& bitmap) {
-    // Cairo only reads from it: it is never a target.
-    auto* pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(bitmap.row(0)));
-    return cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, bitmap.width(), bitmap.height(),
-                                               bitmap.stride());
-}
-
 int pixelsFor(CGFloat length) {
     return static_cast<int>(std::clamp<CGFloat>(device::snap(length), 1, longestScaledSide));
 }
 
 } // namespace
 
-void CairoCanvas::drawImage(const UIImage& image, const CGRect& rect, const std::optional<RGBA>& tint) {
+void CairoCanvas::drawImage(const UIImage& image, const CGRect& rect) {
     const std::optional<CGRect> bounds = deviceBounds(rect);
-    const UIImageRepresentation* file = image.representationForScale(scale());
+    const ImageFile* file = image.fileForScale(m_scale);
     if (!bounds.has_value() || rect.isEmpty() || file == nullptr || !overlapsClip(*bounds)) {
         return;
     }
@@ -40,39 +33,29 @@ void CairoCanvas::drawImage(const UIImage& image, const CGRect& rect, const std:
     if (pixels == nullptr) {
         return;
     }
-    cairo_surface_t* surface = surfaceOf(*pixels);
+    cairo_surface_t* surface = surfaceOver(*pixels);
     paint(bounds->insetBy(-1, -1), [&] {
         cairo_save(m_context.get());
         placeImage(rect, *pixels);
-        paintImage(surface, tint);
+        cairo_set_source_surface(m_context.get(), surface, 0, 0);
+        cairo_paint(m_context.get());
         cairo_restore(m_context.get());
     });
     cairo_surface_destroy(surface);
 }
 
-/// Makes one unit one pixel of the image: on whole pixels of the device when it is upright there and fits.
+/// Makes one unit one pixel of the image: on whole pixels of the device when the image has as many as its place there.
 void CairoCanvas::placeImage(const CGRect& rect, const Bitmap& pixels) {
     const CGRect box = toDevice(rect);
-    if (transform().isUpright() && pixelsFor(box.size.width) == device::snap(box.size.width) &&
-        pixelsFor(box.size.height) == device::snap(box.size.height)) {
+    if (pixels.width() == device::snap(box.size.width) && pixels.height() == device::snap(box.size.height)) {
         cairo_translate(m_context.get(), device::snap(box.minX()), device::snap(box.minY()));
         return;
     }
-    const CGAffineTransform& t = transform();
-    const cairo_matrix_t matrix{t.a, t.b, t.c, t.d, t.tx, t.ty};
-    cairo_set_matrix(m_context.get(), &matrix);
+    const CGPoint origin = m_states.back().origin;
+    cairo_translate(m_context.get(), origin.x, origin.y);
+    cairo_scale(m_context.get(), m_scale, m_scale);
     cairo_translate(m_context.get(), rect.minX(), rect.minY());
     cairo_scale(m_context.get(), rect.size.width / pixels.width(), rect.size.height / pixels.height());
-}
-
-void CairoCanvas::paintImage(_cairo_surface* surface, const std::optional<RGBA>& tint) {
-    if (tint.has_value()) {
-        setColor(*tint);
-        cairo_mask_surface(m_context.get(), surface, 0, 0);
-    } else {
-        cairo_set_source_surface(m_context.get(), surface, 0, 0);
-        cairo_paint(m_context.get());
-    }
 }
 
 void CairoCanvas::drawText(const TextLayout& layout, CGPoint origin, const RGBA& color) {
@@ -91,9 +74,8 @@ void CairoCanvas::drawText(const TextLayout& layout, CGPoint origin, const RGBA&
 }
 
 void CairoCanvas::drawLine(const TextLine& line, CGPoint origin, const RGBA& color) {
-    const CGAffineTransform& t = transform();
-    const CGPoint place = t.apply({origin.x + line.x, origin.y + line.baseline});
-    const cairo_matrix_t matrix{t.a, t.b, t.c, t.d, device::grid(place.x), device::snap(place.y)};
+    const CGPoint place = toDevice(CGPoint{origin.x + line.x, origin.y + line.baseline});
+    const cairo_matrix_t matrix{m_scale, 0, 0, m_scale, device::grid(place.x), device::snap(place.y)};
     cairo_set_matrix(m_context.get(), &matrix);
     cairo_move_to(m_context.get(), 0, 0);
     setColor(color);

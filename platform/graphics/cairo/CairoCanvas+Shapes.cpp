@@ -1,7 +1,6 @@
-// Filling and stroking paths, and the shadows they cast.
+// Paths and the shadows they cast.
 #include "platform/graphics/cairo/CairoCanvas.h"
 
-#include "platform/graphics/cairo/Blur.h"
 #include "platform/graphics/cairo/DeviceGrid.h"
 
 #include <cairo.h>
@@ -10,8 +9,6 @@
 #include <cmath>
 
 namespace {
-
-constexpr CGFloat largestBlur = 100;
 
 /// The whole pixels that a rounded rectangle surely covers from side to side; empty when there are none.
 CGRect coveredBand(const CGRect& rect, CGFloat radius) {
@@ -41,15 +38,15 @@ void CairoCanvas::fillPath(const CGPath& path, const RGBA& color) {
 /// What a rounded rectangle on whole pixels comes to where the clip holds none of its corners: a plain one gives the
 /// same pixels at a fraction of the cost. This is most of what scrolling fills.
 std::optional<CGRect> CairoCanvas::withoutCorners(const CGPath& path) const {
-    const std::optional<CGRoundedRect>& shape = path.asRectangle();
-    if (!shape.has_value() || !(shape->radius > 0) || !transform().isUpright()) {
+    const std::optional<RoundedRect>& shape = path.asRectangle();
+    if (!shape.has_value() || !(shape->radius > 0)) {
         return std::nullopt;
     }
     const CGRect box = toDevice(shape->rect);
     const CGRect pixels = device::snap(box);
     const bool onPixels = device::grid(box.minX()) == pixels.minX() && device::grid(box.maxX()) == pixels.maxX() &&
                           device::grid(box.minY()) == pixels.minY() && device::grid(box.maxY()) == pixels.maxY();
-    if (!onPixels || touchesCorner({pixels, shape->radius * std::max(transform().a, transform().d)}, clipBounds())) {
+    if (!onPixels || touchesCorner({pixels, shape->radius * m_scale}, clipBounds())) {
         return std::nullopt;
     }
     return pixels;
@@ -70,38 +67,27 @@ void CairoCanvas::strokePath(const CGPath& path, const RGBA& color, const Stroke
         cairo_set_line_width(context, style.width);
         cairo_set_line_join(context, joins[static_cast<int>(style.join)]);
         cairo_set_line_cap(context, caps[static_cast<int>(style.cap)]);
-        const CGAffineTransform& t = transform();
-        const cairo_matrix_t pen{t.a, t.b, t.c, t.d, 0, 0};
-        cairo_set_matrix(context, &pen);
+        cairo_scale(context, m_scale, m_scale); // the path is in pixels, the pen in points
         cairo_stroke(context);
         cairo_identity_matrix(context);
     });
 }
 
-void CairoCanvas::drawShadow(const CGPath& path, const Shadow& shadow) {
-    const CGFloat sigma = std::min(shadow.radius * transform().a, largestBlur);
-    const CGPath moved = path.offsetBy(shadow.offset.width, shadow.offset.height);
-    const std::optional<CGRect> bounds = deviceBounds(moved.boundingBox());
-    if (!bounds.has_value() || !(shadow.color.alpha > 0)) {
+void CairoCanvas::drawShadow(const CGPath& path, const RGBA& color, CGSize offset) {
+    const CGPath moved = path.offsetBy(offset.width, offset.height);
+    if (!deviceBounds(moved.boundingBox()).has_value()) {
         return;
     }
     cairo_save(m_context.get());
-    if (path.asRectangle().has_value() && transform().isUpright()) {
+    if (path.asRectangle().has_value()) {
         excludeCovered(*path.asRectangle());
     }
-    if (sigma > 0) {
-        paint(bounds->insetBy(-3 * sigma, -3 * sigma), [&] {
-            setColor(shadow.color);
-            fillBlurred(moved, sigma);
-        });
-    } else {
-        fillPath(moved, shadow.color);
-    }
+    fillPath(moved, color);
     cairo_restore(m_context.get());
 }
 
-void CairoCanvas::excludeCovered(const CGRoundedRect& shape) {
-    const CGRect band = coveredBand(toDevice(shape.rect), shape.radius * transform().a);
+void CairoCanvas::excludeCovered(const RoundedRect& shape) {
+    const CGRect band = coveredBand(toDevice(shape.rect), shape.radius * m_scale);
     if (band.isEmpty()) {
         return;
     }
@@ -111,32 +97,4 @@ void CairoCanvas::excludeCovered(const CGRoundedRect& shape) {
     cairo_set_fill_rule(m_context.get(), CAIRO_FILL_RULE_EVEN_ODD);
     cairo_clip(m_context.get());
     cairo_set_fill_rule(m_context.get(), CAIRO_FILL_RULE_WINDING);
-}
-
-/// The mask is only as large as what can be seen of it, with room for what blurs in from outside.
-void CairoCanvas::fillBlurred(const CGPath& path, CGFloat sigma) {
-    const CGFloat reach = std::ceil(3 * sigma);
-    const CGRect shape = device::snap(toDevice(path.boundingBox())).insetBy(-reach - 1, -reach - 1);
-    const CGRect box = device::snap(clipBounds().insetBy(-reach, -reach).intersection(shape));
-    if (box.isEmpty()) {
-        return;
-    }
-    cairo_t* target = m_context.get();
-    cairo_surface_t* mask = cairo_image_surface_create(CAIRO_FORMAT_A8, static_cast<int>(box.size.width),
-                                                       static_cast<int>(box.size.height));
-    cairo_surface_set_device_offset(mask, -box.minX(), -box.minY());
-    cairo_t* context = cairo_create(mask);
-    addPath(path);
-    cairo_path_t* outline = cairo_copy_path(target);
-    cairo_new_path(target);
-    cairo_append_path(context, outline);
-    cairo_path_destroy(outline);
-    cairo_fill(context);
-    cairo_destroy(context);
-    cairo_surface_flush(mask);
-    blur(cairo_image_surface_get_data(mask), cairo_image_surface_get_width(mask), cairo_image_surface_get_height(mask),
-         cairo_image_surface_get_stride(mask), sigma);
-    cairo_surface_mark_dirty(mask);
-    cairo_mask_surface(target, mask, 0, 0);
-    cairo_surface_destroy(mask);
 }

@@ -1,6 +1,7 @@
 #include "platform/graphics/cairo/CairoCanvas.h"
 
 #include "platform/graphics/cairo/DeviceGrid.h"
+#include "platform/graphics/cairo/ScaledImages.h"
 
 #include <cairo.h>
 
@@ -28,7 +29,8 @@ bool overlap(const CGRect& one, const CGRect& other) {
 /// Puts a path into Cairo point by point; Cairo itself knows only cubic curves.
 class PathWriter {
 public:
-    PathWriter(cairo_t* context, const CGAffineTransform& transform) : m_context(context), m_transform(transform) {}
+    PathWriter(cairo_t* context, CGFloat scale, CGPoint origin)
+        : m_context(context), m_scale(scale), m_origin(origin) {}
 
     void write(const CGPathElement& element) {
         const CGPoint a = place(element.points[0]);
@@ -61,8 +63,7 @@ public:
 
 private:
     [[nodiscard]] CGPoint place(CGPoint point) const {
-        const CGPoint there = m_transform.apply(point);
-        return {device::grid(there.x), device::grid(there.y)};
+        return {device::grid(m_scale * point.x + m_origin.x), device::grid(m_scale * point.y + m_origin.y)};
     }
     void curve(CGPoint control1, CGPoint control2, CGPoint end) {
         cairo_curve_to(m_context, control1.x, control1.y, control2.x, control2.y, end.x, end.y);
@@ -74,14 +75,15 @@ private:
     }
 
     cairo_t* m_context;
-    CGAffineTransform m_transform;
+    CGFloat m_scale;
+    CGPoint m_origin;
     bool m_begun = false; // until then there is neither a start nor a current point
     CGPoint m_start;
     CGPoint m_current;
 };
 
-void writePath(cairo_t* context, const CGPath& path, const CGAffineTransform& transform) {
-    PathWriter writer(context, transform);
+void writePath(cairo_t* context, const CGPath& path, CGFloat scale, CGPoint origin) {
+    PathWriter writer(context, scale, origin);
     for (const CGPathElement& element : path.elements()) {
         writer.write(element);
     }
@@ -93,14 +95,11 @@ void CairoCanvas::Release::operator()(_cairo* context) const {
     cairo_destroy(context);
 }
 
-CairoCanvas::CairoCanvas(Bitmap& bitmap, CGFloat scale) : Canvas(scale) {
-    cairo_surface_t* surface =
-        cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(bitmap.row(0)), CAIRO_FORMAT_ARGB32,
-                                            bitmap.width(), bitmap.height(), bitmap.stride());
+CairoCanvas::CairoCanvas(Bitmap& bitmap, CGFloat scale) : m_scale(scale), m_states(1) {
+    cairo_surface_t* surface = surfaceOver(bitmap);
     m_context.reset(cairo_create(surface));
     cairo_surface_destroy(surface); // the context holds it
     cairo_set_antialias(m_context.get(), CAIRO_ANTIALIAS_GRAY);
-    m_states.push_back({.transform = CGAffineTransform::scaling(scale, scale)});
 }
 
 CairoCanvas::~CairoCanvas() = default;
@@ -108,21 +107,12 @@ CairoCanvas::~CairoCanvas() = default;
 void CairoCanvas::save() {
     cairo_save(m_context.get());
     m_states.push_back(m_states.back());
-    m_states.back().isGroup = false;
+    m_states.back().groupAlpha.reset();
 }
 
 void CairoCanvas::beginGroup(CGFloat alpha) {
     save();
-    if (alpha >= 1) {
-        return;
-    }
-    if (!(alpha > 0)) {
-        cairo_rectangle(m_context.get(), 0, 0, 0, 0);
-        cairo_clip(m_context.get());
-        return;
-    }
     cairo_push_group(m_context.get());
-    m_states.back().isGroup = true;
     m_states.back().groupAlpha = alpha;
 }
 
@@ -133,27 +123,27 @@ void CairoCanvas::restore() {
     const State ended = m_states.back();
     m_states.pop_back();
     m_roundedClips.resize(m_states.back().roundedClips);
-    if (ended.isGroup) {
+    if (ended.groupAlpha.has_value()) {
         cairo_pop_group_to_source(m_context.get());
-        cairo_paint_with_alpha(m_context.get(), ended.groupAlpha);
+        cairo_paint_with_alpha(m_context.get(), *ended.groupAlpha);
     }
     cairo_restore(m_context.get());
 }
 
-void CairoCanvas::concatenate(const CGAffineTransform& inner) {
-    m_states.back().transform = inner.then(m_states.back().transform);
+void CairoCanvas::translate(CGFloat dx, CGFloat dy) {
+    m_states.back().origin = toDevice(CGPoint{dx, dy});
 }
 
 void CairoCanvas::clip(const CGPath& path) {
-    const std::optional<CGRoundedRect>& shape = path.asRectangle();
+    const std::optional<RoundedRect>& shape = path.asRectangle();
     const std::optional<CGRect> bounds = deviceBounds(path.boundingBox());
     if (!bounds.has_value()) {
         cairo_rectangle(m_context.get(), 0, 0, 0, 0);
-    } else if (shape.has_value() && transform().isUpright()) {
+    } else if (shape.has_value()) {
         const CGRect box = device::snap(*bounds);
         cairo_rectangle(m_context.get(), box.minX(), box.minY(), box.size.width, box.size.height);
         if (shape->radius > 0) {
-            m_roundedClips.push_back({box, shape->radius * transform().a});
+            m_roundedClips.push_back({box, shape->radius * m_scale});
             m_states.back().roundedClips = m_roundedClips.size();
         }
     } else {
@@ -162,14 +152,15 @@ void CairoCanvas::clip(const CGPath& path) {
     cairo_clip(m_context.get());
 }
 
+CGPoint CairoCanvas::toDevice(CGPoint point) const {
+    const CGPoint origin = m_states.back().origin;
+    return {m_scale * point.x + origin.x, m_scale * point.y + origin.y};
+}
+
 CGRect CairoCanvas::toDevice(const CGRect& rect) const {
-    const CGPoint a = transform().apply(rect.origin);
-    const CGPoint b = transform().apply({rect.maxX(), rect.minY()});
-    const CGPoint c = transform().apply({rect.minX(), rect.maxY()});
-    const CGPoint d = transform().apply({rect.maxX(), rect.maxY()});
-    const auto [left, right] = std::minmax({a.x, b.x, c.x, d.x});
-    const auto [top, bottom] = std::minmax({a.y, b.y, c.y, d.y});
-    return CGRectMake(left, top, right - left, bottom - top);
+    const CGPoint start = toDevice(rect.origin);
+    const CGPoint end = toDevice(CGPoint{rect.maxX(), rect.maxY()});
+    return CGRectMake(start.x, start.y, end.x - start.x, end.y - start.y);
 }
 
 std::optional<CGRect> CairoCanvas::deviceBounds(const CGRect& rect) const {
@@ -184,19 +175,19 @@ void CairoCanvas::setColor(const RGBA& color) {
 }
 
 void CairoCanvas::addPath(const CGPath& path) {
-    writePath(m_context.get(), path, transform());
+    writePath(m_context.get(), path, m_scale, m_states.back().origin);
 }
 
 void CairoCanvas::paint(const CGRect& bounds, const std::function<void()>& draw) {
-    const auto touched = [&bounds](const CGRoundedRect& shape) { return touchesCorner(shape, bounds); };
+    const auto touched = [&bounds](const RoundedRect& shape) { return touchesCorner(shape, bounds); };
     if (std::none_of(m_roundedClips.begin(), m_roundedClips.end(), touched)) {
         draw();
         return;
     }
     cairo_save(m_context.get());
-    for (const CGRoundedRect& shape : m_roundedClips) {
+    for (const RoundedRect& shape : m_roundedClips) {
         if (touched(shape)) {
-            writePath(m_context.get(), CGPath::withRoundedRect(shape.rect, shape.radius), {});
+            writePath(m_context.get(), CGPath::withRoundedRect(shape.rect, shape.radius), 1, {});
             cairo_clip(m_context.get());
         }
     }
@@ -204,7 +195,7 @@ void CairoCanvas::paint(const CGRect& bounds, const std::function<void()>& draw)
     cairo_restore(m_context.get());
 }
 
-bool CairoCanvas::touchesCorner(const CGRoundedRect& shape, const CGRect& bounds) {
+bool CairoCanvas::touchesCorner(const RoundedRect& shape, const CGRect& bounds) {
     const CGFloat r = shape.radius;
     const CGRect& rect = shape.rect;
     return overlap(CGRectMake(rect.minX(), rect.minY(), r, r), bounds) ||

@@ -5,10 +5,10 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 struct _cairo;
-struct _cairo_surface;
 struct TextLine;
 
 /// Draws into a bitmap with Cairo, greyscale antialiased, the same pixels at every run. Text baselines, images and
@@ -16,25 +16,25 @@ struct TextLine;
 /// What has no finite place is not drawn. The bitmap must outlive the canvas.
 class CairoCanvas : public Canvas {
 public:
+    /// `scale` in device pixels a point.
     CairoCanvas(Bitmap& bitmap, CGFloat scale);
     ~CairoCanvas() override;
 
     void save() override;
     void beginGroup(CGFloat alpha) override;
     void restore() override;
-    void concatenate(const CGAffineTransform& transform) override;
+    void translate(CGFloat dx, CGFloat dy) override;
     void clip(const CGPath& path) override;
     void fillPath(const CGPath& path, const RGBA& color) override;
     void strokePath(const CGPath& path, const RGBA& color, const StrokeStyle& style) override;
-    void drawShadow(const CGPath& path, const Shadow& shadow) override;
-    void drawImage(const UIImage& image, const CGRect& rect, const std::optional<RGBA>& tint) override;
+    void drawShadow(const CGPath& path, const RGBA& color, CGSize offset) override;
+    void drawImage(const UIImage& image, const CGRect& rect) override;
     void drawText(const TextLayout& layout, CGPoint origin, const RGBA& color) override;
 
 private:
     struct State {
-        CGAffineTransform transform;
-        bool isGroup = false;
-        CGFloat groupAlpha = 1;
+        CGPoint origin; // of the points, in pixels
+        std::optional<CGFloat> groupAlpha;
         /// How many of the rounded clips are in force.
         std::size_t roundedClips = 0;
     };
@@ -42,26 +42,25 @@ private:
         void operator()(_cairo* context) const;
     };
 
-    [[nodiscard]] const CGAffineTransform& transform() const { return m_states.back().transform; }
+    [[nodiscard]] CGPoint toDevice(CGPoint point) const;
     [[nodiscard]] CGRect toDevice(const CGRect& rect) const;
     /// Absent when a coordinate is not a number or out of reach.
     [[nodiscard]] std::optional<CGRect> deviceBounds(const CGRect& rect) const;
     void setColor(const RGBA& color);
     void addPath(const CGPath& path);
     [[nodiscard]] std::optional<CGRect> withoutCorners(const CGPath& path) const;
-    [[nodiscard]] static bool touchesCorner(const CGRoundedRect& shape, const CGRect& bounds);
+    [[nodiscard]] static bool touchesCorner(const RoundedRect& shape, const CGRect& bounds);
     /// Calls `draw` under those rounded clips whose corners its bounds (in pixels) touch.
     void paint(const CGRect& bounds, const std::function<void()>& draw);
     [[nodiscard]] CGRect clipBounds() const;
-    void excludeCovered(const CGRoundedRect& shape);
-    void fillBlurred(const CGPath& path, CGFloat sigma);
+    void excludeCovered(const RoundedRect& shape);
     [[nodiscard]] bool overlapsClip(const CGRect& bounds) const;
     void placeImage(const CGRect& rect, const Bitmap& pixels);
-    void paintImage(_cairo_surface* surface, const std::optional<RGBA>& tint);
     void drawLine(const TextLine& line, CGPoint origin, const RGBA& color);
 
+    CGFloat m_scale;
     std::unique_ptr<_cairo, Release> m_context;
     std::vector<State> m_states;
     /// In pixels. Cairo clips to their boxes; their corners are clipped only where something is drawn on them.
-    std::vector<CGRoundedRect> m_roundedClips;
+    std::vector<RoundedRect> m_roundedClips;
 };

@@ -11,15 +11,10 @@ namespace {
 /// What an entry costs beside its pixels.
 constexpr std::size_t entryBytes = 256;
 
-cairo_surface_t* surfaceOf(Bitmap& bitmap) {
-    return cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(bitmap.row(0)), CAIRO_FORMAT_ARGB32,
-                                               bitmap.width(), bitmap.height(), bitmap.stride());
-}
-
-Bitmap scaled(Bitmap& source, int width, int height) {
+Bitmap scaled(const Bitmap& source, int width, int height) {
     Bitmap result(width, height);
-    cairo_surface_t* from = surfaceOf(source);
-    cairo_surface_t* to = surfaceOf(result);
+    cairo_surface_t* from = surfaceOver(source);
+    cairo_surface_t* to = surfaceOver(result);
     cairo_t* context = cairo_create(to);
     cairo_scale(context, static_cast<double>(width) / source.width(), static_cast<double>(height) / source.height());
     cairo_set_source_surface(context, from, 0, 0);
@@ -34,17 +29,21 @@ Bitmap scaled(Bitmap& source, int width, int height) {
 }
 
 std::shared_ptr<const Bitmap> load(const std::string& path, int width, int height) {
-    PNGReading reading = ImageDecoder::shared().take(path);
-    if (!reading.bitmap.has_value()) {
+    Result<Bitmap> picture = ImageDecoder::shared().take(path);
+    if (!picture) {
         return nullptr;
     }
-    if (reading.bitmap->width() == width && reading.bitmap->height() == height) {
-        return std::make_shared<const Bitmap>(std::move(*reading.bitmap));
-    }
-    return std::make_shared<const Bitmap>(scaled(*reading.bitmap, width, height));
+    const bool fits = picture.value().width() == width && picture.value().height() == height;
+    return std::make_shared<const Bitmap>(fits ? std::move(picture).value() : scaled(picture.value(), width, height));
 }
 
 } // namespace
+
+cairo_surface_t* surfaceOver(const Bitmap& bitmap) {
+    auto* pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(bitmap.row(0)));
+    return cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, bitmap.width(), bitmap.height(),
+                                               bitmap.stride());
+}
 
 ScaledImages& ScaledImages::shared() {
     static ScaledImages images;

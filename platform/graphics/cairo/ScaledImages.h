@@ -6,6 +6,11 @@
 #include <memory>
 #include <string>
 
+struct _cairo_surface;
+
+/// Cairo's view of a bitmap's own pixels; the caller destroys it before the bitmap. A const bitmap is only read from.
+[[nodiscard]] _cairo_surface* surfaceOver(const Bitmap& bitmap);
+
 /// The pictures that were drawn last, decoded and scaled to the pixels they cover on the device, 24 MB at most. A file
 /// that cannot be read is remembered as nothing. One for the process, main thread only.
 class ScaledImages {
@@ -14,10 +19,7 @@ public:
 
     /// Null when the file cannot be read.
     [[nodiscard]] std::shared_ptr<const Bitmap> find(const std::string& path, int width, int height);
-    [[nodiscard]] std::size_t bytes() const { return m_kept.cost(); }
-
-    static constexpr std::size_t capacity = std::size_t{24} << 20;
 
 private:
-    RecentCache<std::shared_ptr<const Bitmap>> m_kept{capacity};
+    RecentCache<std::shared_ptr<const Bitmap>> m_kept{std::size_t{24} << 20};
 };

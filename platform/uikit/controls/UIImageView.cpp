@@ -104,5 +104,5 @@ void UIImageView::drawRect(const CGRect& rect) {
     if (context == nullptr || !(size.width > 0 && size.height > 0)) {
         return;
     }
-    context->canvas().drawImage(*m_image, imageRect(size, bounds(), contentMode()), std::nullopt);
+    context->canvas().drawImage(*m_image, imageRect(size, bounds(), contentMode()));
 }

@@ -9,7 +9,6 @@
 namespace {
 
 constexpr CGFloat defaultFontSize = 17;
-constexpr std::size_t keptLayouts = 4;
 constexpr CGFloat roundingRoom = 0.5; // frames stand on device pixels, text heights do not
 
 std::shared_ptr<UIFont> orDefault(const std::shared_ptr<UIFont>& font) {
@@ -94,7 +93,6 @@ void UILabel::setTextColor(const std::shared_ptr<UIColor>& color) {
 void UILabel::setTextAlignment(NSTextAlignment alignment) {
     if (m_alignment != alignment) {
         m_alignment = alignment;
-        m_layouts.clear();
         setNeedsDisplay();
     }
 }
@@ -107,7 +105,6 @@ void UILabel::setNumberOfLines(int lines) {
 }
 
 void UILabel::contentChanged() {
-    m_layouts.clear();
     invalidateIntrinsicContentSize();
     setNeedsDisplay();
 }
@@ -141,13 +138,12 @@ std::optional<CGFloat> UILabel::lastBaseline(CGSize size) const {
 }
 
 TextRequest UILabel::textRequest(std::optional<CGFloat> width) const {
-    TextRequest request;
-    request.text = *m_text;
-    request.font = m_font;
-    request.alignment = m_alignment;
-    request.lineBreakMode = m_lineBreakMode;
-    request.maximumLines = m_numberOfLines;
-    request.width = width;
+    TextRequest request{.text = *m_text,
+                        .font = m_font,
+                        .alignment = m_alignment,
+                        .lineBreakMode = m_lineBreakMode,
+                        .maximumLines = m_numberOfLines,
+                        .width = width};
     const std::optional<NSParagraphStyle> style = m_attributed ? m_attributed->paragraphStyleAt(0) : std::nullopt;
     if (style) {
         request.alignment = style->alignment;
@@ -157,19 +153,7 @@ TextRequest UILabel::textRequest(std::optional<CGFloat> width) const {
 }
 
 std::shared_ptr<const TextLayout> UILabel::textLayout(std::optional<CGFloat> width) const {
-    if (!m_text || m_text->empty()) {
-        return nullptr;
-    }
-    for (const LaidOut& known : m_layouts) {
-        if (known.width == width) {
-            return known.layout;
-        }
-    }
-    if (m_layouts.size() == keptLayouts) {
-        m_layouts.erase(m_layouts.begin());
-    }
-    m_layouts.push_back({width, TextLayout::make(textRequest(width))});
-    return m_layouts.back().layout;
+    return !m_text || m_text->empty() ? nullptr : TextLayout::make(textRequest(width));
 }
 
 // Drawing.

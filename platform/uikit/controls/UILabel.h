@@ -36,7 +36,7 @@ public:
     [[nodiscard]] CGSize intrinsicContentSizeForWidth(CGFloat width) const override;
     [[nodiscard]] std::optional<CGFloat> firstBaseline(CGSize size) const override;
     [[nodiscard]] std::optional<CGFloat> lastBaseline(CGSize size) const override;
-    /// The text laid out for a width (absent = unbounded); the last few are kept. Null without text.
+    /// The text laid out for a width (absent = unbounded). Null without text.
     [[nodiscard]] std::shared_ptr<const TextLayout> textLayout(std::optional<CGFloat> width) const;
     /// The text as it is drawn in a box of that size: with fewer lines where its height does not hold all. Null without
     /// text.
@@ -55,9 +55,4 @@ private:
     NSTextAlignment m_alignment = NSTextAlignment::natural;
     NSLineBreakMode m_lineBreakMode = NSLineBreakMode::byTruncatingTail;
     int m_numberOfLines = 1;
-    struct LaidOut {
-        std::optional<CGFloat> width;
-        std::shared_ptr<const TextLayout> layout;
-    };
-    mutable std::vector<LaidOut> m_layouts;
 };

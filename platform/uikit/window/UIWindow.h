@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/graphics/UIUserInterfaceStyle.h"
+#include "platform/graphics/UIColor.h"
 #include "platform/uikit/view/UIView.h"
 #include "platform/uikit/window/ScrollMove.h"
 #include "platform/uikit/window/UITouch.h"

@@ -78,8 +78,7 @@ void ViewPainter::paintShadow(const UIView& view) {
     }
     RGBA color = layer.shadowColor()->resolved(m_style);
     color.alpha *= static_cast<CGFloat>(layer.shadowOpacity());
-    m_canvas.drawShadow(CGPath::withRoundedRect(view.bounds(), effectiveRadius(view)),
-                        {.color = color, .offset = layer.shadowOffset(), .radius = 0});
+    m_canvas.drawShadow(CGPath::withRoundedRect(view.bounds(), effectiveRadius(view)), color, layer.shadowOffset());
 }
 
 void ViewPainter::paintBackground(const UIView& view) {

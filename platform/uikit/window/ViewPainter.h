@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/foundation/Geometry.h"
-#include "platform/graphics/UIUserInterfaceStyle.h"
+#include "platform/graphics/UIColor.h"
 
 #include <cstddef>
 #include <optional>

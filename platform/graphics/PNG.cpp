@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
+#include <new>
 
 namespace {
 
@@ -56,12 +57,16 @@ void writeRow(const Bitmap& bitmap, int y, bool opaque, std::vector<std::uint8_t
 
 void append(png_structp png, png_bytep data, std::size_t length) {
     auto* file = static_cast<std::vector<std::uint8_t>*>(png_get_io_ptr(png));
-    file->insert(file->end(), data, data + length);
+    try {
+        file->insert(file->end(), data, data + length);
+    } catch (const std::bad_alloc&) {
+        png_error(png, "no memory for the file"); // libpng is no place to throw through
+    }
 }
 
 void flushNothing(png_structp) {}
 
-/// Writing to memory fails for no reason that a caller could mend.
+/// Writing to memory fails for no reason that a caller could mend; libpng wants no return.
 [[noreturn]] void stop(png_structp, png_const_charp message) {
     fatalError(std::string("PNG encoder: ") + message);
 }

@@ -33,7 +33,7 @@ struct TextRequest {
 };
 
 /// Text broken into lines, measured and ready to draw at any scale; immutable, shared by whoever shows it. Lines have
-/// the height of the font, also where another script or an emoji stands, unless its glyphs need more.
+/// the height of the font, also where another script or an emoji stands.
 class TextLayout {
     /// Only `make` has one.
     struct Key {

@@ -17,8 +17,6 @@ constexpr std::size_t usualPiece = 512;
 constexpr std::size_t longestLine = 4096;
 /// Wider boxes, in points, count as unbounded: Pango measures in 1/1024 of a point in an int.
 constexpr CGFloat widestBox = 1'000'000;
-/// How far, in ems, glyphs may stand out of a line before the line grows. Emoji and plain accents stay inside.
-constexpr CGFloat tolerance = 0.15;
 constexpr std::string_view leftToRightMark = "\u200E";
 constexpr std::string_view rightToLeftMark = "\u200F";
 constexpr std::string_view ellipsis = "…";
@@ -128,7 +126,7 @@ void LineBreaker::breakPiece() {
         addLine(static_cast<PangoLayoutLine*>(line->data));
     }
     m_result->owners.push_back(std::move(layout));
-    m_done = line == nullptr ? isLast : linesLeft() == 0;
+    m_done = linesLeft() == 0 || (line == nullptr && isLast);
     m_position += line == nullptr
                       ? piece.size()
                       : static_cast<std::size_t>(static_cast<PangoLayoutLine*>(line->data)->start_index) - markLength;
@@ -193,17 +191,11 @@ LineBreaker::Owner LineBreaker::makeLayout(std::string_view text) const {
 }
 
 void LineBreaker::addLine(PangoLayoutLine* glyphs) {
-    PangoRectangle ink;
     PangoRectangle logical;
-    pango_layout_line_get_extents(glyphs, &ink, &logical);
-    const auto grown = [this](CGFloat usual, CGFloat needed) {
-        return needed > usual + tolerance * m_font.pointSize() ? needed : usual;
-    };
+    pango_layout_line_get_extents(glyphs, nullptr, &logical);
     TextLine line;
     line.glyphs = glyphs;
     line.width = points(logical.width);
-    line.ascent = grown(m_font.ascender(), points(-ink.y));
-    line.descent = grown(-m_font.descender(), points(ink.y + ink.height));
     line.rightToLeft = pango_layout_line_get_resolved_direction(glyphs) == PANGO_DIRECTION_RTL;
     m_result->lines.push_back(line);
 }
@@ -214,14 +206,16 @@ void LineBreaker::place() {
         widest = std::max(widest, line.width);
     }
     const CGFloat box = m_width.value_or(widest);
+    m_result->ascent = m_font.ascender();
+    m_result->descent = -m_font.descender();
     CGFloat y = 0;
     for (TextLine& line : m_result->lines) {
         const CGFloat room = std::max(0.0, box - line.width);
         const bool right = m_request.alignment == NSTextAlignment::right ||
                            (line.rightToLeft && m_request.alignment >= NSTextAlignment::justified);
         line.x = right ? room : m_request.alignment == NSTextAlignment::center ? room / 2 : 0;
-        line.baseline = y + line.ascent;
-        y += line.ascent + line.descent + m_request.lineSpacing;
+        line.baseline = y + m_result->ascent;
+        y += m_result->ascent + m_result->descent + m_request.lineSpacing;
     }
     m_result->size = {std::min(widest, box), std::max(0.0, y - m_request.lineSpacing)};
 }

@@ -15,8 +15,6 @@ struct TextLine {
     _PangoLayoutLine* glyphs = nullptr;
     CGFloat x = 0;
     CGFloat baseline = 0;
-    CGFloat ascent = 0;
-    CGFloat descent = 0;
     CGFloat width = 0;
     bool rightToLeft = false;
 };
@@ -31,6 +29,9 @@ struct TextLayout::Lines {
     std::vector<TextLine> lines;
     std::vector<Owner> owners;
     CGSize size;
+    /// Of every line.
+    CGFloat ascent = 0;
+    CGFloat descent = 0;
 };
 
 /// Breaks a text a piece at a time, so that the work grows with the lines that are wanted and not with the text, also

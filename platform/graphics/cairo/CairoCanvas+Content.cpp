@@ -62,10 +62,10 @@ void CairoCanvas::drawText(const TextLayout& layout, CGPoint origin, const RGBA&
     if (!(color.alpha > 0) || !deviceBounds({origin, layout.size()}).has_value()) {
         return;
     }
-    for (const TextLine& line : layout.lines().lines) {
-        // Glyphs may stand out of their line; a line's height on every side is more than they do.
-        const CGFloat room = line.ascent + line.descent;
-        const CGRect box = CGRectMake(origin.x + line.x, origin.y + line.baseline - line.ascent, line.width, room);
+    const TextLayout::Lines& text = layout.lines();
+    const CGFloat room = text.ascent + text.descent; // glyphs may stand out of their line, but by less than its height
+    for (const TextLine& line : text.lines) {
+        const CGRect box = CGRectMake(origin.x + line.x, origin.y + line.baseline - text.ascent, line.width, room);
         const CGRect bounds = toDevice(box.insetBy(-room, -room));
         if (overlapsClip(bounds)) {
             paint(toDevice(box), [&] { drawLine(line, origin, color); });

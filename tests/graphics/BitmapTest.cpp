@@ -1,7 +1,5 @@
 #include "platform/graphics/Bitmap.h"
 
-#include "platform/graphics/RecentCache.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -42,32 +40,14 @@ TEST(BitmapTest, MovingRowsTouchesOnlyTheArea) {
     EXPECT_TRUE(same == numberedRows(4, 6));
 }
 
-TEST(BitmapTest, LargeAndEmptyOnesBeginTransparent) {
+TEST(BitmapTest, AnySizeIsTransparentOrAFailureOrAStop) {
     Bitmap large(1179, 2556);
     large.populate();
     EXPECT_EQ(large.pixel(1178, 2555), 0U);
     EXPECT_TRUE(Bitmap(-3, 5).pixels().empty());
-}
-
-TEST(BitmapTest, ASizeThatNoMemoryHoldsIsAFailureOrAStop) {
     EXPECT_EQ(Bitmap::make(1 << 28, 1 << 28).failure().what, "no memory for a picture of 268435456 x 268435456 pixels");
     EXPECT_FALSE(Bitmap::make(1 << 30, 1)) << "its rows have more bytes than an int counts";
     EXPECT_DEATH(Bitmap(1 << 28, 1 << 28), "no memory for a picture");
-}
-
-TEST(RecentCacheTest, WhatWasNotUsedLongestGoesFirst) {
-    RecentCache<int> cache(30);
-    cache.insert("a", 1, 10);
-    cache.insert("b", 2, 10);
-    cache.insert("c", 3, 10);
-    ASSERT_NE(cache.find("a"), nullptr);
-    cache.insert("d", 4, 15);
-    cache.insert("larger than all", 5, 31);
-    EXPECT_EQ(cache.find("b"), nullptr);
-    EXPECT_EQ(cache.find("c"), nullptr);
-    EXPECT_EQ(cache.find("larger than all"), nullptr);
-    EXPECT_EQ(*cache.find("a"), 1);
-    EXPECT_EQ(*cache.find("d"), 4);
 }
 
 } // namespace

@@ -42,14 +42,6 @@ TEST(ImageDecoderTest, AFileThatWasTakenIsReadAnew) {
     EXPECT_EQ(colorTaken(decoder, path), blue);
 }
 
-TEST(ImageDecoderTest, ABrokenFileSaysWhy) {
-    const PictureFolder folder;
-    ImageDecoder decoder;
-    const std::string path = folder.write("a.png", "not a picture");
-    decoder.begin(path);
-    EXPECT_NE(decoder.take(path).failure().what, "");
-}
-
 TEST(ImageDecoderTest, MayEndBeforeItsWork) {
     const PictureFolder folder;
     ImageDecoder decoder;

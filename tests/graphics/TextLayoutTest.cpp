@@ -1,4 +1,4 @@
-#include "platform/graphics/TextLayout.h"
+#include "platform/graphics/TextLines.h"
 
 #include <gtest/gtest.h>
 
@@ -30,13 +30,10 @@ std::string repeated(const std::string& text, std::size_t bytes) {
     return result;
 }
 
-TEST(UIFontTest, MetricsAreThoseOfInter) {
+TEST(UIFontTest, HasTheMetricsOfInterAndTheSizesOfTextStyles) {
     const auto font = UIFont::systemFontOfSize(100);
     EXPECT_NEAR(font->ascender(), 96.875, 0.01);
     EXPECT_NEAR(font->descender(), -24.12, 0.05);
-}
-
-TEST(UIFontTest, TextStylesHaveTheirSizeAndWeight) {
     EXPECT_EQ(*UIFont::preferredFontForTextStyle("UICTFontTextStyleHeadline"), UIFont(17, UIFontWeight::semibold));
     EXPECT_EQ(UIFont::preferredFontForTextStyle("UICTFontTextStyleShout"), nullptr);
     TextRequest bold = body(sentence);
@@ -51,13 +48,22 @@ TEST(TextLayoutTest, BreaksAtWordsToStayWithinTheWidth) {
     EXPECT_DOUBLE_EQ(layout->size().height, 2 * lineHeight());
     EXPECT_EQ(TextLayout::make(body(""))->size(), (CGSize{0, lineHeight()}));
     EXPECT_EQ(TextLayout::make(body(sentence, 150))->lineCount(), 4);
-}
-
-TEST(TextLayoutTest, TextFitsTheWidthThatWasMeasuredForIt) {
-    for (std::size_t length = 1; length <= sentence.size(); ++length) {
+    for (std::size_t length = 1; length <= sentence.size(); ++length) { // a text fits the width measured for it
         const std::string text = sentence.substr(0, length);
         EXPECT_EQ(TextLayout::make(body(text, widthOf(text), 1))->size().width, widthOf(text)) << text;
     }
+}
+
+TEST(TextLayoutTest, AlignmentPlacesTextInItsWidth) {
+    const auto restBefore = [](const std::string& text, NSTextAlignment alignment) {
+        const auto layout = TextLayout::make({.text = text, .alignment = alignment, .width = 300});
+        return layout->lines().lines.front().x / (300 - layout->size().width);
+    };
+    EXPECT_EQ(restBefore("Truth", NSTextAlignment::left), 0);
+    EXPECT_EQ(restBefore("Truth", NSTextAlignment::center), 0.5);
+    EXPECT_EQ(restBefore("Truth", NSTextAlignment::right), 1);
+    EXPECT_EQ(restBefore("Truth", NSTextAlignment::natural), 0);
+    EXPECT_EQ(restBefore("שלום", NSTextAlignment::natural), 1);
 }
 
 TEST(TextLayoutTest, LineSpacingStandsBetweenLines) {
@@ -90,43 +96,44 @@ TEST(TextLayoutTest, WithoutTruncationTheRestIsLeftOut) {
 }
 
 TEST(TextLayoutTest, EmojiAndOtherScriptsKeepTheHeightOfTheLine) {
-    const CGFloat height = TextLayout::make(body("Truth"))->size().height;
-    for (const char* text : {"Truth 😀", "👩‍👩‍👧‍👦", "Правда", "Ấ", "שלום"}) {
-        EXPECT_DOUBLE_EQ(TextLayout::make(body(text))->size().height, height) << text;
+    for (const char* text : {"Truth 😀", "👩‍👩‍👧‍👦", "Правда", "Ấ", "שלום", "e\u0301\u0301\u0301"}) {
+        EXPECT_DOUBLE_EQ(TextLayout::make(body(text))->size().height, lineHeight()) << text;
     }
     EXPECT_LT(widthOf("😀"), 30);
     EXPECT_LT(widthOf("👩‍👩‍👧‍👦"), 30);
-}
-
-TEST(TextLayoutTest, CombiningMarksTakeNoWidthAndTallStacksGetRoom) {
     EXPECT_NEAR(widthOf("e\u0301"), widthOf("é"), 0.01);
-    EXPECT_GE(TextLayout::make(body("e" + repeated("\u0301", 60)))->size().height, lineHeight());
 }
 
-TEST(TextLayoutTest, BrokenBytesAndZerosAreShownAndCutNothing) {
-    const CGFloat sign = widthOf("\uFFFD");
+TEST(TextLayoutTest, BrokenBytesAndZerosAreShownAndUnusableWidthsCountAsUnbounded) {
     EXPECT_NEAR(widthOf("a\xFFz"), widthOf("a\uFFFDz"), 0.01);
-    EXPECT_NEAR(widthOf(std::string("\0", 1)), sign, 0.01);
+    EXPECT_NEAR(widthOf(std::string("\0", 1)), widthOf("\uFFFD"), 0.01);
     EXPECT_GT(widthOf(std::string("a\0zzzzzzzz", 10)), widthOf("zzzzzzzz"));
-}
-
-TEST(TextLayoutTest, UnusableWidthsCountAsUnbounded) {
-    const CGFloat width = widthOf(sentence);
     for (const CGFloat unusable : {0.0, -5.0, std::nan(""), HUGE_VAL, 1e300}) {
-        EXPECT_EQ(TextLayout::make(body(sentence, unusable))->size().width, width);
+        EXPECT_EQ(TextLayout::make(body(sentence, unusable))->size().width, widthOf(sentence));
     }
 }
 
 /// Laid out whole, the long word alone would take minutes.
 TEST(TextLayoutTest, LongTextsAreBrokenIntoAllTheirLines) {
     for (const std::string unit : {"word like ", "xxxxxxxxxx", "שלום עולם ", "emoji 😀 "}) {
-        const std::string text = repeated(unit, 20'000);
-        const auto all = TextLayout::make(body(text, 300));
+        const auto all = TextLayout::make(body(repeated(unit, 20'000), 300));
         EXPECT_GT(all->lineCount(), 300) << unit;
         EXPECT_LE(all->size().width, 300) << unit;
-        const auto few = TextLayout::make(body(repeated(unit, 100'000), 300, 3));
-        EXPECT_EQ(few->lineCount(), 3) << unit;
+        for (const int limit : {1, 3}) {
+            EXPECT_EQ(TextLayout::make(body(repeated(unit, 1'000'000), 300, limit))->lineCount(), limit) << unit;
+        }
     }
+}
+
+TEST(TextLayoutTest, ALineOfMoreThanFourKilobytesIsBrokenOrShortened) {
+    TextRequest request = body(repeated("word ", 10'000));
+    EXPECT_EQ(TextLayout::make(request)->lineCount(), 3);
+    for (const auto mode : {NSLineBreakMode::byWordWrapping, NSLineBreakMode::byTruncatingTail}) {
+        request.lineBreakMode = mode;
+        request.maximumLines = 1;
+        EXPECT_EQ(TextLayout::make(request)->lineCount(), 1);
+    }
+    EXPECT_GT(TextLayout::make(request)->size().width, widthOf(request.text.substr(0, 4'096))) << "by the ellipsis";
 }
 
 TEST(TextLayoutTest, PiecesOfALongTextBreakAsTheWholeWould) {

@@ -29,7 +29,7 @@ TEST(UIBezierPathTest, DrawsItsPiecesInOrderWithItsStyleAndTheCurrentColor) {
                              "stroke path(M 1 2 Q 3 4, 5 6 L 7 8) rgba(0 0 1 1) width 40 join round cap round\n");
 }
 
-TEST(CGPathTest, KnowsWhetherItIsARoundedRectangle) {
+TEST(CGPathTest, KnowsWhetherItIsARoundedRectangleAndWhetherItHasBounds) {
     CGPath path = CGPath::withRoundedRect(CGRectMake(0, 0, 100, 20), 50);
     EXPECT_EQ(path.asRectangle()->radius, 10) << "half its shorter side at most";
     EXPECT_EQ(path.offsetBy(3, 4).asRectangle()->rect, CGRectMake(3, 4, 100, 20));
@@ -37,11 +37,6 @@ TEST(CGPathTest, KnowsWhetherItIsARoundedRectangle) {
     EXPECT_FALSE(path.asRectangle().has_value());
     EXPECT_EQ(CGPath::withRoundedRect(CGRectMake(0, 0, 100, 20), 0).elements(),
               CGPath::withRect(CGRectMake(0, 0, 100, 20)).elements());
-}
-
-TEST(CGPathTest, TheBoundsOfABrokenPathAreNoNumber) {
-    CGPath path;
-    path.moveTo({0, 0});
     path.addLineTo({std::numeric_limits<double>::quiet_NaN(), 5});
     path.addLineTo({5, 5});
     EXPECT_TRUE(std::isnan(path.boundingBox().size.width));

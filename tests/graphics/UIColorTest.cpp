@@ -7,25 +7,19 @@
 
 namespace {
 
-TEST(UIColorTest, ADynamicColorResolvesInTheAppearanceThatIsDrawn) {
+TEST(UIColorTest, ResolvesInTheAppearanceAndIsSetForTheInnermostDrawing) {
     const auto label = UIColor::systemColorNamed("labelColor");
     EXPECT_EQ(label->components(), (RGBA{0, 0, 0, 1}));
     RecordingCanvas canvas;
-    const DrawingContext dark(canvas, UIUserInterfaceStyle::dark);
-    EXPECT_EQ(label->components(), (RGBA{1, 1, 1, 1}));
-    EXPECT_EQ(UIColor::systemColorNamed("systemPlaidColor"), nullptr);
-}
-
-TEST(UIColorTest, TheColorThatIsSetIsThatOfTheInnermostDrawing) {
-    RecordingCanvas canvas;
     const DrawingContext outer(canvas, UIUserInterfaceStyle::light);
     {
-        const DrawingContext inner(canvas, UIUserInterfaceStyle::light);
-        UIColor::blueColor()->set();
-        EXPECT_EQ(inner.color(), (RGBA{0, 0, 1, 1}));
+        const DrawingContext inner(canvas, UIUserInterfaceStyle::dark);
+        label->set();
+        EXPECT_EQ(inner.color(), (RGBA{1, 1, 1, 1}));
     }
     EXPECT_EQ(DrawingContext::current(), &outer);
     EXPECT_EQ(outer.color(), (RGBA{0, 0, 0, 1}));
+    EXPECT_EQ(UIColor::systemColorNamed("systemPlaidColor"), nullptr);
 }
 
 } // namespace

@@ -37,9 +37,10 @@ TEST(UIImageTest, OnlyThePicturesDrawnLastAreKept) {
     const std::string bytes = readWholeFile(folder.writePicture("icon.png", 132, 132, red)).value();
     for (int i = 0; i < 1000; ++i) { // 70 MB
         EXPECT_EQ(drawn(UIImage("icon", {{folder.write(fileOf(i), bytes), 3}}), 13.2), red);
+        EXPECT_EQ(drawn(UIImage("icon", {{folder.path() / fileOf(0), 3}}), 13.2), red);
     }
     for (const auto& [i, color] :
-         {std::pair(999, red), std::pair(700, red), std::pair(600, green), std::pair(0, green)}) {
+         {std::pair(999, red), std::pair(700, red), std::pair(600, green), std::pair(0, red)}) {
         const UIImage changed("icon", {{folder.writePicture(fileOf(i), 132, 132, green), 3}});
         EXPECT_EQ(drawn(changed, 13.2), color) << i;
     }

@@ -15,7 +15,8 @@ namespace {
 
 using Duration = MainRunLoop::Duration;
 
-constexpr auto latest = static_cast<dispatch_time_t>(std::numeric_limits<std::int64_t>::max());
+/// Far enough from the end of the clock that a latency may be added.
+constexpr auto latest = static_cast<dispatch_time_t>(std::numeric_limits<std::int64_t>::max() / 2);
 
 void post(dispatch_queue_t queue, Duration due, dispatch_block_t block) {
     if (queue->qualityOfService) {
@@ -35,16 +36,7 @@ dispatch_queue_t dispatch_get_main_queue() {
 dispatch_queue_t dispatch_get_global_queue(qos_class_t qualityOfService) {
     static constexpr DispatchQueue userInteractive{QOS_CLASS_USER_INTERACTIVE};
     static constexpr DispatchQueue userInitiated{QOS_CLASS_USER_INITIATED};
-    static constexpr DispatchQueue standard{QOS_CLASS_DEFAULT};
-    switch (qualityOfService) {
-    case QOS_CLASS_USER_INTERACTIVE:
-        return &userInteractive;
-    case QOS_CLASS_USER_INITIATED:
-        return &userInitiated;
-    case QOS_CLASS_DEFAULT:
-        return &standard;
-    }
-    return &standard;
+    return qualityOfService == QOS_CLASS_USER_INTERACTIVE ? &userInteractive : &userInitiated;
 }
 
 void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) {
@@ -52,24 +44,12 @@ void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) {
 }
 
 dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds) {
-    if (when == DISPATCH_TIME_FOREVER) {
-        return when;
-    }
     const dispatch_time_t start =
         when == DISPATCH_TIME_NOW ? static_cast<dispatch_time_t>(MainRunLoop::shared().now().count()) : when;
-    if (nanoseconds < 0) {
-        const dispatch_time_t back = dispatch_time_t{0} - static_cast<dispatch_time_t>(nanoseconds);
-        return start - std::min(start, back);
-    }
-    const auto forward = static_cast<dispatch_time_t>(nanoseconds);
-    return start >= latest - forward ? DISPATCH_TIME_FOREVER : start + forward;
+    return start + static_cast<dispatch_time_t>(std::max<std::int64_t>(nanoseconds, 0));
 }
 
 void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, dispatch_block_t block) {
-    if (when == DISPATCH_TIME_FOREVER) {
-        return;
-    }
-    const Duration now = MainRunLoop::shared().now();
     const Duration due{static_cast<std::int64_t>(std::min(when, latest))};
-    post(queue, std::max(now, due), std::move(block));
+    post(queue, std::max(MainRunLoop::shared().now(), due), std::move(block));
 }

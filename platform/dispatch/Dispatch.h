@@ -11,14 +11,11 @@ using dispatch_block_t = std::function<void()>;
 /// A moment on the run loop's clock, in nanoseconds.
 using dispatch_time_t = std::uint64_t;
 inline constexpr dispatch_time_t DISPATCH_TIME_NOW = 0;
-inline constexpr dispatch_time_t DISPATCH_TIME_FOREVER = ~dispatch_time_t{0};
 inline constexpr std::uint64_t NSEC_PER_SEC = 1'000'000'000;
-inline constexpr std::uint64_t NSEC_PER_MSEC = 1'000'000;
 
 enum qos_class_t : unsigned {
     QOS_CLASS_USER_INTERACTIVE = 0x21,
     QOS_CLASS_USER_INITIATED = 0x19,
-    QOS_CLASS_DEFAULT = 0x15,
 };
 
 struct DispatchQueue;
@@ -31,7 +28,7 @@ using dispatch_queue_t = const DispatchQueue*;
 
 /// Never runs the block inside the call.
 void dispatch_async(dispatch_queue_t queue, dispatch_block_t block);
-/// The moment `nanoseconds` after `when`.
+/// The moment `nanoseconds` after `when`; fewer than none count as none.
 [[nodiscard]] dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds);
-/// Puts the block on the queue when the clock reaches `when`; never, for DISPATCH_TIME_FOREVER.
+/// Puts the block on the queue when the clock reaches `when`.
 void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, dispatch_block_t block);

@@ -38,16 +38,10 @@ MainRunLoop::~MainRunLoop() {
     reset();
 }
 
-void MainRunLoop::useVirtualClock() {
+void MainRunLoop::useClock(Clock clock) {
     reset();
     const std::lock_guard lock(m_mutex);
-    m_clock = Clock::virtualTime;
-}
-
-void MainRunLoop::useRealClock() {
-    reset();
-    const std::lock_guard lock(m_mutex);
-    m_clock = Clock::realTime;
+    m_clock = clock;
 }
 
 Duration MainRunLoop::now() const {

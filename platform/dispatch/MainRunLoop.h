@@ -18,7 +18,6 @@
 class MainRunLoop {
 public:
     using Duration = std::chrono::nanoseconds;
-    enum class Clock { virtualTime, realTime };
 
     [[nodiscard]] static MainRunLoop& shared();
     MainRunLoop();
@@ -27,8 +26,8 @@ public:
     MainRunLoop& operator=(const MainRunLoop&) = delete;
 
     /// Both begin with reset().
-    void useVirtualClock();
-    void useRealClock();
+    void useVirtualClock() { useClock(Clock::virtualTime); }
+    void useRealClock() { useClock(Clock::realTime); }
     /// Since the clock was chosen or reset. Any thread.
     [[nodiscard]] Duration now() const;
 
@@ -59,6 +58,7 @@ public:
     void postToBackground(Duration due, qos_class_t qualityOfService, dispatch_block_t block);
 
 private:
+    enum class Clock { virtualTime, realTime };
     /// Due time, turn order, submission. What background work posts takes the turn order of that work, so that the
     /// order on the main queue does not depend on which thread was faster.
     using Key = std::tuple<Duration, std::uint64_t, std::uint64_t>;
@@ -69,6 +69,7 @@ private:
     using MainBlocks = std::map<Key, dispatch_block_t>;
     using BackgroundBlocks = std::map<Key, BackgroundBlock>;
 
+    void useClock(Clock clock);
     bool isVirtual() const;
     std::uint64_t newOrder();
     Duration nowLocked() const;

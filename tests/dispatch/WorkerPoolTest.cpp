@@ -27,19 +27,19 @@ TEST(WorkerPool, RunsBlocksAtTheSameTimeAndBeginsTheHigherClassFirst) {
     std::string order;
     WorkerPool pool;
     for (unsigned i = 1; i <= threads; ++i) { // every thread is held; the first alone is released below
-        pool.submit(QOS_CLASS_DEFAULT, [&, i] {
+        pool.submit(QOS_CLASS_USER_INITIATED, [&, i] {
             ++begun;
             waitUntil([&] { return released >= i; });
         });
     }
     waitUntil([&] { return begun == threads; });
-    pool.submit(QOS_CLASS_DEFAULT, [&] { released = threads; });
-    pool.submit(QOS_CLASS_DEFAULT, [&] {
+    pool.submit(QOS_CLASS_USER_INITIATED, [&] { released = threads; });
+    pool.submit(QOS_CLASS_USER_INITIATED, [&] {
         order += 'c';
         ended = true;
     });
-    pool.submit(QOS_CLASS_USER_INITIATED, [&] { order += 'a'; });
-    pool.submit(QOS_CLASS_USER_INITIATED, [&] { order += 'b'; });
+    pool.submit(QOS_CLASS_USER_INTERACTIVE, [&] { order += 'a'; });
+    pool.submit(QOS_CLASS_USER_INTERACTIVE, [&] { order += 'b'; });
     released = 1;
     waitUntil([&] { return ended.load(); });
     EXPECT_EQ(order, "abc");
@@ -50,7 +50,7 @@ TEST(WorkerPool, KeepsNoBlockWhenItEnds) {
     {
         WorkerPool pool;
         for (int i = 0; i < 50; ++i) {
-            pool.submit(QOS_CLASS_DEFAULT, [held] { std::this_thread::yield(); });
+            pool.submit(QOS_CLASS_USER_INITIATED, [held] { std::this_thread::yield(); });
         }
     }
     EXPECT_EQ(held.use_count(), 1);
@@ -59,7 +59,7 @@ TEST(WorkerPool, KeepsNoBlockWhenItEnds) {
 TEST(WorkerPool, LetsWhatABlockHeldSubmitMoreWhenItDies) {
     WorkerPool pool;
     std::atomic<int> ran = 0;
-    std::shared_ptr<void> held(nullptr, [&](void*) { pool.submit(QOS_CLASS_DEFAULT, [&ran] { ++ran; }); });
-    pool.submit(QOS_CLASS_DEFAULT, [held = std::move(held)] {});
+    std::shared_ptr<void> held(nullptr, [&](void*) { pool.submit(QOS_CLASS_USER_INITIATED, [&ran] { ++ran; }); });
+    pool.submit(QOS_CLASS_USER_INITIATED, [held = std::move(held)] {});
     waitUntil([&] { return ran == 1; });
 }

@@ -7,7 +7,7 @@
 #include "platform/dispatch/MainRunLoop.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/interface/AssetCatalogReader.h"
-#include "platform/messages/MessagesClasses.h"
+#include "platform/messages/MSMessagesAppViewController.h"
 #include "platform/uikit/UIKitClasses.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
 #include "platform/uikit/window/UIScreen.h"
@@ -46,7 +46,7 @@ Wakeup& wakeup() {
 }
 
 std::shared_ptr<MSConversation> conversation() {
-    return std::make_shared<MSConversation>(NSUUID::UUID(), std::vector<NSUUID>{NSUUID::UUID()}, nullptr);
+    return std::make_shared<MSConversation>(std::vector<NSUUID>{NSUUID::UUID()}, nullptr);
 }
 
 } // namespace

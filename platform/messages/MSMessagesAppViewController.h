@@ -11,9 +11,9 @@ enum class MSMessagesAppPresentationStyle : unsigned { compact = 0, expanded = 1
 class MSMessagesAppViewController;
 
 /// What the extension can ask of the conversation's host. Implemented by the host, held weakly by the controller.
-class MessagesAppHost {
+class ExtensionHost {
 public:
-    virtual ~MessagesAppHost() = default;
+    virtual ~ExtensionHost() = default;
 
     /// Called by requestPresentationStyle:. The host answers later, with the two transition callbacks.
     virtual void presentationStyleRequested(MSMessagesAppViewController& controller,
@@ -38,8 +38,11 @@ public:
 
     /// Asks the host for a style; without a host nothing happens. requestPresentationStyle:
     void requestPresentationStyle(MSMessagesAppPresentationStyle style);
-    void setHost(std::weak_ptr<MessagesAppHost> host) { m_host = std::move(host); }
+    void setHost(std::weak_ptr<ExtensionHost> host) { m_host = std::move(host); }
 
 private:
-    std::weak_ptr<MessagesAppHost> m_host;
+    std::weak_ptr<ExtensionHost> m_host;
 };
+
+/// Makes the conversation's classes known to interface files by name. Called once by the host; again is harmless.
+void registerMessagesClasses();

@@ -4,7 +4,7 @@
 #include "host/HostClasses.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/interface/AssetCatalogReader.h"
-#include "platform/messages/MessagesClasses.h"
+#include "platform/messages/MSMessagesAppViewController.h"
 #include "platform/uikit/UIKitClasses.h"
 #include "simulator/scenes/CanvasSceneController.h"
 #include "ui/UiClasses.h"

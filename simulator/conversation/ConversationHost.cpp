@@ -2,7 +2,7 @@
 
 #include "platform/foundation/FatalError.h"
 #include "platform/foundation/NSBundle.h"
-#include "platform/foundation/NSURLComponents.h"
+#include "platform/foundation/NSURL.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
 #include "platform/uikit/window/UIScreen.h"
 #include "simulator/conversation/BundleSetup.h"
@@ -191,5 +191,5 @@ std::shared_ptr<MSConversation> ConversationHost::conversation() {
     for (std::size_t i = 1; i <= m_remoteCount; ++i) {
         remotes.push_back(m_people[i].second);
     }
-    return std::make_shared<MSConversation>(m_people.front().second, std::move(remotes), m_bubble);
+    return std::make_shared<MSConversation>(std::move(remotes), m_bubble);
 }

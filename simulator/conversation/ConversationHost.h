@@ -20,7 +20,7 @@ struct Event {
 /// Plays the Messages app around one extension: makes its principal controller from the main bundle's storyboard,
 /// shows it in a window, drives its callbacks, answers what it asks for and writes down what happens. People are called
 /// "me", "A", "B" …; made by std::make_shared, closed before the run loop is reset.
-class ConversationHost : public MessagesAppHost, public std::enable_shared_from_this<ConversationHost> {
+class ConversationHost : public ExtensionHost, public std::enable_shared_from_this<ConversationHost> {
 public:
     struct StyleRequest {
         std::chrono::milliseconds time{0};

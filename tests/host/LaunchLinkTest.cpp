@@ -1,6 +1,6 @@
 #include "host/LaunchLink.h"
 
-#include "platform/foundation/NSURLComponents.h"
+#include "platform/foundation/NSURL.h"
 #include "platform/uikit/controllers/UIViewController.h"
 
 #include <gtest/gtest.h>

@@ -38,7 +38,7 @@ public:
     std::string calls;
 };
 
-class Host : public MessagesAppHost {
+class Host : public ExtensionHost {
 public:
     void presentationStyleRequested(MSMessagesAppViewController&, MSMessagesAppPresentationStyle style) override {
         EXPECT_EQ(style, MSMessagesAppPresentationStyle::expanded);
@@ -59,7 +59,7 @@ protected:
     ~MessagesViewControllerTest() override { loop.useVirtualClock(); }
 
     [[nodiscard]] std::shared_ptr<MSConversation> conversation(const std::shared_ptr<MSMessage>& selected) const {
-        return std::make_shared<MSConversation>(me, remotes, selected);
+        return std::make_shared<MSConversation>(remotes, selected);
     }
     [[nodiscard]] static std::shared_ptr<MSMessage> bubble(const NSUUID& from) {
         return std::make_shared<MSMessage>(from, NSURL::URLWithString("https://a.example"));

@@ -18,7 +18,7 @@ constexpr bool countsMemory = true;
 TEST_F(EnduranceTest, AThousandActivationsLeaveOneScreenAndNoMemoryBehind) {
     std::vector<std::weak_ptr<UIViewController>> screens;
     std::size_t settled = 0;
-    const auto conversation = std::make_shared<MSConversation>(NSUUID::UUID(), std::vector{NSUUID::UUID()}, nullptr);
+    const auto conversation = std::make_shared<MSConversation>(std::vector{NSUUID::UUID()}, nullptr);
     for (int i = 0; i < 1000; ++i) {
         if (i % 10 == 0) {
             host->activate(nullptr);

@@ -1,7 +1,7 @@
 #include "host/LaunchLink.h"
 
 #include "platform/foundation/NSExtensionContext.h"
-#include "platform/foundation/NSURLComponents.h"
+#include "platform/foundation/NSURL.h"
 #include "platform/uikit/controllers/UIViewController.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/foundation/NSRange.h"
+#include "platform/foundation/Text.h"
 
 #include <string>
 #include <string_view>

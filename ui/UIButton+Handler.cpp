@@ -1,6 +1,6 @@
 #include "ui/UIButton+Handler.h"
 
-#include "platform/runtime/AssociatedObjects.h"
+#include "platform/runtime/NSObject.h"
 
 #include <string>
 #include <utility>

@@ -1,13 +1,96 @@
 #pragma once
 
-#include "platform/foundation/JSONValue.h"
 #include "platform/foundation/Result.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
+
+enum class JSONKind : std::uint8_t { null, boolean, number, string, array, object };
+
+/// One entry of a parsed document, which is a flat list: a container is followed by all that it holds, a member's value
+/// by nothing and preceded by its key (a string). Made by JSONDocument, read through JSONValue.
+struct JSONNode {
+    JSONKind kind = JSONKind::null;
+    std::uint32_t count = 0; // bytes of a string; elements or members of a container; 0 or 1 of a boolean
+    union {
+        double number = 0;
+        const char* text;  // owned by the document
+        std::size_t nodes; // of a container: itself and all inside
+    };
+
+    [[nodiscard]] const JSONNode* next() const {
+        return this + (kind == JSONKind::array || kind == JSONKind::object ? nodes : 1);
+    }
+};
+
+/// A value inside a JSONDocument: a light reference, valid as long as the document, that copies no text.
+class JSONValue {
+public:
+    class Elements;
+    struct Member;
+
+    explicit JSONValue(const JSONNode* node) : m_node(node) {}
+
+    [[nodiscard]] JSONKind kind() const { return m_node->kind; }
+    [[nodiscard]] bool is(JSONKind kind) const { return m_node->kind == kind; }
+
+    /// None when the value is of another kind.
+    [[nodiscard]] std::optional<std::string_view> string() const;
+    [[nodiscard]] std::optional<bool> boolean() const;
+    [[nodiscard]] std::optional<double> number() const;
+    /// Of an array, in order; empty for every other kind.
+    [[nodiscard]] Elements elements() const;
+    /// Of an object, in order, keys as they stand (one may occur twice).
+    [[nodiscard]] std::vector<Member> members() const;
+    /// The member of that name of an object (the last, should there be several); none when there is none, or when this
+    /// is no object.
+    [[nodiscard]] std::optional<JSONValue> find(std::string_view key) const;
+
+private:
+    friend class JSONDocument;
+
+    const JSONNode* m_node;
+};
+
+struct JSONValue::Member {
+    std::string_view key;
+    JSONValue value;
+};
+
+/// The elements of an array, for range-for.
+class JSONValue::Elements {
+public:
+    class Iterator {
+    public:
+        explicit Iterator(const JSONNode* node) : m_node(node) {}
+        JSONValue operator*() const { return JSONValue(m_node); }
+        Iterator& operator++() {
+            m_node = m_node->next();
+            return *this;
+        }
+        friend bool operator==(const Iterator&, const Iterator&) = default;
+
+    private:
+        const JSONNode* m_node;
+    };
+
+    Elements(const JSONNode* begin, const JSONNode* end, std::size_t size) : m_begin(begin), m_end(end), m_size(size) {}
+
+    [[nodiscard]] Iterator begin() const { return Iterator(m_begin); }
+    [[nodiscard]] Iterator end() const { return Iterator(m_end); }
+    [[nodiscard]] std::size_t size() const { return m_size; }
+
+private:
+    const JSONNode* m_begin;
+    const JSONNode* m_end;
+    std::size_t m_size;
+};
 
 /// A parsed JSON text, strict by RFC 8259: UTF-8 (a byte order mark is skipped), nothing after the root, at most 512
 /// levels deep. Owns all that its values refer to; may be moved, not copied. Any thread.

@@ -3,20 +3,15 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
-/// An address that is well formed by RFC 3986: ASCII, other characters percent-encoded. Parts are given as they stand
-/// in the text, still encoded, and are empty when absent.
+/// An address that is well formed by RFC 3986: ASCII, other characters percent-encoded.
 class NSURL {
 public:
     /// None for the empty text and for a text with characters that an address cannot hold. Selector URLWithString:
     [[nodiscard]] static std::optional<NSURL> URLWithString(std::string_view text);
 
     [[nodiscard]] const std::string& absoluteString() const { return m_text; }
-    [[nodiscard]] std::string_view scheme() const;
-    /// Without user information and port.
-    [[nodiscard]] std::string_view host() const;
-    [[nodiscard]] std::string_view path() const;
-    [[nodiscard]] std::string_view query() const;
 
     friend bool operator==(const NSURL&, const NSURL&) = default;
 
@@ -24,4 +19,28 @@ private:
     explicit NSURL(std::string_view text) : m_text(text) {}
 
     std::string m_text;
+};
+
+/// One name and value of an address's query, not encoded.
+struct NSURLQueryItem {
+    std::string name;
+    std::optional<std::string> value; // absent: written as the bare name, without "="
+
+    friend bool operator==(const NSURLQueryItem&, const NSURLQueryItem&) = default;
+};
+
+/// The parts of an address, not encoded, to build one or to take one apart. Empty parts are left out.
+struct NSURLComponents {
+    /// The parts of `url`, percent-decoded; user information, port and fragment are left out.
+    [[nodiscard]] static NSURLComponents componentsWithURL(const NSURL& url);
+
+    /// The address of these parts, encoded by RFC 3986; in names and values of the query "&" and "=" are encoded too,
+    /// so that it always has as many items as are given here. None when a part is not UTF-8 or cannot stand in an
+    /// address.
+    [[nodiscard]] std::optional<NSURL> URL() const;
+
+    std::string scheme;
+    std::string host;
+    std::string path; // begins with "/" when there is a host
+    std::vector<NSURLQueryItem> queryItems;
 };

@@ -34,10 +34,10 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
 
 } // namespace
 
-std::optional<std::string> nearestName(std::string_view wanted, const std::vector<std::string>& known) {
+std::string suggestion(std::string_view wanted, const std::vector<std::string>& known) {
     // Longer texts are not names; comparing them would cost more than the hint is worth.
     constexpr std::size_t longest = 200;
-    std::optional<std::string> nearest;
+    const std::string* nearest = nullptr;
     std::size_t best = std::max<std::size_t>(2, wanted.size() / 3) + 1;
     for (const std::string& name : known) {
         if (wanted.size() > longest || name.size() > longest) {
@@ -46,13 +46,8 @@ std::optional<std::string> nearestName(std::string_view wanted, const std::vecto
         const std::size_t distance = editDistance(wanted, name);
         if (distance < best && distance < std::max(wanted.size(), name.size())) {
             best = distance;
-            nearest = name;
+            nearest = &name;
         }
     }
-    return nearest;
-}
-
-std::string suggestion(std::string_view wanted, const std::vector<std::string>& known) {
-    const std::optional<std::string> nearest = nearestName(wanted, known);
-    return nearest ? "; did you mean " + *nearest + "?" : "";
+    return nearest == nullptr ? "" : "; did you mean " + *nearest + "?";
 }

@@ -1,10 +1,20 @@
 #pragma once
 
-#include "platform/foundation/NSRange.h"
-
 #include <cstddef>
 #include <string>
 #include <string_view>
+
+/// A stretch of a text. Both numbers count UTF-16 code units.
+struct NSRange {
+    std::size_t location = 0;
+    std::size_t length = 0;
+
+    friend bool operator==(const NSRange&, const NSRange&) = default;
+};
+
+[[nodiscard]] constexpr NSRange NSMakeRange(std::size_t location, std::size_t length) {
+    return {location, length};
+}
 
 /// Texts are UTF-8 in std::string. The platform counts UTF-16 code units, people count user-perceived characters:
 /// these functions translate. A byte that is not valid UTF-8 counts as one character and one code unit. Any thread.

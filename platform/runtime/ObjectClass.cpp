@@ -1,5 +1,6 @@
 #include "platform/runtime/ObjectClass.h"
 
+#include <array>
 #include <set>
 
 namespace {
@@ -57,4 +58,10 @@ std::vector<std::string> ObjectClass::propertyNames() const {
 
 std::vector<std::string> ObjectClass::actionNames() const {
     return namesIn(*this, &ObjectClass::actions);
+}
+
+std::string kindOf(const Value& value) {
+    static constexpr std::array<const char*, std::variant_size_v<Value>> names = {
+        "a boolean", "a number", "a string", "a point", "a size", "a rect", "an object"};
+    return names[value.index()];
 }

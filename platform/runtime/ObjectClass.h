@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/foundation/Geometry.h"
 #include "platform/runtime/NSCoder.h"
 #include "platform/runtime/NSObject.h"
-#include "platform/runtime/Value.h"
 
 #include <functional>
 #include <map>
@@ -10,7 +10,14 @@
 #include <string>
 #include <string_view>
 #include <typeindex>
+#include <variant>
 #include <vector>
+
+/// A value on its way to a key-set property. Objects (colours, images) travel as NSObject; a null object is "nil".
+using Value = std::variant<bool, double, std::string, CGPoint, CGSize, CGRect, std::shared_ptr<NSObject>>;
+
+/// "a number", "a boolean" …, for messages about a value of the wrong type.
+[[nodiscard]] std::string kindOf(const Value& value);
 
 /// Whether an object takes what an interface file gives it by name.
 enum class Acceptance { accepted, wrongType };

@@ -1,7 +1,6 @@
 #include "platform/runtime/SourceLocation.h"
 
 #include "platform/foundation/FatalError.h"
-#include "platform/runtime/AssociatedObjects.h"
 #include "platform/runtime/ClassRegistry.h"
 
 namespace {
@@ -24,7 +23,7 @@ const SourceLocation* sourceLocationOf(const NSObject& object) {
 
 void setSourceLocation(NSObject& object, SourceLocation location) {
     objc_setAssociatedObject(object, &locationKey, std::make_shared<LocationMark>(std::move(location)),
-                             OBJC_ASSOCIATION_RETAIN_NONATOMIC);
+                             OBJC_ASSOCIATION_RETAIN);
 }
 
 void fatalErrorAt(const NSObject& object, const std::string& message) {

@@ -1,7 +1,7 @@
 #include "simulator/flows/FlowCommands.h"
 
 #include "platform/foundation/FileReading.h"
-#include "platform/foundation/NSURLComponents.h"
+#include "platform/foundation/NSURL.h"
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
 

@@ -1,6 +1,6 @@
 #include "simulator/parlor/Report.h"
 
-#include "platform/foundation/NSURLComponents.h"
+#include "platform/foundation/NSURL.h"
 
 #include <boost/json.hpp>
 

@@ -2,22 +2,84 @@
 
 #include <gtest/gtest.h>
 
-TEST(NSURL, GivesItsParts) {
-    const auto url = NSURL::URLWithString("https://user@game.example:8080/a/b%20c?x=1&y#top");
-    ASSERT_TRUE(url);
-    EXPECT_EQ(url->scheme(), "https");
-    EXPECT_EQ(url->host(), "game.example");
-    EXPECT_EQ(url->path(), "/a/b%20c");
-    EXPECT_EQ(url->query(), "x=1&y");
+#include <string>
+
+using namespace std::string_literals;
+
+namespace {
+
+NSURLComponents link(std::vector<NSURLQueryItem> items) {
+    return {"https", "game.example", "/Category", std::move(items)};
 }
 
-TEST(NSURL, GivesEmptyPartsForWhatIsAbsent) {
-    const auto url = NSURL::URLWithString("/only/a:path");
+std::string queryWithValue(const std::string& value) {
+    const auto url = link({{"v", value}}).URL();
+    return url ? url->absoluteString().substr(url->absoluteString().find('?') + 1) : "no address";
+}
+
+NSURLComponents componentsOf(const char* text) {
+    return NSURLComponents::componentsWithURL(*NSURL::URLWithString(text));
+}
+
+} // namespace
+
+TEST(NSURLComponents, WritesPartsInOrder) {
+    const auto url = link({{"main", "Couple"}, {"section", ""}, {"icon", std::nullopt}}).URL();
     ASSERT_TRUE(url);
-    EXPECT_EQ(url->path(), "/only/a:path");
-    EXPECT_TRUE(url->scheme().empty() && url->host().empty() && url->query().empty());
-    EXPECT_EQ(NSURL::URLWithString("https://game.example?q")->query(), "q");
-    EXPECT_EQ(NSURL::URLWithString("https://[::1]:80/")->host(), "[::1]");
+    EXPECT_EQ(url->absoluteString(), "https://game.example/Category?main=Couple&section=&icon");
+}
+
+TEST(NSURLComponents, EncodesWhatAQueryMayNotHoldAsUpperCaseBytes) {
+    EXPECT_EQ(queryWithValue("AZaz09-._~!$'()*+,;:@/?"), "v=AZaz09-._~!$'()*+,;:@/?");
+    EXPECT_EQ(queryWithValue("a&b=c Who’s"), "v=a%26b%3Dc%20Who%E2%80%99s");
+    EXPECT_EQ(queryWithValue("😀"), "v=%F0%9F%98%80");
+    EXPECT_EQ(queryWithValue("#%[]\"<>\\^`{|}"), "v=%23%25%5B%5D%22%3C%3E%5C%5E%60%7B%7C%7D");
+    EXPECT_EQ(queryWithValue("\0\n\x7F"s), "v=%00%0A%7F");
+    EXPECT_EQ(link({{"a&=", "1"}}).URL()->absoluteString(), "https://game.example/Category?a%26%3D=1");
+}
+
+TEST(NSURLComponents, MakesNoAddressThatWouldReadDifferentlyOrOfBrokenText) {
+    for (const NSURLComponents& parts : std::vector<NSURLComponents>{{"1http", "h", "/", {}},
+                                                                     {"https", "h", "noslash", {}},
+                                                                     {"https", "", "//h", {}},
+                                                                     {"", "", "a:b", {}},
+                                                                     {},
+                                                                     link({{"v", "\xFF"}}),
+                                                                     link({{"v", "\xED\xA0\x80"}}),
+                                                                     link({{"\xC3", "1"}})}) {
+        EXPECT_FALSE(parts.URL()) << parts.scheme << parts.path;
+    }
+}
+
+TEST(NSURLComponents, LeavesOutEmptyParts) {
+    EXPECT_EQ((NSURLComponents{"", "game.example", "", {}}).URL()->absoluteString(), "//game.example");
+    EXPECT_EQ((NSURLComponents{"tel", "", "12", {}}).URL()->absoluteString(), "tel:12");
+    EXPECT_EQ((NSURLComponents{"https", "bücher.example", "/a b", {}}).URL()->absoluteString(),
+              "https://b%C3%BCcher.example/a%20b");
+}
+
+TEST(NSURLComponents, TakesApartWhatItWrote) {
+    const NSURLComponents written =
+        link({{"main", "Who’s & what=?"}, {"empty", ""}, {"bare", std::nullopt}, {"plus", "18+ %41"}});
+    const NSURLComponents read = NSURLComponents::componentsWithURL(*written.URL());
+    EXPECT_EQ(read.scheme, "https");
+    EXPECT_EQ(read.host, "game.example");
+    EXPECT_EQ(read.path, "/Category");
+    EXPECT_EQ(read.queryItems, written.queryItems);
+}
+
+TEST(NSURLComponents, ReadsForeignAddresses) {
+    const NSURLComponents parts =
+        componentsOf("https://user@b%C3%BCcher.example:8080/a/b%20c?a=b=c&&%c3%a9=x+y#top?no=query");
+    EXPECT_EQ(parts.scheme, "https");
+    EXPECT_EQ(parts.host, "bücher.example");
+    EXPECT_EQ(parts.path, "/a/b c");
+    EXPECT_EQ(parts.queryItems, (std::vector<NSURLQueryItem>{{"a", "b=c"}, {"", std::nullopt}, {"é", "x+y"}}));
+    EXPECT_EQ(componentsOf("https://[::1]:80/").host, "[::1]");
+    EXPECT_EQ(componentsOf("https://game.example?q").queryItems, (std::vector<NSURLQueryItem>{{"q", std::nullopt}}));
+    const NSURLComponents path = componentsOf("/only/a:path");
+    EXPECT_EQ(path.path, "/only/a:path");
+    EXPECT_TRUE(path.scheme.empty() && path.host.empty() && path.queryItems.empty());
 }
 
 TEST(NSURL, IsNotMadeFromTextThatIsNoAddress) {

@@ -1,4 +1,4 @@
-#include "platform/runtime/AssociatedObjects.h"
+#include "platform/runtime/NSObject.h"
 
 #include <gtest/gtest.h>
 
@@ -36,15 +36,6 @@ TEST(AssociatedObjects, LiveAsLongAsTheObjectThatRetainsThem) {
     EXPECT_FALSE(observed.expired());
     object.reset();
     EXPECT_TRUE(observed.expired());
-}
-
-TEST(AssociatedObjects, AreNotKeptByAnAssignment) {
-    const auto object = std::make_shared<NSObject>();
-    auto value = std::make_shared<NSObject>();
-    objc_setAssociatedObject(*object, &key, value, OBJC_ASSOCIATION_ASSIGN);
-    EXPECT_EQ(objc_getAssociatedObject(*object, &key), value);
-    value.reset();
-    EXPECT_EQ(objc_getAssociatedObject(*object, &key), nullptr);
 }
 
 TEST(AssociatedObjects, MayComeBackWhileTheyAreReplaced) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/foundation/NSParagraphStyle.h"
-#include "platform/foundation/NSRange.h"
+#include "platform/foundation/Text.h"
 #include "platform/graphics/UIFont.h"
 #include "platform/uikit/controls/UIControl.h"
 

@@ -1,7 +1,9 @@
 #include "platform/foundation/DebugConsole.h"
 
 #include "platform/foundation/FatalError.h"
+#include "platform/foundation/FileReading.h"
 #include "tests/support/Output.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -13,42 +15,12 @@
 #include <unistd.h>
 #include <vector>
 
-namespace {
-
-/// Standard output as a pipe that somebody reads, while it lives.
-class PipedOutput {
-public:
-    PipedOutput() : m_saved(dup(STDOUT_FILENO)) {
-        int ends[2];
-        EXPECT_EQ(pipe(ends), 0);
-        dup2(ends[1], STDOUT_FILENO);
-        close(ends[1]);
-        m_reader = std::thread([this, end = ends[0]] {
-            char buffer[512];
-            ssize_t count = 0;
-            while ((count = read(end, buffer, sizeof buffer)) > 0) {
-                m_text.append(buffer, static_cast<std::size_t>(count));
-            }
-            close(end);
-        });
-    }
-    [[nodiscard]] std::string finish() {
-        dup2(m_saved, STDOUT_FILENO);
-        close(m_saved);
-        m_reader.join();
-        return m_text;
-    }
-
-private:
-    int m_saved;
-    std::string m_text;
-    std::thread m_reader;
-};
-
-} // namespace
-
 TEST(DebugConsole, KeepsLinesOfSeveralThreadsWholeAndInOrderThroughAPipe) {
-    PipedOutput output;
+    const support::TemporaryFolder folder;
+    const std::string file = folder.write("Lines", "").string();
+    FILE* reader = popen(("cat >'" + file + "'").c_str(), "w");
+    const int saved = dup(STDOUT_FILENO);
+    dup2(fileno(reader), STDOUT_FILENO);
     std::vector<std::thread> threads;
     for (char name = 'a'; name < 'e'; ++name) {
         threads.emplace_back([name] {
@@ -60,7 +32,10 @@ TEST(DebugConsole, KeepsLinesOfSeveralThreadsWholeAndInOrderThroughAPipe) {
     for (std::thread& thread : threads) {
         thread.join();
     }
-    std::istringstream lines(output.finish());
+    dup2(saved, STDOUT_FILENO);
+    close(saved);
+    pclose(reader);
+    std::istringstream lines(readWholeFile(file).value());
     std::map<char, int> next;
     int count = 0;
     for (std::string line; std::getline(lines, line); ++count) {

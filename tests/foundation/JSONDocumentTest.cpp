@@ -25,12 +25,22 @@ JSONDocument parsed(const std::string& text) {
     return std::move(document).value();
 }
 
-std::vector<JSONKind> kindsIn(const JSONValue& array) {
-    std::vector<JSONKind> kinds;
-    for (const JSONValue element : array.elements()) {
-        kinds.push_back(element.kind());
+/// The value written anew, as far as it can be taken for something.
+std::string written(JSONValue value) {
+    if (const std::optional<bool> flag = value.boolean()) {
+        return *flag ? "true " : "false ";
     }
-    return kinds;
+    if (const std::optional<double> number = value.number()) {
+        return std::to_string(static_cast<int>(*number)) + ' ';
+    }
+    std::string text = value.is(JSONKind::null) ? "null " : std::string(value.string().value_or("(")) + ' ';
+    for (const JSONValue element : value.elements()) {
+        text += written(element);
+    }
+    for (const JSONValue::Member& member : value.members()) {
+        text += std::string(member.key) + ':' + written(member.value);
+    }
+    return text;
 }
 
 /// The text has each key and each value on a line of its own, one space in.
@@ -47,63 +57,28 @@ void expectOneALine(const JSONDocument& document, JSONValue value, int& line) {
 
 } // namespace
 
-TEST(JSONDocument, GivesEveryKindOfValue) {
-    JSONDocument first = parsed(R"({"s": "text", "t": true, "f": false, "n": null, "i": -3, "d": 2.5e1, "a": [1]})");
+TEST(JSONDocument, GivesEveryValueInOrderAsWhatItIs) {
+    JSONDocument first =
+        parsed(R"([{"items": [[], {"x": {}}, "true", null, true, false], "b": 1, "b": -2.5e1}, [], 7])");
     const JSONDocument document = std::move(first); // stays whole when it is moved
-    const JSONValue root = document.root();
-    EXPECT_EQ(root.find("s")->string(), "text");
-    EXPECT_EQ(root.find("t")->boolean(), true);
-    EXPECT_EQ(root.find("f")->boolean(), false);
-    EXPECT_EQ(root.find("n")->kind(), JSONKind::null);
-    EXPECT_EQ(root.find("i")->number(), -3);
-    EXPECT_EQ(root.find("d")->number(), 25);
-    EXPECT_EQ(root.find("a")->elements().size(), 1U);
-    EXPECT_FALSE(root.find("missing"));
+    EXPECT_EQ(written(document.root()), "( ( items:( ( ( x:( true null true false b:1 b:-25 ( 7 ");
+    EXPECT_EQ(document.root().elements().size(), 3U);
+    const JSONValue object = *document.root().elements().begin();
+    EXPECT_EQ(object.find("b")->number(), -25) << "the last of its name";
+    EXPECT_FALSE(object.find("x")) << "a member of an element of a member";
+    EXPECT_FALSE(document.root().find("b")) << "an array has no members";
 }
 
-TEST(JSONDocument, DoesNotTakeOneKindForAnother) {
-    const JSONDocument document = parsed(R"({"one": 1, "text": "true", "truth": true, "nest": {"k": 1}, "list": [1]})");
-    const JSONValue root = document.root();
-    EXPECT_FALSE(root.find("one")->boolean());
-    EXPECT_FALSE(root.find("one")->find("k"));
-    EXPECT_FALSE(root.find("text")->boolean());
-    EXPECT_FALSE(root.find("truth")->number());
-    EXPECT_FALSE(root.find("truth")->string());
-    EXPECT_EQ(root.find("nest")->elements().size(), 0U);
-    EXPECT_FALSE(root.find("list")->find("k"));
-}
-
-TEST(JSONDocument, WalksNestedContainersInOrder) {
-    const JSONDocument document = parsed(R"([{"items": [[], {"x": {}}, "last"]}, [], 7])");
-    EXPECT_EQ(kindsIn(document.root()), (std::vector{JSONKind::object, JSONKind::array, JSONKind::number}));
-    EXPECT_EQ(kindsIn(*(*document.root().elements().begin()).find("items")),
-              (std::vector{JSONKind::array, JSONKind::object, JSONKind::string}));
-}
-
-TEST(JSONDocument, KeepsMembersInOrderAndFindsTheLastOfAName) {
-    const JSONDocument document = parsed(R"({"b": [1, 2], "a": 1, "b": 2})");
-    std::string keys;
-    for (const JSONValue::Member& member : document.root().members()) {
-        keys += member.key;
-    }
-    EXPECT_EQ(keys, "bab");
-    EXPECT_EQ(document.root().find("b")->number(), 2);
-}
-
-TEST(JSONDocument, DecodesEscapes) {
-    const JSONDocument document = parsed(R"({"k\u0065y": "a\n\"\\\/\u0000\u00e9\ud83d\ude00 z"})");
+TEST(JSONDocument, DecodesEscapesAndSkipsAByteOrderMark) {
+    const JSONDocument document = parsed("\xEF\xBB\xBF"
+                                         R"({"k\u0065y": "a\n\"\\\/\u0000\u00e9\ud83d\ude00 z"})");
     EXPECT_EQ(document.root().find("key")->string(), "a\n\"\\/\0é😀 z"s);
-}
-
-TEST(JSONDocument, SkipsAByteOrderMark) {
-    EXPECT_EQ(parsed("\xEF\xBB\xBF[1]").root().elements().size(), 1U);
-    EXPECT_EQ(placeOfError("\xEF\xBB\xBF[x"), "line 1, column 2");
 }
 
 TEST(JSONDocument, SaysWhereTheTextIsWrong) {
     EXPECT_EQ(errorOf("[1,\n  {\"a\": tru}]"), "line 2, column 9: syntax error");
     EXPECT_EQ(placeOfError(""), "line 1, column 1");
-    EXPECT_EQ(placeOfError("[\"é😀\" x]"), "line 1, column 7") << "columns count characters, not bytes";
+    EXPECT_EQ(placeOfError("\xEF\xBB\xBF[\"é😀\" x]"), "line 1, column 7") << "columns count characters, not bytes";
     EXPECT_EQ(placeOfError("[1]\r\n]"), "line 2, column 1");
 }
 
@@ -120,11 +95,6 @@ TEST(JSONDocument, RefusesWhatIsNotStrictJsonOrBrokenText) {
 TEST(JSONDocument, RefusesDeepNestingWithoutHarm) {
     EXPECT_EQ(errorOf(std::string(500, '[') + std::string(500, ']')), "no error");
     EXPECT_EQ(errorOf(std::string(100'000, '[')), "line 1, column 513: too deep");
-    std::string objects;
-    for (int i = 0; i < 100'000; ++i) {
-        objects += "{\"a\":";
-    }
-    EXPECT_NE(errorOf(objects), "no error");
 }
 
 TEST(JSONDocument, SaysWhereEveryKeyAndValueBegins) {

@@ -12,18 +12,14 @@ namespace {
 
 constexpr const char* infoPlist = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
-<plist version="1.0">
-<dict>
+<plist version="1.0"><dict>
     <key>CFBundleVersion</key> <string>7</string>
-    <key>NSExtension</key>
-    <!-- the way in -->
-    <dict>
+    <key>NSExtension</key> <!-- the way in --> <dict>
         <key>NSExtensionAttributes</key> <dict/>
         <key>NSExtensionMainStoryboard</key> <string>Main &amp; only</string>
         <key>Flag</key> <true/>
     </dict>
-</dict>
-</plist>)";
+</dict></plist>)";
 
 class NSBundleTest : public testing::Test {
 protected:
@@ -61,10 +57,9 @@ TEST_F(NSBundleTest, ReadsTextsOfItsInfoDictionary) {
     folder.write("Info.plist", infoPlist);
     EXPECT_EQ(bundle.objectForInfoDictionaryKeyPath({"CFBundleVersion"}), "7");
     EXPECT_EQ(bundle.objectForInfoDictionaryKeyPath({"NSExtension", "NSExtensionMainStoryboard"}), "Main & only");
-    EXPECT_FALSE(bundle.objectForInfoDictionaryKeyPath({"NSExtension", "Flag"}));
-    EXPECT_FALSE(bundle.objectForInfoDictionaryKeyPath({"NSExtension"}));
+    EXPECT_FALSE(bundle.objectForInfoDictionaryKeyPath({"NSExtension", "Flag"})) << "no text";
     EXPECT_FALSE(bundle.objectForInfoDictionaryKeyPath({"CFBundleVersion", "More"}));
-    EXPECT_FALSE(bundle.objectForInfoDictionaryKeyPath({"NSExtensionMainStoryboard"}));
+    EXPECT_FALSE(bundle.objectForInfoDictionaryKeyPath({"NSExtensionMainStoryboard"})) << "in another dictionary";
     folder.write("Info.plist", "<plist><dict><key>");
     EXPECT_FALSE(NSBundle(folder.path()).objectForInfoDictionaryKeyPath({"CFBundleVersion"}));
 }

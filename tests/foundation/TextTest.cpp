@@ -1,5 +1,6 @@
 #include "platform/foundation/Text.h"
 
+#include "platform/foundation/NSAttributedString.h"
 #include "platform/foundation/NSScanner.h"
 
 #include <gtest/gtest.h>
@@ -9,16 +10,12 @@
 using namespace std::string_literals;
 
 TEST(Text, LengthCountsUtf16CodeUnits) {
-    EXPECT_EQ(utf16Length(""), 0U);
-    EXPECT_EQ(utf16Length("Who’s"), 5U);
-    EXPECT_EQ(utf16Length("a😀b"), 4U);
-    EXPECT_EQ(utf16Length("a\0b"s), 3U);
+    EXPECT_EQ(utf16Length("Who’s a😀b\0"s), 11U);
     EXPECT_EQ(utf16Length("a\xFF\xFE"), 3U);
 }
 
 TEST(Text, CharactersAreWhatAPersonSees) {
     EXPECT_EQ(characterCount(""), 0U);
-    EXPECT_EQ(characterCount("4DA289"), 6U);
     EXPECT_EQ(characterCount("e\u0301te\u0301"), 3U);
     EXPECT_EQ(characterCount("👨‍👩‍👧‍👦"), 1U);
     EXPECT_EQ(characterCount("🇩🇪🇫🇷"), 2U);
@@ -68,4 +65,17 @@ TEST(NSScanner, ReadsWhatIsTooLargeAsTheGreatestNumberAndLeavesTheValueAloneWith
     EXPECT_EQ(value, 7U);
     EXPECT_TRUE(NSScanner("123456789ABCDEF012").scanHexLongLong(value));
     EXPECT_EQ(value, UINT64_MAX);
+}
+
+TEST(NSAttributedString, HoldsTheLastStyleOfAStretchAndStopsTheProgramForOneBeyondTheEnd) {
+    const NSParagraphStyle loose{4, NSTextAlignment::center};
+    const NSParagraphStyle tight{0, NSTextAlignment::right};
+    NSMutableAttributedString text("a😀b");
+    text.addAttributeValueRange(NSParagraphStyleAttributeName, loose, NSMakeRange(1, 3));
+    text.addAttributeValueRange(NSParagraphStyleAttributeName, tight, NSMakeRange(3, 1));
+    EXPECT_EQ(text.paragraphStyleAt(0), std::nullopt);
+    EXPECT_EQ(text.paragraphStyleAt(2), loose);
+    EXPECT_EQ(text.paragraphStyleAt(3), tight);
+    EXPECT_DEATH(text.addAttributeValueRange(NSParagraphStyleAttributeName, loose, NSMakeRange(3, 2)),
+                 "beyond the end of its text");
 }

@@ -27,6 +27,16 @@ CodePoint firstCodePoint(std::string_view text) {
     return bytes > 0 ? CodePoint{value, static_cast<std::size_t>(bytes)} : CodePoint{};
 }
 
+/// Calls `visit` with each code point and the bytes it was read from.
+template <class Visit>
+void forEachCodePoint(std::string_view text, Visit visit) {
+    for (std::size_t at = 0; at < text.size();) {
+        const CodePoint next = firstCodePoint(text.substr(at));
+        visit(next, text.substr(at, next.bytes));
+        at += next.bytes;
+    }
+}
+
 void append(std::string& text, utf8proc_int32_t value) {
     std::array<utf8proc_uint8_t, 4> bytes{};
     const utf8proc_ssize_t count = utf8proc_encode_char(value, bytes.data());
@@ -63,22 +73,6 @@ bool isWhitespaceOrNewline(utf8proc_int32_t value) {
     return category == UTF8PROC_CATEGORY_ZS || category == UTF8PROC_CATEGORY_ZL || category == UTF8PROC_CATEGORY_ZP;
 }
 
-std::size_t whitespaceAtEnd(std::string_view text) {
-    std::size_t start = text.size();
-    while (start > 0) {
-        std::size_t previous = start - 1;
-        while (previous > 0 && start - previous < 4 && (static_cast<unsigned char>(text[previous]) & 0xC0) == 0x80) {
-            --previous;
-        }
-        const CodePoint last = firstCodePoint(text.substr(previous));
-        if (!last.isValid() || last.bytes != start - previous || !isWhitespaceOrNewline(last.value)) {
-            break;
-        }
-        start = previous;
-    }
-    return text.size() - start;
-}
-
 /// A lower-case letter that becomes several is found through its full case folding, which differs only in case.
 void appendUppercase(std::string& text, utf8proc_int32_t value) {
     std::array<utf8proc_int32_t, 8> folded{value};
@@ -104,38 +98,23 @@ void appendLowercase(std::string& text, utf8proc_int32_t value) {
 std::string mapped(std::string_view text, void (*appendMapped)(std::string&, utf8proc_int32_t)) {
     std::string result;
     result.reserve(text.size());
-    while (!text.empty()) {
-        const CodePoint next = firstCodePoint(text);
-        if (next.isValid()) {
-            appendMapped(result, next.value);
-        } else {
-            result += text.front();
-        }
-        text.remove_prefix(next.bytes);
-    }
+    forEachCodePoint(text, [&](CodePoint next, std::string_view bytes) {
+        next.isValid() ? appendMapped(result, next.value) : void(result += bytes);
+    });
     return result;
 }
 
 } // namespace
 
 bool isValidUTF8(std::string_view text) {
-    while (!text.empty()) {
-        const CodePoint next = firstCodePoint(text);
-        if (!next.isValid()) {
-            return false;
-        }
-        text.remove_prefix(next.bytes);
-    }
-    return true;
+    bool isValid = true;
+    forEachCodePoint(text, [&](CodePoint next, std::string_view) { isValid = isValid && next.isValid(); });
+    return isValid;
 }
 
 std::size_t utf16Length(std::string_view text) {
     std::size_t units = 0;
-    while (!text.empty()) {
-        const CodePoint next = firstCodePoint(text);
-        units += next.units();
-        text.remove_prefix(next.bytes);
-    }
+    forEachCodePoint(text, [&](CodePoint next, std::string_view) { units += next.units(); });
     return units;
 }
 
@@ -143,19 +122,13 @@ std::size_t characterCount(std::string_view text) {
     std::size_t characters = 0;
     utf8proc_int32_t state = 0;
     utf8proc_int32_t previous = -1;
-    while (!text.empty()) {
-        const CodePoint next = firstCodePoint(text);
+    forEachCodePoint(text, [&](CodePoint next, std::string_view) {
         const bool joins =
             previous >= 0 && next.isValid() && !utf8proc_grapheme_break_stateful(previous, next.value, &state);
-        if (!joins) {
-            ++characters;
-        }
-        if (!next.isValid()) {
-            state = 0;
-        }
+        characters += joins ? 0 : 1;
+        state = next.isValid() ? state : 0;
         previous = next.value;
-        text.remove_prefix(next.bytes);
-    }
+    });
     return characters;
 }
 
@@ -177,15 +150,15 @@ std::string stringByReplacingCharactersInRange(std::string_view text, NSRange ra
 }
 
 std::string_view trimmingWhitespaceAndNewlines(std::string_view text) {
-    while (!text.empty()) {
-        const CodePoint next = firstCodePoint(text);
+    const char* start = nullptr;
+    const char* end = nullptr;
+    forEachCodePoint(text, [&](CodePoint next, std::string_view bytes) {
         if (!next.isValid() || !isWhitespaceOrNewline(next.value)) {
-            break;
+            start = start == nullptr ? bytes.data() : start;
+            end = bytes.data() + bytes.size();
         }
-        text.remove_prefix(next.bytes);
-    }
-    text.remove_suffix(whitespaceAtEnd(text));
-    return text;
+    });
+    return {start, static_cast<std::size_t>(end - start)};
 }
 
 std::string uppercased(std::string_view text) {

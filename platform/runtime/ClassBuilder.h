@@ -32,14 +32,11 @@ public:
         m_class.outlets[name] = connector<Object>([member](T& self, auto object) { self.*member = object; });
         return *this;
     }
-    /// An outlet whose assignment is observed, or one of a protocol's type such as `delegate`.
-    template <class Owner, class Object>
-    ClassBuilder& outlet(const char* name, void (Owner::*setter)(const std::shared_ptr<Object>&)) {
-        m_class.outlets[name] = connector<Object>([setter](T& self, auto object) { (self.*setter)(object); });
-        return *this;
-    }
-    template <class Owner, class Object>
-    ClassBuilder& outlet(const char* name, void (Owner::*setter)(std::weak_ptr<Object>)) {
+    /// An outlet whose assignment is observed, or one of a protocol's type such as `delegate`; the setter takes a
+    /// shared or a weak pointer.
+    template <class Owner, class Pointer>
+    ClassBuilder& outlet(const char* name, void (Owner::*setter)(Pointer)) {
+        using Object = typename std::remove_cvref_t<Pointer>::element_type;
         m_class.outlets[name] = connector<Object>([setter](T& self, auto object) { (self.*setter)(object); });
         return *this;
     }

@@ -121,8 +121,11 @@ void NibBuilder::setAttribute(const InterfaceElement& attribute, const std::shar
     if (setter == nullptr) {
         m_reader.error(attribute, classNameOf(*owner) + " has no key \"" + std::string(key) + "\"" +
                                       suggestion(key, ownerClass.propertyNames()));
-    } else if (value && (*setter)(*owner, *value) == Acceptance::wrongType) {
+        return;
+    }
+    const Acceptance answer = value ? (*setter)(*owner, *value) : Acceptance::accepted;
+    if (answer != Acceptance::accepted) {
         m_reader.error(attribute, "the key \"" + std::string(key) + "\" of " + classNameOf(*owner) + " does not take " +
-                                      kindOf(*value));
+                                      (answer == Acceptance::wrongType ? kindOf(*value) : "this value"));
     }
 }

@@ -5,6 +5,7 @@
 
 #include <concepts>
 #include <memory>
+#include <optional>
 #include <type_traits>
 
 /// Fills one class's table of names:
@@ -51,6 +52,11 @@ public:
     ClassBuilder& property(const char* key, void (*setter)(Owner&, Argument)) {
         return propertyOf<Argument>(key, [setter](T& self, const auto& value) { setter(self, value); });
     }
+    /// A setter that refuses some values of the right type.
+    template <class Owner, class Argument>
+    ClassBuilder& property(const char* key, Acceptance (*setter)(Owner&, Argument)) {
+        return propertyOf<Argument>(key, [setter](T& self, const auto& value) { return setter(self, value); });
+    }
     /// A part reached in a dotted key, such as `layer` in "layer.cornerRadius".
     template <class Owner, class Part>
     ClassBuilder& object(const char* key, std::shared_ptr<Part> (Owner::*getter)() const) {
@@ -94,40 +100,37 @@ private:
 
     template <class Argument, class Set>
     ClassBuilder& propertyOf(const char* key, Set set) {
-        using Plain = std::remove_cvref_t<Argument>;
         m_class.properties[key] = [set](NSObject& self, const Value& value) {
-            return acceptAs<Plain>(value, [&](const auto& typed) { set(dynamic_cast<T&>(self), typed); });
+            const auto typed = valueAs<std::remove_cvref_t<Argument>>(value);
+            if (!typed) {
+                return Acceptance::wrongType;
+            }
+            T& object = dynamic_cast<T&>(self);
+            if constexpr (std::is_same_v<decltype(set(object, *typed)), Acceptance>) {
+                return set(object, *typed);
+            } else {
+                set(object, *typed);
+                return Acceptance::accepted;
+            }
         };
         return *this;
     }
 
-    template <class Plain, class Use>
-    static Acceptance acceptAs(const Value& value, Use use) {
-        if constexpr (std::is_same_v<Plain, bool> || std::is_same_v<Plain, std::string> ||
-                      std::is_same_v<Plain, CGPoint> || std::is_same_v<Plain, CGSize> ||
-                      std::is_same_v<Plain, CGRect>) {
-            const Plain* typed = std::get_if<Plain>(&value);
-            return typed != nullptr ? (use(*typed), Acceptance::accepted) : Acceptance::wrongType;
-        } else if constexpr (std::is_arithmetic_v<Plain>) {
+    /// Absent when the value is of another type. Null is a value of every object type.
+    template <class Plain>
+    static std::optional<Plain> valueAs(const Value& value) {
+        if constexpr (std::is_arithmetic_v<Plain> && !std::is_same_v<Plain, bool>) {
             const double* number = std::get_if<double>(&value);
-            return number != nullptr ? (use(static_cast<Plain>(*number)), Acceptance::accepted) : Acceptance::wrongType;
+            return number != nullptr ? std::optional(static_cast<Plain>(*number)) : std::nullopt;
+        } else if constexpr (requires { typename Plain::element_type; }) {
+            const auto* object = std::get_if<std::shared_ptr<NSObject>>(&value);
+            const Plain typed =
+                object != nullptr ? std::dynamic_pointer_cast<typename Plain::element_type>(*object) : nullptr;
+            return typed || (object != nullptr && *object == nullptr) ? std::optional(typed) : std::nullopt;
         } else {
-            return acceptObject<typename Plain::element_type>(value, use);
+            const Plain* typed = std::get_if<Plain>(&value);
+            return typed != nullptr ? std::optional(*typed) : std::nullopt;
         }
-    }
-
-    template <class Object, class Use>
-    static Acceptance acceptObject(const Value& value, Use use) {
-        const auto* object = std::get_if<std::shared_ptr<NSObject>>(&value);
-        if (object == nullptr) {
-            return Acceptance::wrongType;
-        }
-        const auto typed = std::dynamic_pointer_cast<Object>(*object);
-        if (*object && !typed) {
-            return Acceptance::wrongType;
-        }
-        use(typed);
-        return Acceptance::accepted;
     }
 
     ObjectClass& m_class;

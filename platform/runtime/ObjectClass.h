@@ -20,7 +20,7 @@ using Value = std::variant<bool, double, std::string, CGPoint, CGSize, CGRect, s
 [[nodiscard]] std::string kindOf(const Value& value);
 
 /// Whether an object takes what an interface file gives it by name.
-enum class Acceptance { accepted, wrongType };
+enum class Acceptance { accepted, wrongType, wrongValue };
 
 /// What one class is called and what can be reached in it by name: its outlets, key-set properties and actions.
 /// Filled once at start by ClassBuilder; owned by the class registry.

@@ -23,6 +23,15 @@ void setFieldText(UITextField& field, const std::string& text) {
     field.setText(text);
 }
 
+/// Shadows have a hard edge.
+Acceptance setShadowRadius(CALayer& layer, CGFloat radius) {
+    if (radius != 0) {
+        return Acceptance::wrongValue;
+    }
+    layer.setShadowRadius(radius);
+    return Acceptance::accepted;
+}
+
 /// Other people's files set it; nothing is drawn in a tint here.
 void ignoreTintColor(UIView& /*view*/, const std::shared_ptr<UIColor>& /*color*/) {}
 
@@ -35,7 +44,7 @@ void registerViews() {
         .property("shadowColor", &CALayer::setShadowColor)
         .property("shadowOpacity", &CALayer::setShadowOpacity)
         .property("shadowOffset", &CALayer::setShadowOffset)
-        .property("shadowRadius", &CALayer::setShadowRadius);
+        .property("shadowRadius", &setShadowRadius);
     ClassBuilder<UIView>("UIView", "UIResponder")
         .madeByCoder()
         .object("layer", &UIView::layer)

@@ -87,6 +87,8 @@ TEST_F(NibErrors, NameKeysThatCannotBeSet) {
         "4:1: error: <userDefinedRuntimeAttribute>: ",
         {{R"(type="number" keyPath="cornerRadios")" + number,
           R"(UIView has no key "cornerRadios"; did you mean cornerRadius?)"},
+         {R"(type="number" keyPath="layer.shadowRadius")" + number,
+          R"(the key "shadowRadius" of CALayer does not take this value)"},
          {R"(type="number" keyPath="layr.cornerRadius")" + number, R"(UIView has no part "layr")"},
          {R"(type="string" keyPath="cornerRadius" value="2">)",
           R"(the key "cornerRadius" of UIView does not take a string)"},

@@ -1,8 +1,10 @@
 #include "platform/uikit/window/ViewPainter.h"
 
+#include "platform/graphics/PNG.h"
 #include "platform/uikit/controls/UIImageView.h"
 #include "platform/uikit/controls/UILabel.h"
 #include "tests/support/RecordingCanvas.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/uikit/ViewFixture.h"
 
 #include <gmock/gmock.h>
@@ -84,6 +86,25 @@ TEST_F(ViewPainterTest, ColoursFollowTheAppearance) {
     addCard(CGRectMake(0, 0, 10, 10))->setBackgroundColor(UIColor::dynamicColor({1, 0, 0, 1}, {0, 1, 0, 1}));
     EXPECT_THAT(painted(), HasSubstr("rgba(1 0 0 1)"));
     EXPECT_THAT(painted(window->bounds(), UIUserInterfaceStyle::dark), HasSubstr("rgba(0 1 0 1)"));
+}
+
+TEST_F(ViewPainterTest, AnImageStandsWhereItsContentModeSays) {
+    const support::TemporaryFolder folder;
+    ASSERT_FALSE(writePNG(Bitmap(40, 40), folder.path() / "i.png"));
+    const auto view = add(std::make_shared<UIImageView>(CGRectMake(0, 0, 10, 20)));
+    view->setImage(std::make_shared<UIImage>(
+        "i", std::vector<UIImageRepresentation>{{.path = folder.path() / "i.png", .scale = 1}}));
+    using enum UIViewContentMode;
+    const std::pair<UIViewContentMode, const char*> places[] = {
+        {scaleToFill, "(0 0 10 20)"},    {redraw, "(0 0 10 20)"},           {scaleAspectFit, "(0 5 10 10)"},
+        {center, "(-15 -10 40 40)"},     {scaleAspectFill, "(-5 0 20 20)"}, {top, "(-15 0 40 40)"},
+        {bottom, "(-15 -20 40 40)"},     {left, "(0 -10 40 40)"},           {right, "(-30 -10 40 40)"},
+        {topLeft, "(0 0 40 40)"},        {topRight, "(-30 0 40 40)"},       {bottomLeft, "(0 -20 40 40)"},
+        {bottomRight, "(-30 -20 40 40)"}};
+    for (const auto& [mode, place] : places) {
+        view->setContentMode(mode);
+        EXPECT_THAT(painted(), HasSubstr(std::string("image \"i\" rect") + place));
+    }
 }
 
 TEST_F(ViewPainterTest, OddFramesAreDrawnWithoutHarm) {

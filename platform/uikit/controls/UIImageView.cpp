@@ -8,48 +8,38 @@
 
 namespace {
 
-CGRect centred(CGSize size, const CGRect& bounds) {
-    return CGRectMake(bounds.midX() - size.width / 2, bounds.midY() - size.height / 2, size.width, size.height);
+using enum UIViewContentMode;
+
+bool isOneOf(UIViewContentMode mode, std::initializer_list<UIViewContentMode> modes) {
+    return std::find(modes.begin(), modes.end(), mode) != modes.end();
 }
 
-CGRect scaledToAspect(CGSize image, const CGRect& bounds, bool fill) {
-    const CGFloat horizontal = bounds.size.width / image.width;
-    const CGFloat vertical = bounds.size.height / image.height;
-    const CGFloat factor = fill ? std::max(horizontal, vertical) : std::min(horizontal, vertical);
-    return centred({image.width * factor, image.height * factor}, bounds);
+CGSize scaledToAspect(CGSize image, CGSize bounds, UIViewContentMode mode) {
+    const CGFloat across = bounds.width / image.width;
+    const CGFloat down = bounds.height / image.height;
+    const CGFloat factor = mode == scaleAspectFill ? std::max(across, down) : std::min(across, down);
+    return {image.width * factor, image.height * factor};
 }
 
-/// Where an image of its natural size stands for the modes that do not scale it.
-CGRect placed(CGSize image, const CGRect& bounds, UIViewContentMode mode) {
-    using enum UIViewContentMode;
-    CGRect rect = centred(image, bounds);
-    if (mode == left || mode == topLeft || mode == bottomLeft) {
-        rect.origin.x = bounds.minX();
-    }
-    if (mode == right || mode == topRight || mode == bottomRight) {
-        rect.origin.x = bounds.maxX() - image.width;
-    }
-    if (mode == top || mode == topLeft || mode == topRight) {
-        rect.origin.y = bounds.minY();
-    }
-    if (mode == bottom || mode == bottomLeft || mode == bottomRight) {
-        rect.origin.y = bounds.maxY() - image.height;
-    }
-    return rect;
-}
-
+/// Where an image of that size stands; in the middle but for the sides that the mode names.
 CGRect imageRect(CGSize image, const CGRect& bounds, UIViewContentMode mode) {
-    switch (mode) {
-    case UIViewContentMode::scaleToFill:
-    case UIViewContentMode::redraw:
+    if (isOneOf(mode, {scaleToFill, redraw})) {
         return bounds;
-    case UIViewContentMode::scaleAspectFit:
-        return scaledToAspect(image, bounds, false);
-    case UIViewContentMode::scaleAspectFill:
-        return scaledToAspect(image, bounds, true);
-    default:
-        return placed(image, bounds, mode);
     }
+    const bool isScaled = isOneOf(mode, {scaleAspectFit, scaleAspectFill});
+    const CGSize size = isScaled ? scaledToAspect(image, bounds.size, mode) : image;
+    CGPoint origin{bounds.midX() - size.width / 2, bounds.midY() - size.height / 2};
+    if (isOneOf(mode, {left, topLeft, bottomLeft})) {
+        origin.x = bounds.minX();
+    } else if (isOneOf(mode, {right, topRight, bottomRight})) {
+        origin.x = bounds.maxX() - size.width;
+    }
+    if (isOneOf(mode, {top, topLeft, topRight})) {
+        origin.y = bounds.minY();
+    } else if (isOneOf(mode, {bottom, bottomLeft, bottomRight})) {
+        origin.y = bounds.maxY() - size.height;
+    }
+    return {origin, size};
 }
 
 } // namespace

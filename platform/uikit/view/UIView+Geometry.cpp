@@ -3,30 +3,36 @@
 #include "platform/uikit/window/UIWindow.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
-/// One axis of a view that is resized with its superview: the distance before it, its length, the distance after it.
-struct Span {
-    CGFloat before;
-    CGFloat length;
-    CGFloat after;
-};
+/// Along one axis: the distance before a view, its length, the distance after it.
+using Parts = std::array<CGFloat, 3>;
+using Bits = std::array<unsigned, 3>;
 
-/// Spreads a change of the superview's length over the flexible parts, in proportion to what they have.
-Span resized(Span span, CGFloat change, bool before, bool length, bool after) {
-    const int count = static_cast<int>(before) + static_cast<int>(length) + static_cast<int>(after);
-    const CGFloat total = (before ? span.before : 0) + (length ? span.length : 0) + (after ? span.after : 0);
-    const auto grow = [&](CGFloat& part, bool isFlexible) {
-        if (isFlexible) {
-            part += total > 0 ? change * part / total : change / count;
+constexpr Bits across{UIViewAutoresizingFlexibleLeftMargin, UIViewAutoresizingFlexibleWidth,
+                      UIViewAutoresizingFlexibleRightMargin};
+constexpr Bits down{UIViewAutoresizingFlexibleTopMargin, UIViewAutoresizingFlexibleHeight,
+                    UIViewAutoresizingFlexibleBottomMargin};
+
+/// Spreads a change of the superview's length over the parts that are flexible, in proportion to what they have.
+Parts resized(Parts parts, CGFloat change, unsigned mask, const Bits& bits) {
+    int count = 0;
+    CGFloat total = 0;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if ((mask & bits[i]) != 0) {
+            ++count;
+            total += parts[i];
         }
-    };
-    grow(span.before, before);
-    grow(span.length, length);
-    grow(span.after, after);
-    span.length = std::max<CGFloat>(span.length, 0);
-    return span;
+    }
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if ((mask & bits[i]) != 0) {
+            parts[i] += total > 0 ? change * parts[i] / total : change / count;
+        }
+    }
+    parts[1] = std::max<CGFloat>(parts[1], 0);
+    return parts;
 }
 
 } // namespace
@@ -101,15 +107,9 @@ void UIView::resizeSubviews(CGSize before) {
             continue;
         }
         const CGRect frame = subview->frame();
-        const Span across =
-            resized({frame.minX(), frame.size.width, before.width - frame.maxX()}, wider,
-                    (mask & UIViewAutoresizingFlexibleLeftMargin) != 0, (mask & UIViewAutoresizingFlexibleWidth) != 0,
-                    (mask & UIViewAutoresizingFlexibleRightMargin) != 0);
-        const Span down =
-            resized({frame.minY(), frame.size.height, before.height - frame.maxY()}, taller,
-                    (mask & UIViewAutoresizingFlexibleTopMargin) != 0, (mask & UIViewAutoresizingFlexibleHeight) != 0,
-                    (mask & UIViewAutoresizingFlexibleBottomMargin) != 0);
-        subview->place(CGRectMake(across.before, down.before, across.length, down.length));
+        const Parts x = resized({frame.minX(), frame.size.width, before.width - frame.maxX()}, wider, mask, across);
+        const Parts y = resized({frame.minY(), frame.size.height, before.height - frame.maxY()}, taller, mask, down);
+        subview->place(CGRectMake(x[0], y[0], x[1], y[1]));
     }
 }
 

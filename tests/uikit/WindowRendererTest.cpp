@@ -67,7 +67,7 @@ TEST_F(WindowRendererTest, PicturesOfScrolledContentAreThoseOfAFullRepaint) {
         if (choice == 0) {
             labels[random() % 12]->setText("Changed in step " + std::to_string(step));
         } else if (choice == 1) {
-            floating->setFrame(floating->frame().offsetBy(0, random() % 2 == 0 ? -7 : 7));
+            floating->setFrame(floating->frame().offsetBy(0, random() % 2 == 0 ? -7.25 : 7.25));
         } else if (choice == 2) {
             scroll->setBackgroundColor(step % 3 == 0 ? UIColor::whiteColor() : nullptr);
         }

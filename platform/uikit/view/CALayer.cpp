@@ -7,46 +7,11 @@
 CALayer::CALayer(UIView* view)
     : m_view(view), m_borderColor(UIColor::blackColor()), m_shadowColor(UIColor::blackColor()) {}
 
-template <class Value>
-void CALayer::change(Value& field, const Value& value) {
-    if (field == value) {
-        return;
+/// Before a change and after it: a shadow may reach further in the old look or in the new one.
+void CALayer::repaintView() {
+    if (m_view != nullptr) {
+        m_view->setNeedsRepaint();
     }
-    if (m_view == nullptr) {
-        field = value;
-        return;
-    }
-    m_view->setNeedsRepaint();
-    field = value;
-    m_view->setNeedsRepaint();
-}
-
-void CALayer::setCornerRadius(CGFloat radius) {
-    change(m_cornerRadius, radius);
-}
-
-void CALayer::setBorderWidth(CGFloat width) {
-    change(m_borderWidth, width);
-}
-
-void CALayer::setBorderColor(const std::shared_ptr<UIColor>& color) {
-    change(m_borderColor, color);
-}
-
-void CALayer::setMasksToBounds(bool masks) {
-    change(m_masksToBounds, masks);
-}
-
-void CALayer::setShadowColor(const std::shared_ptr<UIColor>& color) {
-    change(m_shadowColor, color);
-}
-
-void CALayer::setShadowOpacity(float opacity) {
-    change(m_shadowOpacity, opacity);
-}
-
-void CALayer::setShadowOffset(CGSize offset) {
-    change(m_shadowOffset, offset);
 }
 
 void CALayer::setShadowRadius(CGFloat radius) {

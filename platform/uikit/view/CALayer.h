@@ -17,21 +17,21 @@ public:
     explicit CALayer(UIView* view);
 
     [[nodiscard]] CGFloat cornerRadius() const { return m_cornerRadius; }
-    void setCornerRadius(CGFloat radius);
+    void setCornerRadius(CGFloat radius) { change(m_cornerRadius, radius); }
     [[nodiscard]] CGFloat borderWidth() const { return m_borderWidth; }
-    void setBorderWidth(CGFloat width);
+    void setBorderWidth(CGFloat width) { change(m_borderWidth, width); }
     [[nodiscard]] std::shared_ptr<UIColor> borderColor() const { return m_borderColor; }
-    void setBorderColor(const std::shared_ptr<UIColor>& color);
+    void setBorderColor(const std::shared_ptr<UIColor>& color) { change(m_borderColor, color); }
     [[nodiscard]] bool masksToBounds() const { return m_masksToBounds; }
-    void setMasksToBounds(bool masks);
+    void setMasksToBounds(bool masks) { change(m_masksToBounds, masks); }
 
     [[nodiscard]] std::shared_ptr<UIColor> shadowColor() const { return m_shadowColor; }
-    void setShadowColor(const std::shared_ptr<UIColor>& color);
+    void setShadowColor(const std::shared_ptr<UIColor>& color) { change(m_shadowColor, color); }
     /// 0 … 1; the platform's initial value is 0, no shadow.
     [[nodiscard]] float shadowOpacity() const { return m_shadowOpacity; }
-    void setShadowOpacity(float opacity);
+    void setShadowOpacity(float opacity) { change(m_shadowOpacity, opacity); }
     [[nodiscard]] CGSize shadowOffset() const { return m_shadowOffset; }
-    void setShadowOffset(CGSize offset);
+    void setShadowOffset(CGSize offset) { change(m_shadowOffset, offset); }
     /// Shadows have a hard edge here: any radius but 0 stops the program.
     void setShadowRadius(CGFloat radius);
     /// Where the shadow falls, in the view's coordinates. Empty without one: a view that clips or has no background
@@ -48,7 +48,14 @@ public:
 
 private:
     template <class Value>
-    void change(Value& field, const Value& value);
+    void change(Value& field, const Value& value) {
+        if (field != value) {
+            repaintView();
+            field = value;
+            repaintView();
+        }
+    }
+    void repaintView();
 
     UIView* m_view;
     CGFloat m_cornerRadius = 0;

@@ -72,28 +72,6 @@ void UIView::setViewController(UIViewController* controller) {
     }
 }
 
-// Natural sizes.
-
-CGSize UIView::intrinsicContentSize() const {
-    return {noIntrinsicMetric, noIntrinsicMetric};
-}
-
-CGSize UIView::intrinsicContentSizeForWidth(CGFloat /*width*/) const {
-    return intrinsicContentSize();
-}
-
-std::optional<CGFloat> UIView::firstBaseline(CGSize /*size*/) const {
-    return std::nullopt;
-}
-
-std::optional<CGFloat> UIView::lastBaseline(CGSize /*size*/) const {
-    return std::nullopt;
-}
-
-void UIView::invalidateIntrinsicContentSize() {
-    setNeedsUpdateConstraints();
-}
-
 CGFloat UIView::heightFittingWidth(CGFloat width) {
     if (!m_layout.fitting) {
         m_layout.fitting = std::make_unique<ViewSystem>(*this, ViewSystem::Purpose::fitting);
@@ -113,10 +91,6 @@ void UIView::mark(LayoutMarks::Mark mark) {
     while (above != nullptr && above->m_layout.marks.set(LayoutMarks::descendants)) {
         above = above->m_superview;
     }
-}
-
-void UIView::setNeedsLayout() {
-    mark(LayoutMarks::subviews);
 }
 
 void UIView::setNeedsUpdateConstraints() {

@@ -77,14 +77,6 @@ bool UIView::isDescendantOfView(const UIView& view) const {
     return false;
 }
 
-void UIView::addSubview(const std::shared_ptr<UIView>& view) {
-    attach(view, m_subviews.size());
-}
-
-void UIView::insertSubviewAtIndex(const std::shared_ptr<UIView>& view, std::size_t index) {
-    attach(view, index);
-}
-
 void UIView::bringSubviewToFront(UIView& view) {
     const auto position = find(m_subviews, view);
     if (position != m_subviews.end()) {

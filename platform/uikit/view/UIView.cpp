@@ -81,15 +81,6 @@ UIView::~UIView() {
 
 // Look.
 
-template <class Value>
-void UIView::changeLook(Value& field, const Value& value) {
-    if (field != value) {
-        setNeedsRepaint();
-        field = value;
-        setNeedsRepaint();
-    }
-}
-
 void UIView::setBackgroundColor(const std::shared_ptr<UIColor>& color) {
     if (m_backgroundColor != color) {
         invalidate(m_layer->shadowRect()); // a view without a background casts none
@@ -98,25 +89,7 @@ void UIView::setBackgroundColor(const std::shared_ptr<UIColor>& color) {
     }
 }
 
-void UIView::setAlpha(CGFloat alpha) {
-    changeLook(m_alpha, alpha);
-}
-
-void UIView::setHidden(bool hidden) {
-    changeLook(m_hidden, hidden);
-}
-
-void UIView::setContentMode(UIViewContentMode mode) {
-    changeLook(m_contentMode, mode);
-}
-
 // Drawing.
-
-void UIView::setNeedsDisplay() {
-    invalidate(m_bounds);
-}
-
-void UIView::drawRect(const CGRect& /*rect*/) {}
 
 void UIView::invalidate(const CGRect& rect) {
     if (!isDrawn() || m_superview == nullptr) {

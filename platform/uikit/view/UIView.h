@@ -75,8 +75,8 @@ public:
     [[nodiscard]] UIView* superview() const { return m_superview; }
     [[nodiscard]] const std::vector<std::shared_ptr<UIView>>& subviews() const { return m_subviews; }
     [[nodiscard]] UIWindow* window() const;
-    void addSubview(const std::shared_ptr<UIView>& view);
-    void insertSubviewAtIndex(const std::shared_ptr<UIView>& view, std::size_t index);
+    void addSubview(const std::shared_ptr<UIView>& view) { attach(view, m_subviews.size()); }
+    void insertSubviewAtIndex(const std::shared_ptr<UIView>& view, std::size_t index) { attach(view, index); }
     void bringSubviewToFront(UIView& view);
     void removeFromSuperview();
     [[nodiscard]] bool isDescendantOfView(const UIView& view) const;
@@ -92,9 +92,9 @@ public:
     [[nodiscard]] std::shared_ptr<UIColor> backgroundColor() const { return m_backgroundColor; }
     void setBackgroundColor(const std::shared_ptr<UIColor>& color);
     [[nodiscard]] CGFloat alpha() const { return m_alpha; }
-    void setAlpha(CGFloat alpha);
+    void setAlpha(CGFloat alpha) { changeLook(m_alpha, alpha); }
     [[nodiscard]] bool isHidden() const { return m_hidden; }
-    void setHidden(bool hidden);
+    void setHidden(bool hidden) { changeLook(m_hidden, hidden); }
     /// Whether the view takes part in what is painted and touched, with all inside it, as far as it decides this
     /// itself: neither hidden nor all but transparent. It may still lie outside of what its superviews clip, or be
     /// empty.
@@ -102,15 +102,15 @@ public:
     [[nodiscard]] bool clipsToBounds() const { return m_layer->masksToBounds(); }
     void setClipsToBounds(bool clips) { m_layer->setMasksToBounds(clips); }
     [[nodiscard]] UIViewContentMode contentMode() const { return m_contentMode; }
-    void setContentMode(UIViewContentMode mode);
+    void setContentMode(UIViewContentMode mode) { changeLook(m_contentMode, mode); }
 
     // Drawing.
     /// Has the view's own rectangle drawn again.
-    void setNeedsDisplay();
+    void setNeedsDisplay() { invalidate(m_bounds); }
     /// Has everything painted again that the view reaches with its shadow and its subviews. What changes that is to be
     /// painted calls it before and after: the old look and the new may differ in their reach.
     void setNeedsRepaint() { invalidate(paintedRect()); }
-    virtual void drawRect(const CGRect& rect); // drawRect:
+    virtual void drawRect(const CGRect& /*rect*/) {} // drawRect:
     /// What drawRect can reach, in this view's coordinates: the bounds, or more where content stands out of a view that
     /// does not clip.
     [[nodiscard]] virtual CGRect drawnRect() const { return m_bounds; }
@@ -148,13 +148,15 @@ public:
     [[nodiscard]] UILayoutPriority contentHuggingPriority(UILayoutConstraintAxis axis) const;
     [[nodiscard]] UILayoutPriority contentCompressionResistancePriority(UILayoutConstraintAxis axis) const;
     /// Width and height the content would like; noIntrinsicMetric where it has no wish.
-    [[nodiscard]] virtual CGSize intrinsicContentSize() const;
+    [[nodiscard]] virtual CGSize intrinsicContentSize() const { return {noIntrinsicMetric, noIntrinsicMetric}; }
     /// The same when the width is already known (texts that wrap); by default intrinsicContentSize().
-    [[nodiscard]] virtual CGSize intrinsicContentSizeForWidth(CGFloat width) const;
+    [[nodiscard]] virtual CGSize intrinsicContentSizeForWidth(CGFloat /*width*/) const {
+        return intrinsicContentSize();
+    }
     /// Distance of the first and last text baseline from the top for a given size; absent for views without text.
-    [[nodiscard]] virtual std::optional<CGFloat> firstBaseline(CGSize size) const;
-    [[nodiscard]] virtual std::optional<CGFloat> lastBaseline(CGSize size) const;
-    void invalidateIntrinsicContentSize();
+    [[nodiscard]] virtual std::optional<CGFloat> firstBaseline(CGSize /*size*/) const { return std::nullopt; }
+    [[nodiscard]] virtual std::optional<CGFloat> lastBaseline(CGSize /*size*/) const { return std::nullopt; }
+    void invalidateIntrinsicContentSize() { setNeedsUpdateConstraints(); }
     /// Has the constraints around this view solved again at the next layout.
     void setNeedsUpdateConstraints();
     /// The smallest height that satisfies the constraints inside this view at exactly this width.
@@ -165,7 +167,7 @@ public:
     /// How far the device's rounded corners, bars and indicators reach into this view; never into scrolled content.
     [[nodiscard]] UIEdgeInsets safeAreaInsets() const;
 
-    void setNeedsLayout();
+    void setNeedsLayout() { mark(LayoutMarks::subviews); }
     /// Lays out the tree that this view stands in, from its top down: solves the constraints that changed, places their
     /// views, runs layoutSubviews where it is due. What that changes is laid out in the same call, but not forever:
     /// after some rounds the work left waits for the next call. A clean tree costs one look at its top.
@@ -212,7 +214,13 @@ private:
     void moveContent(CGFloat distance);
     void resizeSubviews(CGSize before);
     template <class Value>
-    void changeLook(Value& field, const Value& value);
+    void changeLook(Value& field, const Value& value) {
+        if (field != value) {
+            setNeedsRepaint();
+            field = value;
+            setNeedsRepaint();
+        }
+    }
 
     // Layout.
     [[nodiscard]] NSLayoutAnchor anchor(LayoutAttribute attribute);

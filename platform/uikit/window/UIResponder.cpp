@@ -9,29 +9,10 @@ std::weak_ptr<UIResponder>& current() {
 
 } // namespace
 
-// The next responder is retained while it handles a touch: what it does may take it off the screen.
-
-void UIResponder::touchesBeganWithEvent(const TouchSet& touches, UIEvent* event) {
+/// The next responder is retained while it handles a touch: what it does may take it off the screen.
+void UIResponder::passOn(Handler handler, const TouchSet& touches, UIEvent* event) const {
     if (const std::shared_ptr<UIResponder> next = strong(nextResponder())) {
-        next->touchesBeganWithEvent(touches, event);
-    }
-}
-
-void UIResponder::touchesMovedWithEvent(const TouchSet& touches, UIEvent* event) {
-    if (const std::shared_ptr<UIResponder> next = strong(nextResponder())) {
-        next->touchesMovedWithEvent(touches, event);
-    }
-}
-
-void UIResponder::touchesEndedWithEvent(const TouchSet& touches, UIEvent* event) {
-    if (const std::shared_ptr<UIResponder> next = strong(nextResponder())) {
-        next->touchesEndedWithEvent(touches, event);
-    }
-}
-
-void UIResponder::touchesCancelledWithEvent(const TouchSet& touches, UIEvent* event) {
-    if (const std::shared_ptr<UIResponder> next = strong(nextResponder())) {
-        next->touchesCancelledWithEvent(touches, event);
+        (next.get()->*handler)(touches, event);
     }
 }
 

@@ -18,10 +18,18 @@ public:
     /// Not owned; null at the end of the chain.
     [[nodiscard]] virtual UIResponder* nextResponder() const { return nullptr; }
 
-    virtual void touchesBeganWithEvent(const TouchSet& touches, UIEvent* event);     // touchesBegan:withEvent:
-    virtual void touchesMovedWithEvent(const TouchSet& touches, UIEvent* event);     // touchesMoved:withEvent:
-    virtual void touchesEndedWithEvent(const TouchSet& touches, UIEvent* event);     // touchesEnded:withEvent:
-    virtual void touchesCancelledWithEvent(const TouchSet& touches, UIEvent* event); // touchesCancelled:withEvent:
+    virtual void touchesBeganWithEvent(const TouchSet& touches, UIEvent* event) { // touchesBegan:withEvent:
+        passOn(&UIResponder::touchesBeganWithEvent, touches, event);
+    }
+    virtual void touchesMovedWithEvent(const TouchSet& touches, UIEvent* event) { // touchesMoved:withEvent:
+        passOn(&UIResponder::touchesMovedWithEvent, touches, event);
+    }
+    virtual void touchesEndedWithEvent(const TouchSet& touches, UIEvent* event) { // touchesEnded:withEvent:
+        passOn(&UIResponder::touchesEndedWithEvent, touches, event);
+    }
+    virtual void touchesCancelledWithEvent(const TouchSet& touches, UIEvent* event) { // touchesCancelled:withEvent:
+        passOn(&UIResponder::touchesCancelledWithEvent, touches, event);
+    }
 
     [[nodiscard]] virtual bool canBecomeFirstResponder() const { return false; }
     /// The one responder that holds the keyboard; null when none does.
@@ -29,4 +37,8 @@ public:
     [[nodiscard]] bool isFirstResponder() const;
     virtual bool becomeFirstResponder();
     virtual bool resignFirstResponder();
+
+private:
+    using Handler = void (UIResponder::*)(const TouchSet&, UIEvent*);
+    void passOn(Handler handler, const TouchSet& touches, UIEvent* event) const;
 };

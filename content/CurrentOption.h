@@ -26,5 +26,6 @@ enum class CurrentOption {
 /// By exact, case-sensitive match; none for any other text.
 [[nodiscard]] std::optional<CurrentOption> currentOptionFromRawValue(std::string_view text);
 
-/// All options in the order in which the load pass reads their files.
+/// All options in the order in which the load pass reads their files: the player groups and then the game types, each
+/// in the order of the dropdown's rows.
 [[nodiscard]] const std::array<CurrentOption, 11>& contentLoadOrder();

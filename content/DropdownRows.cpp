@@ -1,17 +1,21 @@
 #include "content/DropdownRows.h"
 
-#include <array>
 #include <cstddef>
+#include <span>
 
 namespace {
 
-using enum CurrentOption;
-constexpr std::array playerGroups{Adult_18_Plus, Friends, Couple, Family};
-constexpr std::array gameTypes{SpinTheBottle,   IsItCheating, PickupLines, PutAFingerDown,
-                               WhoIsMostLikely, Dating,       IceBreaker};
+constexpr std::size_t playerGroupCount = 4;
 
-template <class Options>
-std::vector<std::string> titlesOf(const Options& options) {
+std::span<const CurrentOption> playerGroups() {
+    return std::span(contentLoadOrder()).first(playerGroupCount);
+}
+
+std::span<const CurrentOption> gameTypes() {
+    return std::span(contentLoadOrder()).subspan(playerGroupCount);
+}
+
+std::vector<std::string> titlesOf(std::span<const CurrentOption> options) {
     std::vector<std::string> titles;
     titles.reserve(options.size());
     for (const CurrentOption option : options) {
@@ -20,28 +24,26 @@ std::vector<std::string> titlesOf(const Options& options) {
     return titles;
 }
 
-template <class Options>
-bool hasRow(const Options& options, int row) {
-    return row >= 0 && static_cast<std::size_t>(row) < options.size();
+/// None for a row that the list does not have.
+std::optional<CurrentOption> optionAt(std::span<const CurrentOption> options, int row) {
+    const auto index = static_cast<std::size_t>(row); // a row below 0 becomes one far beyond the list
+    return index < options.size() ? std::optional(options[index]) : std::nullopt;
 }
 
 } // namespace
 
 std::vector<std::string> playerGroupTitles() {
-    return titlesOf(playerGroups);
+    return titlesOf(playerGroups());
 }
 
 CurrentOption playerGroupOption(int row) {
-    return hasRow(playerGroups, row) ? playerGroups[static_cast<std::size_t>(row)] : Family;
+    return optionAt(playerGroups(), row).value_or(CurrentOption::Family);
 }
 
 std::vector<std::string> gameTypeTitles() {
-    return titlesOf(gameTypes);
+    return titlesOf(gameTypes());
 }
 
 std::optional<CurrentOption> gameTypeOption(int row) {
-    if (!hasRow(gameTypes, row)) {
-        return std::nullopt;
-    }
-    return gameTypes[static_cast<std::size_t>(row)];
+    return optionAt(gameTypes(), row);
 }

@@ -2,33 +2,50 @@
 
 #include "content/CurrentOption.h"
 
-#include <array>
 #include <cstddef>
+#include <iterator>
 
 namespace {
 
-constexpr std::array gameTypes{
-    MoreGameTypes::None,        MoreGameTypes::SpinTheBottle,  MoreGameTypes::IsItCheating,
-    MoreGameTypes::PickupLines, MoreGameTypes::PutAFingerDown, MoreGameTypes::WhoIsMostLikely,
-    MoreGameTypes::Dating,      MoreGameTypes::IceBreaker,
+constexpr struct {
+    MoreGameTypes gameType;
+    CurrentOption option;
+} sameNamed[] = {
+    {MoreGameTypes::SpinTheBottle, CurrentOption::SpinTheBottle},
+    {MoreGameTypes::IsItCheating, CurrentOption::IsItCheating},
+    {MoreGameTypes::PickupLines, CurrentOption::PickupLines},
+    {MoreGameTypes::PutAFingerDown, CurrentOption::PutAFingerDown},
+    {MoreGameTypes::WhoIsMostLikely, CurrentOption::WhoIsMostLikely},
+    {MoreGameTypes::Dating, CurrentOption::Dating},
+    {MoreGameTypes::IceBreaker, CurrentOption::IceBreaker},
 };
+
+/// Each enumeration lists the game types in this order, MoreGameTypes after None, and none is left out.
+constexpr bool isWholeAndInOrder() {
+    for (int row = 0; row < static_cast<int>(std::size(sameNamed)); ++row) {
+        if (static_cast<int>(sameNamed[row].gameType) != static_cast<int>(MoreGameTypes::SpinTheBottle) + row ||
+            static_cast<int>(sameNamed[row].option) != static_cast<int>(CurrentOption::SpinTheBottle) + row) {
+            return false;
+        }
+    }
+    return std::size(sameNamed) == static_cast<std::size_t>(MoreGameTypes::IceBreaker);
+}
+static_assert(isWholeAndInOrder());
+
+const std::string none = "None";
 
 } // namespace
 
 const std::string& rawValue(MoreGameTypes gameType) {
-    static const std::string none = "None";
-    if (gameType == MoreGameTypes::None) {
-        return none;
-    }
-    // Both enumerations list the game types in the same order.
-    constexpr int offset =
-        static_cast<int>(CurrentOption::SpinTheBottle) - static_cast<int>(MoreGameTypes::SpinTheBottle);
-    return rawValue(static_cast<CurrentOption>(static_cast<int>(gameType) + offset));
+    return gameType == MoreGameTypes::None ? none : rawValue(sameNamed[static_cast<int>(gameType) - 1].option);
 }
 
 std::optional<MoreGameTypes> moreGameTypesFromRawValue(std::string_view text) {
-    for (const MoreGameTypes gameType : gameTypes) {
-        if (rawValue(gameType) == text) {
+    if (text == none) {
+        return MoreGameTypes::None;
+    }
+    for (const auto& [gameType, option] : sameNamed) {
+        if (rawValue(option) == text) {
             return gameType;
         }
     }

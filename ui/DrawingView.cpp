@@ -1,5 +1,6 @@
 #include "ui/DrawingView.h"
 
+#include "platform/foundation/FatalError.h"
 #include "platform/graphics/UIImage.h"
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/window/UITouch.h"
@@ -62,6 +63,13 @@ void DrawingView::setStrokeColor(const std::shared_ptr<UIColor>& color) {
 void DrawingView::setStrokeWidth(CGFloat width) {
     m_strokeWidth = width;
     setNeedsDisplay();
+}
+
+void DrawingView::setDelegate(const std::shared_ptr<DrawingViewDelegate>& delegate) {
+    if (delegate && !std::dynamic_pointer_cast<NSObject>(delegate)) {
+        fatalError("the delegate of a DrawingView is no NSObject");
+    }
+    m_delegate = delegate;
 }
 
 void DrawingView::clear() {

@@ -1,13 +1,28 @@
 #pragma once
 
-#include "ui/DrawingViewDelegate.h"
-#include "ui/PathWithProperties.h"
-
+#include "platform/graphics/UIBezierPath.h"
+#include "platform/graphics/UIColor.h"
 #include "platform/uikit/controls/UIImageView.h"
 
 #include <memory>
 #include <optional>
 #include <vector>
+
+/// Told when a stroke begins and when it ends. Both operations are optional: a delegate is an NSObject that registers
+/// the actions it implements, "didBeginDrawing" and "didEndDrawing", neither with an argument. Held weakly; one that is
+/// no NSObject cannot be asked and stops the program when it is set.
+class DrawingViewDelegate {
+public:
+    virtual ~DrawingViewDelegate() = default;
+};
+
+/// One stroke of the drawing canvas: its smoothed curve, with the colour and width (points) that counted when the
+/// curve was last built. A value.
+struct PathWithProperties {
+    std::shared_ptr<UIBezierPath> path;
+    std::shared_ptr<UIColor> color;
+    CGFloat width = 0;
+};
 
 /// A black canvas on which one finger draws. Each stroke is smoothed by quadratic segments through the midpoints of its
 /// touch locations and keeps its colour and width; all strokes are kept as curves and drawn in order. Interface files
@@ -25,7 +40,7 @@ public:
     [[nodiscard]] CGFloat strokeWidth() const { return m_strokeWidth; }
     void setStrokeWidth(CGFloat width);
     [[nodiscard]] std::shared_ptr<DrawingViewDelegate> delegate() const { return m_delegate.lock(); }
-    void setDelegate(std::weak_ptr<DrawingViewDelegate> delegate) { m_delegate = std::move(delegate); }
+    void setDelegate(const std::shared_ptr<DrawingViewDelegate>& delegate);
     /// Whether a pencil follows the finger. Takes effect at the next touch.
     [[nodiscard]] bool showPencil() const { return m_isPencilVisible; }
     void setShowPencil(bool show) { m_isPencilVisible = show; }

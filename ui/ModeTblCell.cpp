@@ -1,12 +1,11 @@
 #include "ui/ModeTblCell.h"
 
-#include "ui/HexColor.h"
-#include "ui/NamedColors.h"
+#include "ui/Colors.h"
 
 void ModeTblCell::configure(const ModeItem& item) {
-    iconImageView->setImage(UIImage::imageNamed(item.icon.value_or("")));
-    lblTitle->setText(item.title);
-    lblDesc->setText(item.subtitle);
+    iconImageView->setImage(UIImage::imageNamed(item.icon().value_or("")));
+    lblTitle->setText(item.title());
+    lblDesc->setText(item.subtitle());
     imgSelection->setImage(UIImage::imageNamed("list_arrow"));
     if (item.isSelected) {
         viewBackground->setBackgroundColor(colorFromHex("4DA289"));

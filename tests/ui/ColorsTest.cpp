@@ -1,6 +1,5 @@
+#include "ui/Colors.h"
 #include "tests/ui/Catalog.h"
-#include "ui/HexColor.h"
-#include "ui/NamedColors.h"
 
 #include <gtest/gtest.h>
 

@@ -12,15 +12,41 @@
 
 namespace {
 
-/// Answers to what a test registers for it.
+using Calls = std::vector<std::string>;
+
+/// Answers to what a test registers for it, and writes down where the canvas's pencil is at that moment.
 class Delegate : public NSObject, public DrawingViewDelegate {
 public:
-    void began() { calls += "began "; }
-    void ended() { calls += "ended "; }
-    std::string calls;
+    void began() { tell("began"); }
+    void ended() { tell("ended"); }
+    Calls calls;
+    std::weak_ptr<DrawingView> canvas;
+
+private:
+    void tell(const std::string& what) {
+        const auto shown = canvas.lock();
+        const std::shared_ptr<UIView> pencil = shown ? shown->viewWithTag(100001) : nullptr;
+        calls.push_back(what + (!pencil ? "" : pencil->isHidden() ? ", pencil hidden" : ", pencil shown"));
+    }
 };
 class BothDelegate : public Delegate {};
 class BeginDelegate : public Delegate {};
+class SpeechlessDelegate : public DrawingViewDelegate {};
+
+/// What the canvas stands in: every touch that it passes on ends up here.
+class Desk : public UIView {
+public:
+    using UIView::UIView;
+    void touchesBeganWithEvent(const TouchSet& touches, UIEvent*) override { tell("began", touches); }
+    void touchesMovedWithEvent(const TouchSet& touches, UIEvent*) override { tell("moved", touches); }
+    void touchesEndedWithEvent(const TouchSet& touches, UIEvent*) override { tell("ended", touches); }
+    Calls calls;
+
+private:
+    void tell(const std::string& what, const TouchSet& touches) {
+        calls.push_back(what + " " + std::to_string(touches.size()));
+    }
+};
 
 class DrawingViewTest : public testing::Test {
 protected:
@@ -33,7 +59,8 @@ protected:
         ClassBuilder<BeginDelegate>("BeginDelegate", "NSObject").action("didBeginDrawing", &Delegate::began);
         catalog->addImage("pencil");
         canvas = std::make_shared<DrawingView>(CGRectMake(10, 20, 300, 400));
-        window->addSubview(canvas);
+        window->addSubview(desk);
+        desk->addSubview(canvas);
     }
 
     // The finger, in the canvas's coordinates.
@@ -66,8 +93,8 @@ protected:
 
     std::shared_ptr<support::Catalog> catalog = support::installCatalog();
     std::shared_ptr<UIWindow> window = std::make_shared<UIWindow>(CGRectMake(0, 0, 400, 800));
+    std::shared_ptr<Desk> desk = std::make_shared<Desk>(CGRectMake(0, 0, 400, 800));
     std::shared_ptr<DrawingView> canvas;
-
     std::shared_ptr<UITouch> touch;
 };
 
@@ -93,12 +120,13 @@ TEST_F(DrawingViewTest, ForgetsATouchThatDidNotMove) {
     down({5, 5});
     up({5, 5});
     EXPECT_EQ(canvas->numberOfStrokes(), 0);
-    EXPECT_EQ(delegate->calls, "began ended ");
+    EXPECT_EQ(delegate->calls, (Calls{"began", "ended"}));
     EXPECT_FALSE(asksToBeDrawn());
     canvas->touchesBeganWithEvent({}, nullptr);
     canvas->touchesMovedWithEvent({}, nullptr);
     canvas->touchesEndedWithEvent({}, nullptr);
-    EXPECT_EQ(delegate->calls, "began ended ") << "no touch, no stroke";
+    EXPECT_EQ(delegate->calls.size(), 2U) << "no touch, no stroke";
+    EXPECT_EQ(desk->calls, (Calls{"began 1", "ended 1", "began 0", "moved 0", "ended 0"})) << "but passed on";
 }
 
 TEST_F(DrawingViewTest, TellsADelegateWhatItImplements) {
@@ -106,10 +134,24 @@ TEST_F(DrawingViewTest, TellsADelegateWhatItImplements) {
     auto begin = std::make_shared<DelegateOfTheCode>();
     canvas->setDelegate(begin);
     stroke({0, 0}, {1, 1});
-    EXPECT_EQ(begin->calls, "began ");
+    EXPECT_EQ(begin->calls, Calls{"began"});
     begin = nullptr;
     EXPECT_EQ(canvas->delegate(), nullptr) << "held weakly";
     stroke({0, 0}, {1, 1});
+    EXPECT_DEATH(canvas->setDelegate(std::make_shared<SpeechlessDelegate>()),
+                 "Fatal error: the delegate of a DrawingView is no NSObject");
+}
+
+TEST_F(DrawingViewTest, TellsItsDelegateBeforeThePencilComesAndAfterItHasGone) {
+    const auto delegate = std::make_shared<BothDelegate>();
+    delegate->canvas = canvas;
+    canvas->setDelegate(delegate);
+    canvas->setShowPencil(true);
+    stroke({0, 0}, {1, 1});
+    stroke({0, 0}, {1, 1});
+    EXPECT_EQ(delegate->calls,
+              (Calls{"began", "ended, pencil hidden", "began, pencil hidden", "ended, pencil hidden"}));
+    EXPECT_EQ(desk->calls, (Calls{"began 1", "moved 1", "ended 1", "began 1", "moved 1", "ended 1"}));
 }
 
 TEST_F(DrawingViewTest, KeepsColourAndWidthOfFinishedStrokes) {
@@ -120,7 +162,9 @@ TEST_F(DrawingViewTest, KeepsColourAndWidthOfFinishedStrokes) {
     canvas->setStrokeWidth(3);
     EXPECT_TRUE(asksToBeDrawn());
     down({0, 10});
+    EXPECT_FALSE(asksToBeDrawn());
     move({2, 10});
+    EXPECT_TRUE(asksToBeDrawn());
     const std::string first = "stroke path(M 0 0 Q 0 0, 1 0 L 2 0)" + blackAndRound;
     EXPECT_EQ(drawn(), first + "stroke path(M 0 10 Q 0 10, 1 10 L 2 10) rgba(1 1 1 1) width 3 join round cap round\n");
     canvas->setStrokeColor(UIColor::colorWithRedGreenBlueAlpha(1, 0, 0, 1));
@@ -159,7 +203,7 @@ TEST_F(DrawingViewTest, LetsTheNextStrokeTakeACancelledOnesPlace) {
     move({2, 20});
     EXPECT_EQ(drawn(), "stroke path(M 0 0 Q 0 0, 1 0 L 2 0)" + blackAndRound +
                            "stroke path(M 0 20 Q 0 20, 1 20 L 2 20)" + blackAndRound);
-    EXPECT_EQ(delegate->calls, "began ended began began ");
+    EXPECT_EQ(delegate->calls, (Calls{"began", "ended", "began", "began"}));
 }
 
 TEST_F(DrawingViewTest, ShowsThePencilBesideTheFingerWhileItIsDown) {
@@ -170,10 +214,12 @@ TEST_F(DrawingViewTest, ShowsThePencilBesideTheFingerWhileItIsDown) {
     const auto icon = std::dynamic_pointer_cast<UIImageView>(pencil());
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(icon->image(), catalog->images["pencil"]);
+    EXPECT_EQ(icon->contentMode(), UIViewContentMode::scaleAspectFill);
     EXPECT_EQ(icon->frame(), CGRectMake(100 + 90 - 50, 200 - 90 - 107.5, 100, 215));
     EXPECT_FALSE(icon->isHidden());
     move({120, 200});
     EXPECT_EQ(icon->center(), (CGPoint{210, 110}));
+    EXPECT_FALSE(icon->isHidden());
     up({130, 230});
     EXPECT_EQ(icon->center(), (CGPoint{220, 140}));
     EXPECT_TRUE(icon->isHidden());
@@ -185,4 +231,29 @@ TEST_F(DrawingViewTest, ShowsThePencilBesideTheFingerWhileItIsDown) {
     up({0, 0});
     EXPECT_FALSE(icon->isHidden()) << "left where it was";
     EXPECT_EQ(icon->center(), (CGPoint{190, 110}));
+}
+
+TEST_F(DrawingViewTest, AddsNoPencilBesideAViewWithThePencilsTag) {
+    const auto holder = std::make_shared<UIView>();
+    const auto tagged = std::make_shared<UIView>();
+    tagged->setTag(100001);
+    holder->addSubview(tagged);
+    canvas->addSubview(holder);
+    canvas->setShowPencil(true);
+    stroke({0, 0}, {1, 1});
+    EXPECT_EQ(canvas->subviews().size(), 1U);
+}
+
+TEST_F(DrawingViewTest, IsSetByKey) {
+    const ObjectClass& names = *ClassRegistry::shared().classOf(*canvas);
+    const std::shared_ptr<UIColor> red = UIColor::colorWithRedGreenBlueAlpha(1, 0, 0, 1);
+    EXPECT_EQ((*names.property("showPencil"))(*canvas, true), Acceptance::accepted);
+    EXPECT_EQ((*names.property("strokeWidth"))(*canvas, 7.0), Acceptance::accepted);
+    EXPECT_EQ((*names.property("strokeColor"))(*canvas, std::shared_ptr<NSObject>(red)), Acceptance::accepted);
+    const auto delegate = std::make_shared<BothDelegate>();
+    EXPECT_EQ((*names.outlet("delegate"))(*canvas, delegate), Acceptance::accepted);
+    EXPECT_TRUE(canvas->showPencil());
+    EXPECT_EQ(canvas->strokeWidth(), 7);
+    EXPECT_EQ(canvas->strokeColor(), red);
+    EXPECT_EQ(canvas->delegate(), delegate);
 }

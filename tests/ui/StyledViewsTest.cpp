@@ -26,6 +26,7 @@ protected:
     static Value color(const std::shared_ptr<UIColor>& color) { return std::shared_ptr<NSObject>(color); }
 };
 
+using KitClasses = StyledViews;
 using AppViewTest = StyledViews;
 using LayerProperties = StyledViews;
 using GenericLabelTest = StyledViews;
@@ -37,6 +38,15 @@ void expectShadow(const CALayer& layer, float opacity, CGSize offset) {
 }
 
 } // namespace
+
+TEST_F(KitClasses, CanBeNamedByInterfaceFiles) {
+    for (const char* name : {"AppView", "GenericLabel", "GenericButton", "DrawingView", "ModeTblCell", "ModeHeaderView",
+                             "VibeDropdownTblCell"}) {
+        const ObjectClass* named = ClassRegistry::shared().find(name);
+        ASSERT_NE(named, nullptr) << name;
+        EXPECT_TRUE(named->factory) << name;
+    }
+}
 
 TEST_F(AppViewTest, AppliesAPropertyTheMomentItIsWritten) {
     const auto view = std::make_shared<AppView>();
@@ -51,6 +61,10 @@ TEST_F(AppViewTest, AppliesAPropertyTheMomentItIsWritten) {
     view->setEnableShadow(false);
     expectShadow(*view->layer(), 0, {0, 0});
     EXPECT_TRUE(view->layer()->masksToBounds()) << "clipping stays";
+    view->layoutIfNeeded();
+    EXPECT_TRUE(*view->layer()->borderColor() == *UIColor::blueColor());
+    EXPECT_EQ(view->layer()->borderWidth(), 2.5);
+    expectShadow(*view->layer(), 0, {0, 0});
     EXPECT_EQ(setByKey(*view, "enableShadow", 1.0), Acceptance::wrongType);
 }
 
@@ -87,6 +101,10 @@ TEST_F(LayerProperties, AreSetByKeyOnAnyView) {
     EXPECT_EQ(setByKey(*view, "cornerRadius", 7.5), Acceptance::accepted);
     EXPECT_EQ(cornerRadius(*view), 7.5);
     EXPECT_TRUE(view->layer()->masksToBounds());
+    view->setClipsToBounds(false);
+    setCornerRadius(*view, 0);
+    EXPECT_EQ(view->layer()->cornerRadius(), 0);
+    EXPECT_TRUE(view->layer()->masksToBounds()) << "whatever the radius";
     setByKey(*view, "borderWidth", 2.0);
     EXPECT_EQ(view->layer()->borderWidth(), 2);
     setByKey(*view, "borderColorApp", color(UIColor::blueColor()));
@@ -97,6 +115,7 @@ TEST_F(LayerProperties, AreSetByKeyOnAnyView) {
 
 TEST_F(GenericLabelTest, SpacesTheTextOfTheMomentInWhichSpaceIsWritten) {
     const auto label = std::make_shared<GenericLabel>();
+    EXPECT_EQ(label->space(), 0);
     label->setSpace(4);
     ASSERT_TRUE(label->attributedText());
     EXPECT_EQ(label->attributedText()->string(), "") << "it had no text";
@@ -119,18 +138,18 @@ TEST_F(ButtonHandler, RunsTheLastOneAtATapInside) {
     const auto button = std::make_shared<ButtonOfTheCode>();
     button->sendActionsForControlEvents(UIControlEventTouchUpInside); // there is none yet
     handleButtonTouchEventWithSender(*button, button.get());
-    std::string calls;
-    setTouchUpInsideHandler(*button, [&](UIButton&) { calls += "first "; });
-    setTouchUpInsideHandler(*button, [&](UIButton& sender) {
-        EXPECT_EQ(&sender, button.get());
-        calls += "second ";
-    });
+    std::vector<UIButton*> senders;
+    setTouchUpInsideHandler(*button, [](UIButton&) { ADD_FAILURE() << "replaced before the tap"; });
+    setTouchUpInsideHandler(*button, [&](UIButton& sender) { senders.push_back(&sender); });
     button->sendActionsForControlEvents(UIControlEventTouchUpInside);
     button->sendActionsForControlEvents(UIControlEventTouchUpOutside);
-    EXPECT_EQ(calls, "second ");
+    const auto other = std::make_shared<UIButton>();
+    handleButtonTouchEventWithSender(*button, other.get());
+    handleButtonTouchEventWithSender(*button, nullptr);
+    EXPECT_EQ(senders, (std::vector<UIButton*>{button.get(), other.get()}));
     setTouchUpInsideHandler(*button, nullptr);
     button->sendActionsForControlEvents(UIControlEventTouchUpInside);
-    EXPECT_EQ(calls, "second ");
+    EXPECT_EQ(senders.size(), 2U);
 }
 
 TEST_F(ButtonHandler, MayReplaceItselfAndGoesWithItsButton) {

@@ -1,4 +1,4 @@
-#include "ui/HexColor.h"
+#include "ui/Colors.h"
 
 #include "platform/foundation/NSScanner.h"
 #include "platform/foundation/Text.h"
@@ -29,3 +29,25 @@ std::shared_ptr<UIColor> colorFromHex(std::string_view text) {
     NSScanner(digits).scanHexLongLong(value);
     return UIColor::colorWithRedGreenBlueAlpha(component(value, 16), component(value, 8), component(value, 0), 1.0);
 }
+
+namespace named_colors {
+
+const std::shared_ptr<UIColor>& appGreen() {
+    static const std::shared_ptr<UIColor> color = [] {
+        const std::shared_ptr<UIColor> named = UIColor::colorNamed("AppGreen");
+        return named ? named : UIColor::blueColor();
+    }();
+    return color;
+}
+
+const std::shared_ptr<UIColor>& textColor() {
+    static const std::shared_ptr<UIColor> color = UIColor::colorNamed("TextColor");
+    return color;
+}
+
+const std::shared_ptr<UIColor>& textGrey() {
+    static const std::shared_ptr<UIColor> color = UIColor::colorNamed("TextGrey");
+    return color;
+}
+
+} // namespace named_colors

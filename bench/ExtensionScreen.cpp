@@ -1,7 +1,7 @@
 #include "bench/ExtensionScreen.h"
 
-#include "game/GameClasses.h"
-#include "host/HostClasses.h"
+#include "game/CategoriesVC.h"
+#include "host/MessagesViewController.h"
 #include "ui/UiClasses.h"
 
 #include "platform/dispatch/MainRunLoop.h"
@@ -98,7 +98,7 @@ void ExtensionScreen::settle() {
 void ExtensionScreen::touchGroup(int row) {
     m_screen->btnDropdownWithSender(nullptr);
     settle();
-    UITableView& list = *m_screen->tblDropDown;
+    UITableView& list = *m_screen->tblDropDown();
     const CGRect rect = list.convertRectToView(list.rectForRowAtIndexPath({.section = 0, .row = row}), nullptr);
     m_finger =
         std::make_shared<UITouch>(CGPoint{rect.origin.x + rect.size.width / 2, rect.origin.y + rect.size.height / 2});

@@ -45,10 +45,8 @@ std::string newText(const char* words) {
 }
 
 ModeItem newItem() {
-    return {.icon = "icon_heart",
-            .title = newText("Midnight Confessions"),
-            .subtitle = newText("Whisper to your neighbour the best lie you ever told. Whoever laughs first pays"),
-            .isSelected = false};
+    return {"icon_heart", newText("Midnight Confessions"),
+            newText("Whisper to your neighbour the best lie you ever told. Whoever laughs first pays"), false};
 }
 
 void nibInstantiation(benchmark::State& state) {

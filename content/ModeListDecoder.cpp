@@ -6,87 +6,80 @@
 
 namespace {
 
-/// Turns a parsed document into records, and stops at the first value that does not fit.
+/// Turns a parsed document into records. Whatever does not fit leaves its failure, unless there is an earlier one, and
+/// reads as empty; the lists stop there.
 class ModeListDecoder {
 public:
     explicit ModeListDecoder(const JSONDocument& document) : m_document(document) {}
 
     Result<std::vector<ModeSectionDTO>> decode() {
-        std::vector<ModeSectionDTO> sections;
-        if (decodeRoot(sections)) {
-            return sections;
+        const JSONValue root = m_document.root();
+        if (!root.is(JSONKind::array)) {
+            fail("the file must hold an array of sections, but holds " + describe(root), root);
         }
-        return m_failure;
+        std::vector<ModeSectionDTO> sections =
+            decodeEach<ModeSectionDTO>(root, m_section, [this](JSONValue section) { return decodeSection(section); });
+        if (m_failure) {
+            return *m_failure;
+        }
+        return sections;
     }
 
 private:
-    bool decodeRoot(std::vector<ModeSectionDTO>& sections) {
-        const JSONValue root = m_document.root();
-        if (!root.is(JSONKind::array)) {
-            return fail("the file must hold an array of sections, but holds " + describe(root), root);
-        }
-        sections.reserve(root.elements().size());
-        for (const JSONValue element : root.elements()) {
-            ++m_section;
-            if (!decodeSection(element, sections.emplace_back())) {
-                return false;
-            }
-        }
-        return true;
-    }
-
-    bool decodeSection(JSONValue value, ModeSectionDTO& section) {
+    ModeSectionDTO decodeSection(JSONValue section) {
         m_item = 0;
-        if (!value.is(JSONKind::object)) {
-            return fail("must be an object, but is " + describe(value), value);
+        expectObject(section);
+        // Braces read their parts from left to right.
+        return {decodeText(section, "sectionTitle"),
+                decodeEach<ModeItemDTO>(require(section, "items", JSONKind::array, "an array of items"), m_item,
+                                        [this](JSONValue item) { return decodeItem(item); })};
+    }
+
+    ModeItemDTO decodeItem(JSONValue item) {
+        expectObject(item);
+        return {decodeText(item, "icon"), decodeText(item, "title"), decodeText(item, "subtitle"),
+                decodeBoolean(item, "isSelected")};
+    }
+
+    /// One record an element; `number` counts them.
+    template <class Record, class Decode>
+    std::vector<Record> decodeEach(std::optional<JSONValue> array, std::size_t& number, Decode decodeOne) {
+        std::vector<Record> records;
+        if (!array) {
+            return records;
         }
-        const std::optional<JSONValue> items = decodeText(value, "sectionTitle", section.sectionTitle)
-                                                   ? require(value, "items", JSONKind::array, "an array of items")
-                                                   : std::nullopt;
-        if (!items) {
-            return false;
-        }
-        section.items.reserve(items->elements().size());
-        for (const JSONValue element : items->elements()) {
-            ++m_item;
-            if (!decodeItem(element, section.items.emplace_back())) {
-                return false;
+        records.reserve(array->elements().size());
+        for (const JSONValue element : array->elements()) {
+            ++number;
+            records.push_back(decodeOne(element));
+            if (m_failure) {
+                break;
             }
         }
-        return true;
+        return records;
     }
 
-    bool decodeItem(JSONValue value, ModeItemDTO& item) {
+    void expectObject(JSONValue value) {
         if (!value.is(JSONKind::object)) {
-            return fail("must be an object, but is " + describe(value), value);
+            fail("must be an object, but is " + describe(value), value);
         }
-        return decodeText(value, "icon", item.icon) && decodeText(value, "title", item.title) &&
-               decodeText(value, "subtitle", item.subtitle) && decodeBoolean(value, "isSelected", item.isSelected);
     }
 
-    bool decodeText(JSONValue object, std::string_view key, std::string& text) {
+    std::string decodeText(JSONValue object, std::string_view key) {
         const std::optional<JSONValue> value = require(object, key, JSONKind::string, "a text");
-        if (value) {
-            text = *value->string();
-        }
-        return value.has_value();
+        return value ? std::string(*value->string()) : std::string();
     }
 
-    bool decodeBoolean(JSONValue object, std::string_view key, bool& flag) {
+    bool decodeBoolean(JSONValue object, std::string_view key) {
         const std::optional<JSONValue> value = require(object, key, JSONKind::boolean, "true or false");
-        if (value) {
-            flag = *value->boolean();
-        }
-        return value.has_value();
+        return value && *value->boolean();
     }
 
     std::optional<JSONValue> require(JSONValue object, std::string_view key, JSONKind kind, const char* expected) {
         const std::optional<JSONValue> value = object.find(key);
         if (!value) {
             fail(quoted(key) + " is missing", object);
-            return std::nullopt;
-        }
-        if (!value->is(kind)) {
+        } else if (!value->is(kind)) {
             fail(quoted(key) + " must be " + expected + ", but is " + describe(*value), *value);
             return std::nullopt;
         }
@@ -114,20 +107,22 @@ private:
     }
 
     /// Sections and items count from 1, as a reader of the file counts them.
-    bool fail(const std::string& what, JSONValue where) {
+    void fail(const std::string& what, JSONValue where) {
+        if (m_failure) {
+            return;
+        }
         std::string place;
         if (m_section > 0) {
             place = "section " + std::to_string(m_section);
             place += m_item > 0 ? ", item " + std::to_string(m_item) + ": " : ": ";
         }
         m_failure = {place + what, m_document.placeOf(where)};
-        return false;
     }
 
     const JSONDocument& m_document;
     std::size_t m_section = 0;
     std::size_t m_item = 0;
-    Failure m_failure;
+    std::optional<Failure> m_failure; // the first; nothing that is read after it counts
 };
 
 } // namespace

@@ -23,23 +23,20 @@ Result<std::vector<ModeSectionDTO>> readModeList(const std::filesystem::path& pa
     return sections;
 }
 
-ModeItem itemFrom(ModeItemDTO&& dto) {
-    return {.icon = std::move(dto.icon),
-            .title = std::move(dto.title),
-            .subtitle = std::move(dto.subtitle),
-            .isSelected = dto.isSelected};
-}
-
-ModeSection sectionFrom(ModeSectionDTO&& dto) {
-    ModeSection section{.sectionTitle = std::move(dto.sectionTitle), .items = {}};
-    section.items.reserve(dto.items.size());
-    for (ModeItemDTO& item : dto.items) {
-        section.items.push_back(itemFrom(std::move(item)));
-    }
-    return section;
-}
-
 } // namespace
+
+ModeItem modeItemFrom(ModeItemDTO&& dto) {
+    return {std::move(dto.m_icon), std::move(dto.m_title), std::move(dto.m_subtitle), dto.m_isSelected};
+}
+
+ModeSection modeSectionFrom(ModeSectionDTO&& dto) {
+    std::vector<ModeItem> items;
+    items.reserve(dto.m_items.size());
+    for (ModeItemDTO& item : dto.m_items) {
+        items.push_back(modeItemFrom(std::move(item)));
+    }
+    return {std::move(dto.m_sectionTitle), std::move(items)};
+}
 
 std::optional<std::vector<ModeSection>> loadModeSections(const std::string& fileName) {
     const std::optional<std::filesystem::path> url = NSBundle::mainBundle().URLForResource(fileName, "json");
@@ -55,7 +52,7 @@ std::optional<std::vector<ModeSection>> loadModeSections(const std::string& file
     std::vector<ModeSection> sections;
     sections.reserve(decoded.value().size());
     for (ModeSectionDTO& dto : decoded.value()) {
-        sections.push_back(sectionFrom(std::move(dto)));
+        sections.push_back(modeSectionFrom(std::move(dto)));
     }
     return sections;
 }

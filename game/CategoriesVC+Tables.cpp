@@ -6,42 +6,44 @@
 #include "content/DropdownRows.h"
 #include "content/ExtensionBundle.h"
 #include "host/LaunchLink.h"
-#include "ui/HexColor.h"
+#include "ui/Colors.h"
 #include "ui/ModeHeaderView.h"
 #include "ui/ModeTblCell.h"
-#include "ui/NamedColors.h"
 #include "ui/VibeDropdownTblCell.h"
 
 #include "platform/foundation/FatalError.h"
 
 #include <cstddef>
 #include <limits>
-#include <span>
 #include <string>
 
 namespace {
 
-constexpr CGFloat dropdownRowHeight = 69;
 constexpr CGFloat headerHeight = 30;
 constexpr CGFloat footerHeight = 20;
 /// Collapses a header: the platform takes 0 for "the default height".
 constexpr CGFloat collapsedHeight = std::numeric_limits<CGFloat>::min();
 
+/// What is below 0 becomes an index far beyond every list.
 std::size_t index(int number) {
     return static_cast<std::size_t>(number);
 }
 
-/// Null for a row that is not there any more: the table learns of other sections a turn later than the screen.
-const ModeItem* itemAt(std::span<const ModeSection> sections, NSIndexPath path) {
-    if (index(path.section) >= sections.size() || index(path.row) >= sections[index(path.section)].items.size()) {
-        return nullptr;
-    }
-    return &sections[index(path.section)].items[index(path.row)];
+// A section or row may be gone: the table learns of other sections a turn later than the screen.
+
+const ModeSection* sectionAt(const std::vector<ModeSection>& sections, int number) {
+    return index(number) < sections.size() ? &sections[index(number)] : nullptr;
 }
 
-/// Empty for a section that is not there any more.
-std::string titleOf(std::span<const ModeSection> sections, int section) {
-    return index(section) < sections.size() ? sections[index(section)].sectionTitle : std::string();
+const ModeItem* itemAt(const std::vector<ModeSection>& sections, NSIndexPath path) {
+    const ModeSection* section = sectionAt(sections, path.section);
+    return section != nullptr && index(path.row) < section->items().size() ? &section->items()[index(path.row)]
+                                                                           : nullptr;
+}
+
+std::string titleOf(const std::vector<ModeSection>& sections, int number) {
+    const ModeSection* section = sectionAt(sections, number);
+    return section != nullptr ? section->sectionTitle() : std::string();
 }
 
 void styleDropdownCell(VibeDropdownTblCell& cell, const MainCategoryModel& entry) {
@@ -62,7 +64,11 @@ int CategoriesVC::numberOfSectionsInTableView(UITableView& table) {
 }
 
 int CategoriesVC::tableViewNumberOfRowsInSection(UITableView& table, int section) {
-    return static_cast<int>(tableView.is(table) ? m_sections[index(section)].items.size() : m_arrMainCategories.size());
+    if (!tableView.is(table)) {
+        return static_cast<int>(m_arrMainCategories.size());
+    }
+    const ModeSection* shown = sectionAt(m_sections, section);
+    return shown != nullptr ? static_cast<int>(shown->items().size()) : 0;
 }
 
 std::shared_ptr<UITableViewCell> CategoriesVC::tableViewCellForRowAtIndexPath(UITableView& table,
@@ -115,7 +121,7 @@ CGFloat CategoriesVC::tableViewHeightForFooterInSection(UITableView& table, int)
 }
 
 void CategoriesVC::tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) {
-    if (!tblDropDown.is(table)) {
+    if (!m_tblDropDown.is(table)) {
         launch(indexPath);
     } else if (offersGameTypes()) {
         chooseGameType(indexPath.row);
@@ -133,7 +139,7 @@ void CategoriesVC::launch(NSIndexPath indexPath) {
 void CategoriesVC::chooseGroup(int row) {
     m_currentOption = playerGroupOption(row);
     markOnlyRow(row);
-    tblDropDown->reloadData();
+    m_tblDropDown->reloadData();
     showTitleOfRow(row);
     showSections(rawValue(m_currentOption));
     setDropdownOpen(false);
@@ -145,7 +151,7 @@ void CategoriesVC::chooseGameType(int row) {
     showTitleOfRow(row);
     showSections(rawValue(m_currentOption));
     setDropdownOpen(false);
-    tblDropDown->reloadData();
+    m_tblDropDown->reloadData();
 }
 
 void CategoriesVC::markOnlyRow(int row) {
@@ -165,8 +171,5 @@ void CategoriesVC::showTitleOfRow(int row) {
 
 /// Null for a row that the list does not have.
 std::shared_ptr<MainCategoryModel> CategoriesVC::dropdownEntry(int row) const {
-    if (row < 0 || index(row) >= m_arrMainCategories.size()) {
-        return nullptr;
-    }
-    return m_arrMainCategories[index(row)];
+    return index(row) < m_arrMainCategories.size() ? m_arrMainCategories[index(row)] : nullptr;
 }

@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr CGFloat dropdownRowHeight = 69;
 constexpr CGFloat dropdownPadding = 17;
 constexpr CGFloat letsPlayBottomOnFlatScreens = 20;
 
@@ -37,7 +36,7 @@ void CategoriesVC::viewWillAppear(bool animated) {
 }
 
 void CategoriesVC::setTblDropDown(const std::shared_ptr<UITableView>& table) {
-    tblDropDown = table;
+    m_tblDropDown = table;
     if (table) {
         table->registerNibForCellReuseIdentifier(
             UINib::nibWithNibNameBundle("VibeDropdownTblCell", NSBundle::mainBundle()), "VibeDropdownTblCell");
@@ -56,9 +55,9 @@ void CategoriesVC::setupScreen() {
     if (isFlatScreen()) {
         cnBottomOfLetsPlay->setConstant(letsPlayBottomOnFlatScreens);
     }
-    tblDropDown->setTableFooterView(nullptr);
-    tblDropDown->setTableHeaderView(nullptr);
-    tblDropDown->reloadData();
+    m_tblDropDown->setTableFooterView(nullptr);
+    m_tblDropDown->setTableHeaderView(nullptr);
+    m_tblDropDown->reloadData();
 }
 
 void CategoriesVC::setupDropdownRows() {
@@ -97,8 +96,7 @@ void CategoriesVC::applyContentMap(ContentMap contentMap) {
 
 void CategoriesVC::showSections(const std::string& key) {
     const auto found = m_arrAllCategories.find(key);
-    m_sections = found != m_arrAllCategories.end() ? std::span<const ModeSection>(found->second)
-                                                   : std::span<const ModeSection>();
+    m_sections = found != m_arrAllCategories.end() ? found->second : std::vector<ModeSection>();
     dispatch_async(dispatch_get_main_queue(), [self = strong(this)] { self->tableView->reloadData(); });
 }
 

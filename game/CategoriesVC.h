@@ -13,7 +13,6 @@
 #include "platform/uikit/table/UITableView.h"
 
 #include <memory>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -37,7 +36,7 @@ public:
     void btnLetsPlayWithSender(NSObject* sender);       // btnLetsPlayWithSender:
 
     // What the screen shows.
-    [[nodiscard]] std::span<const ModeSection> sections() const { return m_sections; }
+    [[nodiscard]] const std::vector<ModeSection>& sections() const { return m_sections; }
     [[nodiscard]] CurrentOption currentOption() const { return m_currentOption; }
     [[nodiscard]] const std::vector<std::shared_ptr<MainCategoryModel>>& arrMainCategories() const {
         return m_arrMainCategories;
@@ -64,8 +63,8 @@ public:
     void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
 
     Outlet<UITableView> tableView{this, "tableView"};
-    Outlet<UITableView> tblDropDown{this, "tblDropDown"};
-    /// Assignment registers the dropdown's row nib.
+    [[nodiscard]] const Outlet<UITableView>& tblDropDown() const { return m_tblDropDown; }
+    /// Also registers the dropdown's row nib, whenever the outlet is assigned.
     void setTblDropDown(const std::shared_ptr<UITableView>& table);
     Outlet<UIView> viewDropDown{this, "viewDropDown"};
     Outlet<AppView> viewDropDownButton{this, "viewDropDownButton"};
@@ -104,9 +103,15 @@ private:
     [[nodiscard]] bool offersGameTypes() const { return m_selectedMoreGameType != MoreGameTypes::None; }
     [[nodiscard]] std::shared_ptr<MainCategoryModel> dropdownEntry(int row) const;
 
-    std::span<const ModeSection> m_sections; // of an entry of m_arrAllCategories
+    static constexpr CGFloat dropdownRowHeight = 69;
+
+    Outlet<UITableView> m_tblDropDown{this, "tblDropDown"};
+    std::vector<ModeSection> m_sections; // shares its texts with m_arrAllCategories
     CurrentOption m_currentOption = CurrentOption::Adult_18_Plus;
     std::vector<std::shared_ptr<MainCategoryModel>> m_arrMainCategories;
     ContentMap m_arrAllCategories;
     MoreGameTypes m_selectedMoreGameType = MoreGameTypes::None;
 };
+
+/// Makes the screen known to interface files by name. Called once before the first file is read.
+void registerGameClasses();

@@ -21,9 +21,9 @@ std::optional<NSURL> launchLink(CurrentOption option, const ModeSection& section
     components.path = path;
     components.queryItems = {
         {"mainCategory", rawValue(option)},
-        {"sectionCategory", section.sectionTitle},
-        {"sectionItem", item.title},
-        {"icon", item.icon},
+        {"sectionCategory", section.sectionTitle()},
+        {"sectionItem", item.title()},
+        {"icon", item.icon()},
     };
     return components.URL();
 }

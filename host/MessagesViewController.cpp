@@ -4,6 +4,7 @@
 
 #include "platform/dispatch/Dispatch.h"
 #include "platform/foundation/DebugConsole.h"
+#include "platform/runtime/ClassBuilder.h"
 #include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
 #include "platform/uikit/view/UIView.h"
@@ -128,4 +129,8 @@ void MessagesViewController::requestExpandedStyleLater() {
     const dispatch_time_t deadline = dispatch_time(DISPATCH_TIME_NOW, expandedStyleDelay);
     dispatch_after(deadline, dispatch_get_main_queue(),
                    [self = strong(this)] { self->requestPresentationStyle(MSMessagesAppPresentationStyle::expanded); });
+}
+
+void registerHostClasses() {
+    ClassBuilder<MessagesViewController>("MessagesViewController", "MSMessagesAppViewController").madeByCoder();
 }

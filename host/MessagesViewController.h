@@ -37,3 +37,6 @@ private:
     void embedChildController(const std::shared_ptr<UIViewController>& child);
     void requestExpandedStyleLater();
 };
+
+/// Makes the controller known to interface files by name. Called once before the first file is read.
+void registerHostClasses();

@@ -1,7 +1,7 @@
 #include "simulator/conversation/BundleSetup.h"
 
-#include "game/GameClasses.h"
-#include "host/HostClasses.h"
+#include "game/CategoriesVC.h"
+#include "host/MessagesViewController.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/interface/AssetCatalogReader.h"
 #include "platform/messages/MSMessagesAppViewController.h"

@@ -10,7 +10,7 @@ std::string rowsInView(const CategoriesVC& screen) {
     for (const NSIndexPath indexPath : screen.tableView->indexPathsForVisibleRows()) {
         const ModeSection& section = screen.sections()[static_cast<std::size_t>(indexPath.section)];
         rows +=
-            (rows.empty() ? "; in view: " : " · ") + section.items.at(static_cast<std::size_t>(indexPath.row)).title;
+            (rows.empty() ? "; in view: " : " · ") + section.items().at(static_cast<std::size_t>(indexPath.row)).title();
     }
     return rows;
 }
@@ -26,7 +26,7 @@ std::string describe(const CategoriesVC& screen) {
     }
     std::size_t modes = 0;
     for (const ModeSection& section : screen.sections()) {
-        modes += section.items.size();
+        modes += section.items().size();
     }
     return modes == 0 ? group + ", no modes"
                       : group + ", " + counted(modes, "mode") + " in " + counted(screen.sections().size(), "section") +

@@ -69,7 +69,7 @@ TEST_F(LoadPass, HandsOverTheListsOfAllOptionsOnTheMainQueue) {
     EXPECT_EQ(story.map->size(), 11U);
     for (const auto& [key, sections] : *story.map) {
         ASSERT_EQ(sections.size(), 1U) << key;
-        EXPECT_EQ(sections.front().sectionTitle, key);
+        EXPECT_EQ(sections.front().sectionTitle(), key);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "content/ModeListLoader.h"
 
+#include "content/ModeSectionDTO.h"
 #include "platform/foundation/NSBundle.h"
 #include "tests/support/Output.h"
 #include "tests/support/TemporaryFolder.h"
@@ -8,10 +9,23 @@
 
 #include <algorithm>
 #include <string>
+#include <type_traits>
 
 using namespace std::string_literals;
 
 namespace {
+
+/// What is read from a record that anyone may hold.
+template <class Record, class Reader>
+constexpr bool isFixed(Reader Record::*) {
+    using Field = std::invoke_result_t<Reader Record::*, Record&>;
+    return !std::is_assignable_v<Field, std::decay_t<Field>>;
+}
+static_assert(isFixed(&ModeItemDTO::icon) && isFixed(&ModeItemDTO::title) && isFixed(&ModeItemDTO::subtitle) &&
+              isFixed(&ModeItemDTO::isSelected));
+static_assert(isFixed(&ModeSectionDTO::sectionTitle) && isFixed(&ModeSectionDTO::items));
+static_assert(isFixed(&ModeItem::icon) && isFixed(&ModeItem::title) && isFixed(&ModeItem::subtitle));
+static_assert(isFixed(&ModeSection::sectionTitle) && isFixed(&ModeSection::items));
 
 /// An extension bundle of content files only.
 class ModeListLoader : public testing::Test {
@@ -42,17 +56,29 @@ TEST_F(ModeListLoader, KeepsTheOrderAndTheTextsOfTheFile) {
     const std::optional<std::vector<ModeSection>> sections = loadModeSections("Couple");
     ASSERT_TRUE(sections);
     ASSERT_EQ(sections->size(), 2U);
-    EXPECT_EQ(sections->front().sectionTitle, "");
-    EXPECT_TRUE(sections->front().items.empty());
-    EXPECT_EQ(sections->back().sectionTitle, "Who’s");
-    ASSERT_EQ(sections->back().items.size(), 2U);
-    const ModeItem& first = sections->back().items.front();
-    EXPECT_EQ(first.icon, "x");
-    EXPECT_EQ(first.title, "A & B = C");
-    EXPECT_EQ(first.subtitle, "two\nlines");
+    EXPECT_EQ(sections->front().sectionTitle(), "");
+    EXPECT_TRUE(sections->front().items().empty());
+    EXPECT_EQ(sections->back().sectionTitle(), "Who’s");
+    ASSERT_EQ(sections->back().items().size(), 2U);
+    const ModeItem& first = sections->back().items().front();
+    EXPECT_EQ(first.icon(), "x");
+    EXPECT_EQ(first.title(), "A & B = C");
+    EXPECT_EQ(first.subtitle(), "two\nlines");
     EXPECT_TRUE(first.isSelected);
-    EXPECT_EQ(sections->back().items.back().title, "é😀\0"s);
-    EXPECT_FALSE(sections->back().items.back().isSelected);
+    EXPECT_EQ(sections->back().items().back().title(), "é😀\0"s);
+    EXPECT_FALSE(sections->back().items().back().isSelected);
+}
+
+TEST(ModeSection, SharesItsTextsWithACopyWhoseItemsMayBeReplaced) {
+    const ModeSection section("S", {ModeItem("i", "T", "U", false)});
+    ModeSection copy = section;
+    EXPECT_EQ(&copy.items(), &section.items());
+    std::vector<ModeItem> items = copy.items();
+    items.front().isSelected = true;
+    copy.setItems(items);
+    EXPECT_TRUE(copy.items().front().isSelected);
+    EXPECT_EQ(copy.sectionTitle(), "S");
+    EXPECT_FALSE(section.items().front().isSelected);
 }
 
 TEST_F(ModeListLoader, NamesTheKeyOfAMissingFile) {

@@ -1,6 +1,9 @@
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/controllers/UINavigationController.h"
+#include "platform/uikit/window/UIScreen.h"
 #include "tests/game/GameFixture.h"
+
+#include <limits>
 
 using namespace std::chrono_literals;
 
@@ -38,15 +41,36 @@ TEST_F(CategoryScreen, OffersFourGroupsAndNoModesUntilItsContentHasCome) {
     EXPECT_EQ(marksOf(shown), "Adult (18+);");
     EXPECT_EQ(shown.heightOfTblView->constant(), 293);
     EXPECT_EQ(shown.tableView->numberOfSections(), 0);
-    EXPECT_EQ(shown.tableView->separatorStyle(), UITableViewCellSeparatorStyle::none);
-    EXPECT_EQ(shown.tableView->contentInset(), (UIEdgeInsets{10, 0, 80, 0}));
-    EXPECT_FALSE(shown.tableView->showsVerticalScrollIndicator());
-    EXPECT_FALSE(shown.tblDropDown->showsVerticalScrollIndicator());
 
     host->advance(200ms);
     EXPECT_EQ(shown.arrAllCategories().size(), 11U);
     EXPECT_EQ(titlesOf(shown), "|Adult (18+) titled|");
     expectLook(shown, {.isOpen = false, .hasShadow = true}, "after the hand-over");
+}
+
+TEST_F(CategoryScreen, SetsItsTablesUpWhateverTheSceneSays) {
+    openAndSettle();
+    CategoriesVC& shown = *screen();
+    UITableView& modes = *shown.tableView;
+    modes.setDelegate({});
+    modes.setDataSource({});
+    modes.setSeparatorStyle(UITableViewCellSeparatorStyle::singleLine);
+    modes.setContentInset({1, 2, 3, 4});
+    modes.setShowsVerticalScrollIndicator(true);
+    tapBox();
+    EXPECT_NE(shown.tblDropDown()->cellForRowAtIndexPath({0, 0}), nullptr);
+    shown.viewDidLoad();
+    EXPECT_EQ(modes.delegate(), screen());
+    EXPECT_EQ(modes.dataSource(), screen());
+    EXPECT_EQ(modes.separatorStyle(), UITableViewCellSeparatorStyle::none);
+    EXPECT_EQ(modes.contentInset(), (UIEdgeInsets{10, 0, 80, 0}));
+    EXPECT_FALSE(modes.showsVerticalScrollIndicator());
+    EXPECT_EQ(shown.tblDropDown()->cellForRowAtIndexPath({0, 0}), nullptr) << "reloaded";
+
+    const auto list = std::make_shared<UITableView>();
+    shown.setTblDropDown(list);
+    EXPECT_FALSE(list->showsVerticalScrollIndicator());
+    EXPECT_NE(list->dequeueReusableCellWithIdentifierForIndexPath("VibeDropdownTblCell", {0, 0}), nullptr);
 }
 
 TEST_F(CategoryScreen, LosesTheShadowOfItsBoxUntilTheButtonClosesTheDropdown) {
@@ -84,6 +108,8 @@ TEST_F(CategoryScreen, TellsItsTableOfNewSectionsOnALaterTurn) {
     EXPECT_EQ(shown.tableView->numberOfSections(), 2);
     shown.tableViewDidSelectRowAtIndexPath(*shown.tableView, {0, 0});
     EXPECT_TRUE(host->links().empty()) << "of a row that is gone";
+    EXPECT_EQ(shown.tableViewNumberOfRowsInSection(*shown.tableView, 0), 0);
+    EXPECT_EQ(shown.tableViewHeightForHeaderInSection(*shown.tableView, 0), std::numeric_limits<CGFloat>::min());
     host->settle();
     EXPECT_EQ(shown.tableView->numberOfSections(), 0);
 }
@@ -94,6 +120,10 @@ TEST_F(CategoryScreen, TellsItsTableOfNewSectionsOnALaterTurn) {
 TEST_F(CategoryScreen, KeepsItsButtonTwentyPointsFromTheBottomAt667Points) {
     openAndSettle("375x667@2");
     EXPECT_EQ(screen()->cnBottomOfLetsPlay->constant(), 20);
+    UIScreen::mainScreen().configure({375, 812}, 3);
+    const auto later = screenByItself();
+    host->window().setRootViewController(later);
+    EXPECT_EQ(later->cnBottomOfLetsPlay->constant(), 20) << "the height was read once";
 }
 
 TEST_F(CategoryScreen, KeepsItsButtonTwentyPointsFromTheBottomAt736Points) {
@@ -123,9 +153,13 @@ TEST_F(CategoryScreen, HidesTheBarOfItsNavigationControllerAndGoesBack) {
     screen->btnBackWithSender(nullptr); // in no navigation controller any more: nothing
 }
 
-TEST_F(CategoryScreen, HasOutletsForScenesThatConnectMore) {
+TEST_F(CategoryScreen, HasActionsAndOutletsForScenesThatConnectMore) {
     open();
     const auto screen = screenByItself();
+    for (const char* action :
+         {"btnDropdownWithSender:", "btnBackWithSender:", "btnOptionsClickedWithSender:", "btnLetsPlayWithSender:"}) {
+        EXPECT_TRUE(respondsToSelector(*screen, action)) << action;
+    }
     const ObjectClass* names = &ClassRegistry::shared().classOf(*screen);
     const auto label = std::make_shared<UILabel>();
     for (const char* name : {"lblFriends", "lblFamily", "lblCouple", "lblRandom", "viewOptions1", "viewOptions2",
@@ -153,15 +187,16 @@ TEST_F(GameTypeMode, OffersTheGameTypesInPlaceOfTheGroups) {
     EXPECT_EQ(titlesOf(*screen), "|Dating titled|");
     for (int row = 6; row >= 0; --row) {
         screen->btnDropdownWithSender(nullptr);
-        screen->tableViewDidSelectRowAtIndexPath(*screen->tblDropDown, {0, row});
+        screen->tableViewDidSelectRowAtIndexPath(*screen->tblDropDown(), {0, row});
         const std::string& title = rawValue(screen->currentOption());
         EXPECT_EQ(static_cast<int>(screen->currentOption()), static_cast<int>(CurrentOption::SpinTheBottle) + row);
         EXPECT_EQ(marksOf(*screen), title + ";");
         EXPECT_EQ(screen->lblDropDown->text(), title);
         EXPECT_TRUE(screen->viewDropDown->isHidden());
-        EXPECT_FALSE(screen->sections().empty()) << title;
+        ASSERT_FALSE(screen->sections().empty()) << title;
+        EXPECT_EQ(&screen->sections()[0].items(), &screen->arrAllCategories().at(title)[0].items());
     }
-    screen->tableViewDidSelectRowAtIndexPath(*screen->tblDropDown, {0, 7});
+    screen->tableViewDidSelectRowAtIndexPath(*screen->tblDropDown(), {0, 7});
     EXPECT_EQ(screen->currentOption(), CurrentOption::SpinTheBottle) << "a row that is not there changes nothing";
     EXPECT_EQ(marksOf(*screen), "");
 }

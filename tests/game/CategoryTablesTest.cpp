@@ -1,6 +1,6 @@
 #include "platform/uikit/controllers/UINib.h"
 #include "tests/game/GameFixture.h"
-#include "ui/HexColor.h"
+#include "ui/Colors.h"
 #include "ui/ModeHeaderView.h"
 #include "ui/ModeTblCell.h"
 #include "ui/VibeDropdownTblCell.h"
@@ -24,6 +24,12 @@ std::string nibOf(const std::string& objects) {
 </document>)";
 }
 
+/// A header whose title would be shown.
+const std::string headerView = R"(<view id="b00-00-000" customClass="ModeHeaderView">
+    <rect key="frame" x="0" y="0" width="9" height="9"/>
+    <subviews><label id="b00-00-001"><rect key="frame" x="0" y="0" width="9" height="9"/></label></subviews>
+    <connections><outlet property="lblHeaderTitle" destination="b00-00-001" id="b00-00-002"/></connections></view>)";
+
 const std::string plainView = R"(<view id="a00-00-000"><rect key="frame" x="0" y="0" width="9" height="9"/></view>)";
 
 /// A nib of a plain cell with a view in it.
@@ -34,6 +40,29 @@ std::string cellNibOf(const std::string& identifier) {
             <rect key="frame" x="0" y="0" width="300" height="50"/>
             <subviews><view id="a00-00-002"><rect key="frame" x="0" y="0" width="9" height="9"/></view></subviews>
         </tableViewCellContentView></tableViewCell>)");
+}
+
+/// Writes down, when it changes its look, whether the list has rows or was reloaded.
+template <class View>
+class Watched : public View {
+public:
+    explicit Watched(UITableView& list) : m_list(list) { View::setFrame(CGRectMake(0, 0, 9, 9)); }
+    std::string rowsAtChange;
+
+protected:
+    void invalidate(const CGRect&) override { rowsAtChange = m_list.visibleCells().empty() ? "none" : "some"; }
+
+private:
+    UITableView& m_list;
+};
+
+/// Stands beside the view in whose place the screen is to use it.
+template <class View>
+std::shared_ptr<Watched<View>> watched(UIView& place, UITableView& list) {
+    const auto view = std::make_shared<Watched<View>>(list);
+    place.superview()->addSubview(view);
+    view->rowsAtChange.clear();
+    return view;
 }
 
 using CategoryTables = GameTest;
@@ -47,7 +76,7 @@ TEST_F(CategoryTables, ReportTheirSizes) {
     openAndSettle();
     CategoriesVC& shown = *screen();
     UITableView& modes = *shown.tableView;
-    UITableView& groups = *shown.tblDropDown;
+    UITableView& groups = *shown.tblDropDown();
     EXPECT_EQ(shown.numberOfSectionsInTableView(modes), 2);
     EXPECT_EQ(shown.tableViewNumberOfRowsInSection(modes, 0), 2);
     EXPECT_EQ(shown.tableViewNumberOfRowsInSection(modes, 1), 1);
@@ -55,21 +84,20 @@ TEST_F(CategoryTables, ReportTheirSizes) {
     EXPECT_EQ(shown.tableViewHeightForHeaderInSection(modes, 0), 30);
     EXPECT_EQ(shown.tableViewHeightForHeaderInSection(modes, 1), collapsed) << "without a title";
     EXPECT_EQ(shown.tableViewHeightForFooterInSection(modes, 1), 20);
-    EXPECT_EQ(shown.numberOfSectionsInTableView(groups), 1);
-    EXPECT_EQ(shown.tableViewNumberOfRowsInSection(groups, 0), 4);
-    EXPECT_EQ(shown.tableViewHeightForRowAtIndexPath(groups, {0, 0}), 69);
-    EXPECT_EQ(shown.tableViewHeightForHeaderInSection(groups, 0), collapsed);
-    EXPECT_EQ(shown.tableViewHeightForFooterInSection(groups, 0), 0);
-    EXPECT_EQ(shown.tableViewViewForHeaderInSection(groups, 0), nullptr);
-}
-
-TEST_F(CategoryTables, TellATableByIdentity) {
-    openAndSettle();
-    CategoriesVC& shown = *screen();
-    const auto other = std::make_shared<UITableView>();
-    EXPECT_EQ(shown.tableViewNumberOfRowsInSection(*other, 0), 4) << "questions take it for the dropdown";
+    const auto other = std::make_shared<UITableView>(); // questions take it for the dropdown, a choice for the modes
+    for (UITableView* list : {&groups, other.get()}) {
+        EXPECT_EQ(shown.numberOfSectionsInTableView(*list), 1);
+        EXPECT_EQ(shown.tableViewNumberOfRowsInSection(*list, 0), 4);
+        EXPECT_EQ(shown.tableViewHeightForRowAtIndexPath(*list, {0, 0}), 69);
+        EXPECT_EQ(shown.tableViewHeightForHeaderInSection(*list, 0), collapsed);
+        EXPECT_EQ(shown.tableViewHeightForFooterInSection(*list, 0), 0);
+        EXPECT_EQ(shown.tableViewViewForHeaderInSection(*list, 0), nullptr);
+    }
     shown.tableViewDidSelectRowAtIndexPath(*other, {1, 0});
-    EXPECT_EQ(host->links().size(), 1U) << "a choice takes it for the modes";
+    for (const NSIndexPath beyond : {NSIndexPath{0, 2}, {1, 1}, {2, 0}, {-1, 0}, {0, -1}}) {
+        shown.tableViewDidSelectRowAtIndexPath(modes, beyond);
+    }
+    EXPECT_EQ(host->links().size(), 1U);
 }
 
 TEST_F(CategoryTables, ShowAPlainEmptyRowWhereTheNibHoldsAnotherCell) {
@@ -101,7 +129,7 @@ TEST_F(SectionHeaders, AreNewViewsWithTheirTitlesOrNone) {
 }
 
 TEST_F(SectionHeaders, StopTheProgramWhereTheNibDoesNotYieldThem) {
-    for (const std::string& nib : {nibOf(plainView), nibOf(""), std::string("no document")}) {
+    for (const std::string& nib : {nibOf(plainView + headerView), nibOf(""), std::string("no document")}) {
         replace("ModeHeaderView.xib", nib);
         open();
         host->activate(nullptr);
@@ -109,6 +137,12 @@ TEST_F(SectionHeaders, StopTheProgramWhereTheNibDoesNotYieldThem) {
                      "Fatal error: Could not load view with type ModeHeaderView: file ExtensionBundle, line 18\n$");
     }
     (void)support::takeStandardOutput();
+}
+
+TEST_F(SectionHeaders, AreTheFirstOfSeveralObjectsOfTheirNib) {
+    replace("ModeHeaderView.xib", nibOf(headerView + plainView));
+    openAndSettle();
+    EXPECT_NE(screen()->tableViewViewForHeaderInSection(*screen()->tableView, 0), nullptr);
 }
 
 TEST_F(SectionHeaders, NeedNoNibWhileNoSectionHasATitle) {
@@ -133,6 +167,7 @@ TEST_F(GroupChoice, ShowsTheGroupAndMarksOnlyItsRow) {
         EXPECT_EQ(shown.lblDropDown->text(), title);
         EXPECT_EQ(marksOf(shown), title + ";");
         EXPECT_EQ(titlesOf(shown), "|" + title + " titled|");
+        EXPECT_EQ(&shown.sections()[0].items(), &shown.arrAllCategories().at(title)[0].items()) << "no text is copied";
         const auto cell = std::dynamic_pointer_cast<ModeTblCell>(shown.tableView->cellForRowAtIndexPath({0, 1}));
         EXPECT_EQ(cell->lblDesc->text(), "of " + title);
     }
@@ -140,18 +175,26 @@ TEST_F(GroupChoice, ShowsTheGroupAndMarksOnlyItsRow) {
 
 TEST_F(GroupChoice, StylesTheRowsByTheirMark) {
     openAndSettle();
-    choose(2);
+    UITableView& groups = *screen()->tblDropDown();
+    const auto cellOf = [&](int row) {
+        return std::dynamic_pointer_cast<VibeDropdownTblCell>(groups.cellForRowAtIndexPath({0, row}));
+    };
+    tapBox();
+    for (int row = 0; row < 4; ++row) {
+        cellOf(row)->viewMain->setStrokeWidth(5); // a reused cell keeps nothing of what it was
+    }
+    tapRow(groups, {0, 2});
     tapBox();
     for (int row = 0; row < 4; ++row) {
         SCOPED_TRACE(row);
         const bool marked = row == 2;
-        const auto cell =
-            std::dynamic_pointer_cast<VibeDropdownTblCell>(screen()->tblDropDown->cellForRowAtIndexPath({0, row}));
+        const auto cell = cellOf(row);
         ASSERT_NE(cell, nullptr);
         EXPECT_EQ(cell->imgSelected->image(), UIImage::imageNamed(marked ? "tick_selected" : "tick_not_selected"));
         const UIColor& background = *cell->viewMain->backgroundColor();
         EXPECT_TRUE(background == (marked ? *UIColor::colorNamed("AppGreen") : *colorFromHex("F2F2F6")));
         const CALayer& layer = *cell->viewMain->layer();
+        EXPECT_EQ(layer.borderWidth(), 1);
         EXPECT_TRUE(*layer.borderColor() == (marked ? *UIColor::whiteColor() : *colorFromHex("DDDDDD")));
         EXPECT_EQ(layer.shadowOpacity(), marked ? 0.3f : 0);
         EXPECT_TRUE(*cell->lblTitle->textColor() ==
@@ -163,13 +206,34 @@ TEST_F(GroupChoice, OfARowBeyondTheListGivesFamilyAndMarksNothing) {
     openAndSettle();
     CategoriesVC& shown = *screen();
     tapBox();
-    shown.tableViewDidSelectRowAtIndexPath(*shown.tblDropDown, {0, 4});
+    shown.tableViewDidSelectRowAtIndexPath(*shown.tblDropDown(), {0, 4});
     host->settle();
     EXPECT_EQ(shown.currentOption(), CurrentOption::Family);
     EXPECT_EQ(marksOf(shown), "");
     EXPECT_EQ(shown.lblDropDown->text(), "Adult (18+)");
     EXPECT_EQ(titlesOf(shown), "|Family titled|");
     EXPECT_TRUE(shown.viewDropDown->isHidden());
+}
+
+TEST_F(GroupChoice, ReloadsTheListBeforeItShowsTheTitleAndThatOfAGameTypeLast) {
+    open();
+    for (const MoreGameTypes gameType : {MoreGameTypes::None, MoreGameTypes::Dating}) {
+        const auto screen = screenByItself();
+        screen->setSelectedMoreGameType(gameType);
+        host->window().setRootViewController(screen);
+        host->settle();
+        screen->btnDropdownWithSender(nullptr);
+        host->settle();
+        const auto title = watched<UILabel>(*screen->lblDropDown, *screen->tblDropDown());
+        const auto panel = watched<UIView>(*screen->viewDropDown, *screen->tblDropDown());
+        screen->lblDropDown = title;
+        screen->viewDropDown = panel;
+        screen->tableViewDidSelectRowAtIndexPath(*screen->tblDropDown(), {0, 2});
+        const bool isGroup = gameType == MoreGameTypes::None;
+        EXPECT_EQ(title->rowsAtChange, isGroup ? "none" : "some");
+        EXPECT_EQ(panel->rowsAtChange, isGroup ? "none" : "some");
+        EXPECT_TRUE(screen->tblDropDown()->visibleCells().empty());
+    }
 }
 
 TEST_F(ModeLaunch, LeavesTheTappedRowSelectedAndItsModeAsItIs) {
@@ -182,5 +246,5 @@ TEST_F(ModeLaunch, LeavesTheTappedRowSelectedAndItsModeAsItIs) {
               "https://truths-and-dares.example/Category?mainCategory=Adult%20(18+)&sectionCategory=&sectionItem=Third"
               "&icon=none");
     EXPECT_EQ(modes.indexPathForSelectedRow(), (NSIndexPath{1, 0}));
-    EXPECT_FALSE(screen()->sections()[1].items[0].isSelected);
+    EXPECT_FALSE(screen()->sections()[1].items()[0].isSelected);
 }

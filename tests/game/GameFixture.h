@@ -74,13 +74,13 @@ protected:
     }
     void choose(int row) const {
         tapBox();
-        tapRow(*screen()->tblDropDown, {0, row});
+        tapRow(*screen()->tblDropDown(), {0, row});
     }
     /// Titles of the sections that the screen shows, each after a bar.
     static std::string titlesOf(const CategoriesVC& screen) {
         std::string titles;
         for (const ModeSection& section : screen.sections()) {
-            titles += "|" + section.sectionTitle;
+            titles += "|" + section.sectionTitle();
         }
         return titles;
     }

@@ -18,8 +18,8 @@ public:
     std::vector<std::string> opened;
 };
 
-const ModeSection section{.sectionTitle = "S", .items = {}};
-const ModeItem item{.icon = "I", .title = "T", .subtitle = "never sent", .isSelected = true};
+const ModeSection section("S", {});
+const ModeItem item("I", "T", "never sent", true);
 
 std::string linkOf(CurrentOption option, const ModeSection& inSection, const ModeItem& forItem) {
     const std::optional<NSURL> link = launchLink(option, inSection, forItem);
@@ -67,8 +67,7 @@ TEST(LaunchLink, EncodesTextsSoThatTheyComeBackUnchanged) {
     };
     for (const auto& [text, written] : cases) {
         const std::optional<NSURL> link =
-            launchLink(CurrentOption::Couple, {.sectionTitle = text, .items = {}},
-                       {.icon = text, .title = text, .subtitle = "", .isSelected = false});
+            launchLink(CurrentOption::Couple, ModeSection(text, {}), ModeItem(text, text, "", false));
         ASSERT_TRUE(link) << text;
         EXPECT_EQ(link->absoluteString(),
                   "https://truths-and-dares.example/Category?mainCategory=Couple&sectionCategory="s + written +
@@ -81,7 +80,7 @@ TEST(LaunchLink, EncodesTextsSoThatTheyComeBackUnchanged) {
 }
 
 TEST(LaunchLink, WritesABareNameForAMissingIcon) {
-    const ModeItem bare{.icon = std::nullopt, .title = "T", .subtitle = "", .isSelected = false};
+    const ModeItem bare(std::nullopt, "T", "", false);
     EXPECT_EQ(linkOf(CurrentOption::Family, section, bare),
               "https://truths-and-dares.example/Category?mainCategory=Family&sectionCategory=S&sectionItem=T&icon");
 }
@@ -95,7 +94,7 @@ TEST(LaunchLink, GoesToTheContextOfTheNearestAncestorAtEveryTap) {
     parent->addChildViewController(screen);
     openCategoryLink(*screen, CurrentOption::Friends, section, item);
     openCategoryLink(*screen, CurrentOption::Friends, section, item);
-    openCategoryLink(*screen, CurrentOption::Friends, {.sectionTitle = "\xFF", .items = {}}, item); // no text: nothing
+    openCategoryLink(*screen, CurrentOption::Friends, ModeSection("\xFF", {}), item); // no text: nothing
     const std::string link = linkOf(CurrentOption::Friends, section, item);
     EXPECT_EQ(context->opened, (std::vector<std::string>{link, link}));
 }

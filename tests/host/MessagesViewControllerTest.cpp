@@ -1,6 +1,7 @@
 #include "host/MessagesViewController.h"
 
 #include "platform/dispatch/MainRunLoop.h"
+#include "platform/foundation/DebugConsole.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
 #include "platform/uikit/window/UIWindow.h"
 #include "tests/support/Output.h"
@@ -11,20 +12,31 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A screen in place of the category screen, which writes down what becomes of it.
+/// A screen in place of the category screen, which writes down what becomes of it under its name.
 class Screen : public UIViewController {
 public:
-    explicit Screen(std::string& calls) : m_calls(calls) {}
-    void viewDidLoad() override { m_calls += "load "; }
+    Screen(std::string name, std::string& calls) : m_name(std::move(name)), m_calls(calls) {}
+    void viewDidLoad() override {
+        print("screen");
+        tell(MainRunLoop::shared().nextDueTime() ? "load-behind-a-request" : "load");
+    }
     void willMoveToParentViewController(UIViewController* parent) override {
-        m_calls += parent == nullptr ? "leave " : "enter ";
+        tell(parent == nullptr ? "leave" : "enter");
     }
     void didMoveToParentViewController(UIViewController* parent) override {
-        const bool isShown = view()->superview() != nullptr;
-        m_calls += parent == nullptr ? (isShown ? "left-in-view " : "left ") : (isShown ? "entered " : "no view ");
+        if (parent == nullptr) {
+            tell(view()->superview() == nullptr ? "left" : "left-in-view");
+        } else {
+            const bool fills =
+                view()->superview() == parent->view().get() && view()->frame() == parent->view()->bounds();
+            tell(fills ? "entered" : "entered-elsewhere");
+        }
     }
 
 private:
+    void tell(const char* what) { m_calls += m_name + "." + what + " "; }
+
+    std::string m_name;
     std::string& m_calls;
 };
 
@@ -33,9 +45,12 @@ public:
     std::shared_ptr<UIViewController> instantiateInitialViewController() override { return nullptr; }
     std::shared_ptr<UIViewController> instantiateViewControllerWithIdentifier(const std::string& identifier) override {
         EXPECT_EQ(identifier, "CategoriesVC");
-        return std::make_shared<Screen>(calls);
+        return std::make_shared<Screen>(std::string(1, ++m_last), calls);
     }
     std::string calls;
+
+private:
+    char m_last = 'A' - 1; // name of the screen made last
 };
 
 class Host : public ExtensionHost {
@@ -94,13 +109,35 @@ TEST_F(MessagesViewControllerTest, StopsWithoutTheStoryboardThatHoldsItsScreen) 
 }
 
 TEST_F(MessagesViewControllerTest, ShowsOneScreenThatFillsItsView) {
+    UIView& view = *controller->view();
+    view.addSubview(std::make_shared<UIView>());
+    view.setFrame(CGRectMake(0, 60, 390, 440));
     activate();
-    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
-    EXPECT_EQ(storyboard->calls, "enter load entered ");
-    EXPECT_EQ(controller->view()->subviews().back(), screen()->view());
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\nscreen\n");
+    EXPECT_EQ(storyboard->calls, "A.enter A.load A.entered ");
+    EXPECT_EQ(view.subviews().back(), screen()->view());
+    EXPECT_FALSE(screen()->view()->translatesAutoresizingMaskIntoConstraints());
     window->setFrame(CGRectMake(0, 0, 430, 300));
     window->layoutIfNeeded();
-    EXPECT_EQ(screen()->view()->frame(), CGRectMake(0, 0, 430, 300));
+    EXPECT_EQ(view.bounds().size.width, 430);
+    EXPECT_EQ(screen()->view()->frame(), view.bounds());
+}
+
+TEST_F(MessagesViewControllerTest, HoldsItsScreenAtItsOwnFourEdges) {
+    activate();
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\nscreen\n");
+    const std::vector<std::shared_ptr<NSLayoutConstraint>>& constraints = controller->view()->constraints();
+    const LayoutAttribute edges[] = {LayoutAttribute::left, LayoutAttribute::right, LayoutAttribute::top,
+                                     LayoutAttribute::bottom};
+    ASSERT_EQ(constraints.size(), std::size(edges));
+    for (std::size_t i = 0; i < std::size(edges); ++i) {
+        const NSLayoutConstraint& constraint = *constraints[i];
+        EXPECT_EQ(constraint.first().view.lock(), screen()->view());
+        EXPECT_EQ(constraint.second().view.lock(), controller->view());
+        EXPECT_EQ(constraint.first().attribute, edges[i]);
+        EXPECT_EQ(constraint.second().attribute, edges[i]);
+        EXPECT_EQ(constraint.constant(), 0);
+    }
 }
 
 TEST_F(MessagesViewControllerTest, TellsABubbleOfTheFirstRemoteParticipantOnly) {
@@ -117,7 +154,8 @@ TEST_F(MessagesViewControllerTest, TellsABubbleOfTheFirstRemoteParticipantOnly) 
     for (const auto& sample : cases) {
         remotes = sample.remotes;
         activate(bubble(sample.sender));
-        EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n" + (sample.isReceived ? received : ""))
+        EXPECT_EQ(support::takeStandardOutput(),
+                  "willBecomeActive\n" + (sample.isReceived ? received : "") + "screen\n")
             << sample.name;
     }
     loop.advance(10s);
@@ -126,19 +164,35 @@ TEST_F(MessagesViewControllerTest, TellsABubbleOfTheFirstRemoteParticipantOnly) 
 
 TEST_F(MessagesViewControllerTest, StartsAfreshWithEveryMessage) {
     activate();
+    loop.advance(10s);
     std::weak_ptr<UIViewController> before = screen();
+    const auto another = std::make_shared<Screen>("another", storyboard->calls);
+    controller->addChildViewController(another);
+    controller->view()->addSubview(another->view());
     storyboard->calls.clear();
     controller->didReceiveMessageConversation(bubble(first), conversation(nullptr));
-    EXPECT_EQ(storyboard->calls, "leave left enter load entered ");
+    EXPECT_EQ(storyboard->calls, "A.leave A.left another.leave another.left B.enter B.load B.entered ");
     EXPECT_TRUE(before.expired());
     EXPECT_EQ(controller->view()->subviews().size(), 1U);
 
     before = screen();
     controller->didReceiveMessageConversation(bubble(second), conversation(bubble(first)));
     EXPECT_TRUE(before.expired());
-    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\ndidReceive\ndidReceive\n" + received);
+    EXPECT_EQ(support::takeStandardOutput(),
+              "willBecomeActive\nscreen\nscreen\ndidReceive\nscreen\ndidReceive\n" + received + "screen\n");
     loop.advance(10s);
     EXPECT_EQ(host->requests, 2) << "none for the third start, which had a bubble";
+}
+
+TEST_F(MessagesViewControllerTest, AsksForTheExpandedStyleHalfASecondAfterEachStart) {
+    activate();
+    loop.advance(300ms);
+    activate();
+    for (const auto& [wait, requests] : {std::pair{199ms, 0}, {1ms, 1}, {299ms, 1}, {1ms, 2}, {10000ms, 2}}) {
+        loop.advance(wait);
+        EXPECT_EQ(host->requests, requests);
+    }
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\nscreen\nwillBecomeActive\nscreen\n");
 }
 
 TEST_F(MessagesViewControllerTest, IsKeptByItsOutstandingRequest) {
@@ -150,7 +204,7 @@ TEST_F(MessagesViewControllerTest, IsKeptByItsOutstandingRequest) {
     loop.advance(1s);
     EXPECT_EQ(host->requests, 1);
     EXPECT_TRUE(weak.expired());
-    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\n");
+    EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\nscreen\n");
 }
 
 TEST_F(MessagesViewControllerTest, FiltersWhatIsTypedIntoAFieldAndClosesTheKeyboard) {
@@ -165,6 +219,6 @@ TEST_F(MessagesViewControllerTest, FiltersWhatIsTypedIntoAFieldAndClosesTheKeybo
     EXPECT_EQ(field->text(), "Questionsx");
     EXPECT_TRUE(field->replaceCharactersInRange(NSMakeRange(9, 1), ""));
     EXPECT_EQ(field->text(), "Questions");
-    field->pressReturn();
+    EXPECT_TRUE(controller->textFieldShouldReturn(*field));
     EXPECT_FALSE(field->isFirstResponder());
 }

@@ -26,8 +26,8 @@ protected:
     const std::shared_ptr<UILabel> subtitle = std::make_shared<UILabel>();
     const std::shared_ptr<UIImageView> arrow = std::make_shared<UIImageView>();
     const std::shared_ptr<UIView> background = std::make_shared<UIView>();
-    const ModeItem highlighted{.icon = "icon_rose", .title = "T", .subtitle = "U", .isSelected = true};
-    const ModeItem plain{.icon = std::nullopt, .title = "V", .subtitle = "", .isSelected = false};
+    const ModeItem highlighted{"icon_rose", "T", "U", true};
+    const ModeItem plain{std::nullopt, "V", "", false};
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "game/GameClasses.h"
+// What interface files can name of the screen.
 
 #include "game/CategoriesVC.h"
 

@@ -59,3 +59,8 @@ private:
     RGBA m_light;
     RGBA m_dark;
 };
+
+/// Whether both are null or equal.
+[[nodiscard]] inline bool sameColor(const UIColor::Pointer& one, const UIColor::Pointer& other) {
+    return one == other || (one && other && *one == *other);
+}

@@ -14,6 +14,18 @@ void CALayer::repaintView() {
     }
 }
 
+void CALayer::setBorderColor(const std::shared_ptr<UIColor>& color) {
+    if (!sameColor(m_borderColor, color)) {
+        change(m_borderColor, color);
+    }
+}
+
+void CALayer::setShadowColor(const std::shared_ptr<UIColor>& color) {
+    if (!sameColor(m_shadowColor, color)) {
+        change(m_shadowColor, color);
+    }
+}
+
 void CALayer::setShadowRadius(CGFloat radius) {
     if (radius != 0) {
         fatalError("A layer's shadow has a hard edge: its radius cannot be " + std::to_string(radius));

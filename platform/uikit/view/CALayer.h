@@ -21,12 +21,12 @@ public:
     [[nodiscard]] CGFloat borderWidth() const { return m_borderWidth; }
     void setBorderWidth(CGFloat width) { change(m_borderWidth, width); }
     [[nodiscard]] std::shared_ptr<UIColor> borderColor() const { return m_borderColor; }
-    void setBorderColor(const std::shared_ptr<UIColor>& color) { change(m_borderColor, color); }
+    void setBorderColor(const std::shared_ptr<UIColor>& color);
     [[nodiscard]] bool masksToBounds() const { return m_masksToBounds; }
     void setMasksToBounds(bool masks) { change(m_masksToBounds, masks); }
 
     [[nodiscard]] std::shared_ptr<UIColor> shadowColor() const { return m_shadowColor; }
-    void setShadowColor(const std::shared_ptr<UIColor>& color) { change(m_shadowColor, color); }
+    void setShadowColor(const std::shared_ptr<UIColor>& color);
     /// 0 … 1; the platform's initial value is 0, no shadow.
     [[nodiscard]] float shadowOpacity() const { return m_shadowOpacity; }
     void setShadowOpacity(float opacity) { change(m_shadowOpacity, opacity); }

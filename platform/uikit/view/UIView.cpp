@@ -82,7 +82,7 @@ UIView::~UIView() {
 // Look.
 
 void UIView::setBackgroundColor(const std::shared_ptr<UIColor>& color) {
-    if (m_backgroundColor != color) {
+    if (!sameColor(m_backgroundColor, color)) {
         invalidate(m_layer->shadowRect()); // a view without a background casts none
         m_backgroundColor = color;
         invalidate(m_bounds.unionWith(m_layer->shadowRect()));

@@ -9,8 +9,8 @@ std::string rowsInView(const CategoriesVC& screen) {
     std::string rows;
     for (const NSIndexPath indexPath : screen.tableView->indexPathsForVisibleRows()) {
         const ModeSection& section = screen.sections()[static_cast<std::size_t>(indexPath.section)];
-        rows +=
-            (rows.empty() ? "; in view: " : " · ") + section.items().at(static_cast<std::size_t>(indexPath.row)).title();
+        rows += (rows.empty() ? "; in view: " : " · ") +
+                section.items().at(static_cast<std::size_t>(indexPath.row)).title();
     }
     return rows;
 }

@@ -92,26 +92,12 @@ TEST_F(ModeListLoader, NamesTheKeyOfAMissingFile) {
 TEST_F(ModeListLoader, SaysInOneLineWhereTheFileIsNoJSON) {
     write("Couple", "[{\"sectionTitle\": \"S\",\n  \"items\": tru}]");
     EXPECT_EQ(failure("Couple"), "❌ JSON Decode Error: Couple.json: line 2, column 12: syntax error\n");
-}
-
-TEST_F(ModeListLoader, SurvivesFilesThatAreNoText) {
-    for (const std::string& text :
-         {""s, "\0"s, "[{\"sectionTitle\": \"a\0b\", \"items\": []}]"s,
-          "[{\"sectionTitle\": \"\xFF\", \"items\": []}]"s, R"([{"sectionTitle": "\ud83d", "items": []}])"s,
-          "\xFF\xFE[\0]\0"s, std::string(100'000, '['), R"([{"a\nb": 1, "items": []}])"s}) {
+    for (const std::string& text : {""s, "\0"s, "[{\"sectionTitle\": \"a\0b\", \"items\": []}]"s,
+                                    "[{\"sectionTitle\": \"\xFF\", \"items\": []}]"s, "\xFF\xFE[\0]\0"s,
+                                    std::string(10'000'000, '['), R"([{"a\nb": 1, "items": []}])"s}) {
         write("Friends", text);
         EXPECT_TRUE(failure("Friends").starts_with("❌ JSON Decode Error: Friends.json: ")) << text.substr(0, 100);
     }
-}
-
-TEST_F(ModeListLoader, SurvivesAFileOfFiftyMegabytesThatIsCutOff) {
-    const std::string section = R"({"items": [], "sectionTitle": ")" + std::string(10'000, 'S') + "\"},\n";
-    std::string text = "[";
-    while (text.size() < 50'000'000) {
-        text += section;
-    }
-    write("Friends", text);
-    EXPECT_NE(failure("Friends").find("Friends.json: line "), std::string::npos);
 }
 
 TEST_F(ModeListLoader, SurvivesAFolderInPlaceOfAFile) {

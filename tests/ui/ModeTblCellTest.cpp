@@ -49,7 +49,6 @@ TEST_F(ModeTblCellTest, ShowsNothingOfTheItemBefore) {
         EXPECT_EQ(icon->image(), nullptr);
         EXPECT_EQ(title->text(), "V");
         EXPECT_EQ(subtitle->text(), "");
-        EXPECT_EQ(arrow->image(), catalog->images["list_arrow"]);
         EXPECT_TRUE(*background->backgroundColor() == *UIColor::whiteColor());
         EXPECT_EQ(title->textColor(), catalog->colors["TextColor"]);
         EXPECT_EQ(subtitle->textColor(), catalog->colors["TextGrey"]);

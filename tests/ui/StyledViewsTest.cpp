@@ -1,6 +1,7 @@
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/UIKitClasses.h"
 #include "ui/AppView.h"
+#include "ui/DrawingView.h"
 #include "ui/GenericButton.h"
 #include "ui/GenericLabel.h"
 #include "ui/UIButton+Handler.h"
@@ -43,9 +44,16 @@ TEST_F(KitClasses, CanBeNamedByInterfaceFiles) {
     for (const char* name : {"AppView", "GenericLabel", "GenericButton", "DrawingView", "ModeTblCell", "ModeHeaderView",
                              "VibeDropdownTblCell"}) {
         const ObjectClass* named = ClassRegistry::shared().find(name);
-        ASSERT_NE(named, nullptr) << name;
-        EXPECT_TRUE(named->factory) << name;
+        EXPECT_TRUE(named != nullptr && named->factory) << name;
     }
+    const auto canvas = std::make_shared<DrawingView>(CGRect{});
+    setByKey(*canvas, "showPencil", true);
+    setByKey(*canvas, "strokeWidth", 7.0);
+    setByKey(*canvas, "strokeColor", color(UIColor::blueColor()));
+    EXPECT_TRUE(canvas->showPencil());
+    EXPECT_EQ(canvas->strokeWidth(), 7);
+    EXPECT_TRUE(*canvas->strokeColor() == *UIColor::blueColor());
+    EXPECT_NE(ClassRegistry::shared().classOf(*canvas)->outlet("delegate"), nullptr);
 }
 
 TEST_F(AppViewTest, AppliesAPropertyTheMomentItIsWritten) {

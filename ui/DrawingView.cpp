@@ -1,8 +1,8 @@
 #include "ui/DrawingView.h"
 
-#include "platform/foundation/FatalError.h"
 #include "platform/graphics/UIImage.h"
 #include "platform/runtime/ClassRegistry.h"
+#include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/window/UITouch.h"
 
 #include <cstddef>
@@ -66,8 +66,9 @@ void DrawingView::setStrokeWidth(CGFloat width) {
 }
 
 void DrawingView::setDelegate(const std::shared_ptr<DrawingViewDelegate>& delegate) {
-    if (delegate && !std::dynamic_pointer_cast<NSObject>(delegate)) {
-        fatalError("the delegate of a DrawingView is no NSObject");
+    const auto object = std::dynamic_pointer_cast<NSObject>(delegate);
+    if (delegate && !(object && canBeAskedForSelectors(*object))) {
+        fatalErrorAt(*this, "the delegate is of no class that can be asked what it implements");
     }
     m_delegate = delegate;
 }

@@ -9,8 +9,8 @@
 #include <vector>
 
 /// Told when a stroke begins and when it ends. Both operations are optional: a delegate is an NSObject that registers
-/// the actions it implements, "didBeginDrawing" and "didEndDrawing", neither with an argument. Held weakly; one that is
-/// no NSObject cannot be asked and stops the program when it is set.
+/// the actions it implements, "didBeginDrawing" and "didEndDrawing", neither with an argument. Held weakly; one of no
+/// registered class cannot be asked and stops the program when it is set.
 class DrawingViewDelegate {
 public:
     virtual ~DrawingViewDelegate() = default;

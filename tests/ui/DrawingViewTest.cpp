@@ -32,6 +32,7 @@ public:
     using Delegate::Delegate;
 };
 class SpeechlessDelegate : public DrawingViewDelegate {};
+class UnnamedDelegate : public NSObject, public DrawingViewDelegate {};
 
 /// What the canvas stands in: every touch that it passes on ends up here.
 class Desk : public UIView {
@@ -140,8 +141,9 @@ TEST_F(DrawingViewTest, TellsADelegateWhatItImplements) {
     delegate = nullptr;
     EXPECT_EQ(canvas->delegate(), nullptr) << "held weakly";
     stroke({0, 0}, {1, 1});
-    EXPECT_DEATH(canvas->setDelegate(std::make_shared<SpeechlessDelegate>()),
-                 "Fatal error: the delegate of a DrawingView is no NSObject");
+    const char* const refusal = "Fatal error: DrawingView: the delegate is of no class that can be asked";
+    EXPECT_DEATH(canvas->setDelegate(std::make_shared<SpeechlessDelegate>()), refusal);
+    EXPECT_DEATH(canvas->setDelegate(std::make_shared<UnnamedDelegate>()), refusal);
 }
 
 TEST_F(DrawingViewTest, KeepsColourAndWidthOfFinishedStrokes) {

@@ -53,7 +53,7 @@ TEST_F(KitClasses, CanBeNamedByInterfaceFiles) {
     EXPECT_TRUE(canvas->showPencil());
     EXPECT_EQ(canvas->strokeWidth(), 7);
     EXPECT_TRUE(*canvas->strokeColor() == *UIColor::blueColor());
-    EXPECT_NE(ClassRegistry::shared().classOf(*canvas)->outlet("delegate"), nullptr);
+    EXPECT_NE(ClassRegistry::shared().classOf(*canvas).outlet("delegate"), nullptr);
 }
 
 TEST_F(AppViewTest, AppliesAPropertyTheMomentItIsWritten) {

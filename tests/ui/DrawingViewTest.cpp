@@ -53,7 +53,6 @@ protected:
             .action("didBeginDrawing", &Delegate::began)
             .action("didEndDrawing", &Delegate::ended);
         ClassBuilder<BeginDelegate>("BeginDelegate", "NSObject").action("didBeginDrawing", &Delegate::began);
-        catalog->addImage("pencil");
         window->addSubview(desk);
         desk->addSubview(canvas);
         canvas->setDelegate(delegate);
@@ -87,7 +86,13 @@ protected:
     [[nodiscard]] bool asksToBeDrawn() const { return !window->takeChanges().empty(); }
     [[nodiscard]] std::shared_ptr<UIView> pencil() const { return canvas->viewWithTag(100001); }
 
-    const std::shared_ptr<support::Catalog> catalog = support::installCatalog();
+    static std::shared_ptr<support::Catalog> catalogWithPencil() {
+        auto catalog = support::installCatalog();
+        catalog->addImage("pencil");
+        return catalog;
+    }
+
+    const std::shared_ptr<support::Catalog> catalog = catalogWithPencil();
     const std::shared_ptr<UIWindow> window = std::make_shared<UIWindow>(CGRectMake(0, 0, 400, 800));
     const std::shared_ptr<Desk> desk = std::make_shared<Desk>(CGRectMake(0, 0, 400, 800));
     const std::shared_ptr<DrawingView> canvas = std::make_shared<DrawingView>(CGRectMake(10, 20, 300, 400));

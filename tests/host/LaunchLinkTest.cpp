@@ -1,6 +1,6 @@
 #include "host/LaunchLink.h"
 
-#include "platform/foundation/NSURL.h"
+#include "platform/foundation/NSExtensionContext.h"
 #include "platform/uikit/controllers/UIViewController.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +21,8 @@ public:
 const ModeSection section("S", {});
 const ModeItem item("I", "T", "never sent", true);
 
+const std::string base = "https://truths-and-dares.example/Category?mainCategory=";
+
 std::string linkOf(CurrentOption option, const ModeSection& inSection, const ModeItem& forItem) {
     const std::optional<NSURL> link = launchLink(option, inSection, forItem);
     return link ? link->absoluteString() : "none";
@@ -36,38 +38,28 @@ TEST(LaunchLink, NamesTheOptionAsItStands) {
         {CurrentOption::WhoIsMostLikely, "Who%E2%80%99s%20Most%20Likely"},
     };
     for (const auto& [option, written] : cases) {
-        EXPECT_EQ(linkOf(option, section, item), "https://truths-and-dares.example/Category?mainCategory="s + written +
-                                                     "&sectionCategory=S&sectionItem=T&icon=I");
+        EXPECT_EQ(linkOf(option, section, item), base + written + "&sectionCategory=S&sectionItem=T&icon=I");
     }
 }
 
 TEST(LaunchLink, EncodesTexts) {
     const std::pair<std::string, const char*> cases[] = {
         {"", ""},
-        {"Truth & Dare", "Truth%20%26%20Dare"},
-        {"1+1=2", "1+1%3D2"},
+        {"Truth & Dare = 1+1 #%", "Truth%20%26%20Dare%20%3D%201+1%20%23%25"},
         {"a/b?c:d@e!$'()*,;-._~", "a/b?c:d@e!$'()*,;-._~"},
-        {"100% #1", "100%25%20%231"},
-        {"[x]{y}|\\^`\"<>", "%5Bx%5D%7By%7D%7C%5C%5E%60%22%3C%3E"},
         {"Who’s é😀", "Who%E2%80%99s%20%C3%A9%F0%9F%98%80"},
-        {" two\nlines\t", "%20two%0Alines%09"},
         {"a\0b"s, "a%00b"},
-        {"%41", "%2541"},
     };
     for (const auto& [text, written] : cases) {
-        const std::optional<NSURL> link =
-            launchLink(CurrentOption::Couple, ModeSection(text, {}), ModeItem(text, text, "", false));
-        ASSERT_TRUE(link) << text;
-        EXPECT_EQ(link->absoluteString(),
-                  "https://truths-and-dares.example/Category?mainCategory=Couple&sectionCategory="s + written +
-                      "&sectionItem=" + written + "&icon=" + written);
+        EXPECT_EQ(linkOf(CurrentOption::Couple, ModeSection(text, {}), ModeItem(text, text, "", false)),
+                  base + "Couple&sectionCategory=" + written + "&sectionItem=" + written + "&icon=" + written)
+            << text;
     }
 }
 
 TEST(LaunchLink, WritesABareNameForAMissingIcon) {
     const ModeItem bare(std::nullopt, "T", "", false);
-    EXPECT_EQ(linkOf(CurrentOption::Family, section, bare),
-              "https://truths-and-dares.example/Category?mainCategory=Family&sectionCategory=S&sectionItem=T&icon");
+    EXPECT_EQ(linkOf(CurrentOption::Family, section, bare), base + "Family&sectionCategory=S&sectionItem=T&icon");
 }
 
 TEST(LaunchLink, GoesToTheContextOfTheNearestAncestorAtEveryTap) {

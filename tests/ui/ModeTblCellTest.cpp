@@ -54,10 +54,3 @@ TEST_F(ModeTblCellTest, ShowsNothingOfTheItemBefore) {
         EXPECT_EQ(subtitle->textColor(), catalog->colors["TextGrey"]);
     }
 }
-
-TEST_F(ModeTblCellTest, TakesThePlatformsTextColourWhereTheCatalogueHasNone) {
-    cell->configure(highlighted);
-    cell->configure(plain);
-    EXPECT_TRUE(*title->textColor() == *UILabel().textColor());
-    EXPECT_TRUE(*subtitle->textColor() == *UILabel().textColor());
-}

@@ -45,8 +45,6 @@ void setStroke(Base& base, int value) {
 
 class ClassRegistryTest : public testing::Test {
 protected:
-    ClassRegistryTest() { registerClasses(); }
-
     static void registerClasses() {
         ClassBuilder<Part>("Part", "NSObject").property("radius", &Part::setRadius);
         ClassBuilder<Base>("Base", "NSObject")
@@ -65,7 +63,7 @@ protected:
     }
 
     const std::shared_ptr<Unregistered> object = std::make_shared<Unregistered>();
-    const ObjectClass& derived = *ClassRegistry::shared().find("Derived");
+    const ObjectClass& derived = (registerClasses(), *ClassRegistry::shared().find("Derived"));
 };
 
 } // namespace

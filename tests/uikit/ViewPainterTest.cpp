@@ -92,8 +92,8 @@ TEST_F(ViewPainterTest, AnImageStandsWhereItsContentModeSays) {
     const support::TemporaryFolder folder;
     ASSERT_FALSE(writePNG(Bitmap(40, 40), folder.path() / "i.png"));
     const auto view = add(std::make_shared<UIImageView>(CGRectMake(0, 0, 10, 20)));
-    view->setImage(std::make_shared<UIImage>(
-        "i", std::vector<UIImageRepresentation>{{.path = folder.path() / "i.png", .scale = 1}}));
+    view->setImage(
+        std::make_shared<UIImage>("i", std::vector<ImageFile>{{.path = folder.path() / "i.png", .scale = 1}}));
     using enum UIViewContentMode;
     const std::pair<UIViewContentMode, const char*> places[] = {
         {scaleToFill, "(0 0 10 20)"},    {redraw, "(0 0 10 20)"},           {scaleAspectFit, "(0 5 10 10)"},

@@ -17,8 +17,8 @@ public:
         if (!root.is(JSONKind::array)) {
             fail("the file must hold an array of sections, but holds " + describe(root), root);
         }
-        std::vector<ModeSectionDTO> sections =
-            decodeEach<ModeSectionDTO>(root, m_section, [this](JSONValue section) { return decodeSection(section); });
+        std::vector<ModeSectionDTO> sections = decodeEach<ModeSectionDTO>(
+            root, m_section, [this](JSONValue section, auto& into) { decodeSection(section, into); });
         if (m_failure) {
             return *m_failure;
         }
@@ -26,24 +26,27 @@ public:
     }
 
 private:
-    ModeSectionDTO decodeSection(JSONValue section) {
+    void decodeSection(JSONValue section, std::vector<ModeSectionDTO>& sections) {
         m_item = 0;
         expectObject(section);
-        // Braces read their parts from left to right.
-        return {decodeText(section, "sectionTitle"),
-                decodeEach<ModeItemDTO>(require(section, "items", JSONKind::array, "an array of items"), m_item,
-                                        [this](JSONValue item) { return decodeItem(item); })};
+        const std::string_view title = decodeText(section, "sectionTitle");
+        const std::optional<JSONValue> items = require(section, "items", JSONKind::array, "an array of items");
+        sections.emplace_back(title, decodeEach<ModeItemDTO>(items, m_item, [this](JSONValue item, auto& into) {
+                                  decodeItem(item, into);
+                              }));
     }
 
-    ModeItemDTO decodeItem(JSONValue item) {
+    void decodeItem(JSONValue item, std::vector<ModeItemDTO>& items) {
         expectObject(item);
-        return {decodeText(item, "icon"), decodeText(item, "title"), decodeText(item, "subtitle"),
-                decodeBoolean(item, "isSelected")};
+        const std::string_view icon = decodeText(item, "icon");
+        const std::string_view title = decodeText(item, "title");
+        const std::string_view subtitle = decodeText(item, "subtitle");
+        items.emplace_back(icon, title, subtitle, decodeBoolean(item, "isSelected"));
     }
 
     /// One record an element; `number` counts them.
     template <class Record, class Decode>
-    std::vector<Record> decodeEach(std::optional<JSONValue> array, std::size_t& number, Decode decodeOne) {
+    std::vector<Record> decodeEach(std::optional<JSONValue> array, std::size_t& number, Decode decodeInto) {
         std::vector<Record> records;
         if (!array) {
             return records;
@@ -51,7 +54,7 @@ private:
         records.reserve(array->elements().size());
         for (const JSONValue element : array->elements()) {
             ++number;
-            records.push_back(decodeOne(element));
+            decodeInto(element, records);
             if (m_failure) {
                 break;
             }
@@ -65,9 +68,9 @@ private:
         }
     }
 
-    std::string decodeText(JSONValue object, std::string_view key) {
+    std::string_view decodeText(JSONValue object, std::string_view key) {
         const std::optional<JSONValue> value = require(object, key, JSONKind::string, "a text");
-        return value ? std::string(*value->string()) : std::string();
+        return value ? *value->string() : std::string_view();
     }
 
     bool decodeBoolean(JSONValue object, std::string_view key) {
@@ -79,7 +82,9 @@ private:
         const std::optional<JSONValue> value = object.find(key);
         if (!value) {
             fail(quoted(key) + " is missing", object);
-        } else if (!value->is(kind)) {
+            return std::nullopt;
+        }
+        if (!value->is(kind)) {
             fail(quoted(key) + " must be " + expected + ", but is " + describe(*value), *value);
             return std::nullopt;
         }

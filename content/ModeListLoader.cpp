@@ -25,15 +25,12 @@ Result<std::vector<ModeSectionDTO>> readModeList(const std::filesystem::path& pa
 
 } // namespace
 
-ModeItem modeItemFrom(ModeItemDTO&& dto) {
-    return {std::move(dto.m_icon), std::move(dto.m_title), std::move(dto.m_subtitle), dto.m_isSelected};
-}
-
 ModeSection modeSectionFrom(ModeSectionDTO&& dto) {
     std::vector<ModeItem> items;
     items.reserve(dto.m_items.size());
     for (ModeItemDTO& item : dto.m_items) {
-        items.push_back(modeItemFrom(std::move(item)));
+        items.emplace_back(std::move(item.m_icon), std::move(item.m_title), std::move(item.m_subtitle),
+                           item.m_isSelected);
     }
     return {std::move(dto.m_sectionTitle), std::move(items)};
 }

@@ -1,19 +1,19 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
-class ModeItem;
 class ModeSection;
+class ModeSectionDTO;
 
 /// One game mode as a content file has it. Immutable, made by the decoder alone; the loader turns it into a ModeItem,
 /// which takes over the texts of a record that is given up.
 class ModeItemDTO {
 public:
-    ModeItemDTO(std::string icon, std::string title, std::string subtitle, bool isSelected)
-        : m_icon(std::move(icon)), m_title(std::move(title)), m_subtitle(std::move(subtitle)),
-          m_isSelected(isSelected) {}
+    ModeItemDTO(std::string_view icon, std::string_view title, std::string_view subtitle, bool isSelected)
+        : m_icon(icon), m_title(title), m_subtitle(subtitle), m_isSelected(isSelected) {}
 
     [[nodiscard]] const std::string& icon() const { return m_icon; }
     [[nodiscard]] const std::string& title() const { return m_title; }
@@ -21,7 +21,7 @@ public:
     [[nodiscard]] bool isSelected() const { return m_isSelected; }
 
 private:
-    friend ModeItem modeItemFrom(ModeItemDTO&& dto);
+    friend ModeSection modeSectionFrom(ModeSectionDTO&& dto);
 
     std::string m_icon;
     std::string m_title;
@@ -32,8 +32,8 @@ private:
 /// One section as a content file has it. Immutable, made by the decoder alone.
 class ModeSectionDTO {
 public:
-    ModeSectionDTO(std::string sectionTitle, std::vector<ModeItemDTO> items)
-        : m_sectionTitle(std::move(sectionTitle)), m_items(std::move(items)) {}
+    ModeSectionDTO(std::string_view sectionTitle, std::vector<ModeItemDTO> items)
+        : m_sectionTitle(sectionTitle), m_items(std::move(items)) {}
 
     [[nodiscard]] const std::string& sectionTitle() const { return m_sectionTitle; }
     [[nodiscard]] const std::vector<ModeItemDTO>& items() const { return m_items; }

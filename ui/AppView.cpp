@@ -1,6 +1,11 @@
 #include "ui/AppView.h"
 
+#include "platform/runtime/SourceLocation.h"
+
 void AppView::setStrokeColor(const std::shared_ptr<UIColor>& color) {
+    if (!color) {
+        fatalErrorAt(*this, "the strokeColor is null");
+    }
     m_strokeColor = color;
     layer()->setBorderColor(color);
 }

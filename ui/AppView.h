@@ -10,7 +10,7 @@ class AppView : public UIView {
 public:
     using UIView::UIView;
 
-    /// Border colour, never null.
+    /// Border colour; null stops the program.
     [[nodiscard]] const std::shared_ptr<UIColor>& strokeColor() const { return m_strokeColor; }
     void setStrokeColor(const std::shared_ptr<UIColor>& color);
     /// Border width, points.

@@ -56,6 +56,9 @@ DrawingView::DrawingView(const NSCoder& coder)
 }
 
 void DrawingView::setStrokeColor(const std::shared_ptr<UIColor>& color) {
+    if (!color) {
+        fatalErrorAt(*this, "the strokeColor is null");
+    }
     m_strokeColor = color;
     setNeedsDisplay();
 }

@@ -33,7 +33,7 @@ public:
     explicit DrawingView(const CGRect& frame);
     explicit DrawingView(const NSCoder& coder);
 
-    /// Of the strokes drawn from now on; never null.
+    /// Of the strokes drawn from now on; null stops the program.
     [[nodiscard]] const std::shared_ptr<UIColor>& strokeColor() const { return m_strokeColor; }
     void setStrokeColor(const std::shared_ptr<UIColor>& color);
     /// Points, of the strokes drawn from now on.

@@ -14,6 +14,16 @@
 
 namespace {
 
+/// A stroke has a colour: a name that the catalogue lacks is refused, and the colour stays.
+template <class View>
+Acceptance setStrokeColor(View& view, const std::shared_ptr<UIColor>& color) {
+    if (!color) {
+        return Acceptance::wrongValue;
+    }
+    view.setStrokeColor(color);
+    return Acceptance::accepted;
+}
+
 void extendPlatformClasses() {
     ClassBuilder<UIView>("UIView", "UIResponder")
         .property("cornerRadius", &setCornerRadius)
@@ -26,7 +36,7 @@ void extendPlatformClasses() {
 void registerStyledViews() {
     ClassBuilder<AppView>("AppView", "UIView")
         .madeByCoder()
-        .property("strokeColor", &AppView::setStrokeColor)
+        .property("strokeColor", &setStrokeColor<AppView>)
         .property("strokeWidth", &AppView::setStrokeWidth)
         .property("enableShadow", &AppView::setEnableShadow);
     ClassBuilder<GenericLabel>("GenericLabel", "UILabel").madeByCoder().property("space", &GenericLabel::setSpace);
@@ -55,7 +65,7 @@ void registerCanvas() {
     ClassBuilder<DrawingView>("DrawingView", "UIView")
         .madeByCoder()
         .outlet("delegate", &DrawingView::setDelegate)
-        .property("strokeColor", &DrawingView::setStrokeColor)
+        .property("strokeColor", &setStrokeColor<DrawingView>)
         .property("strokeWidth", &DrawingView::setStrokeWidth)
         .property("showPencil", &DrawingView::setShowPencil);
 }

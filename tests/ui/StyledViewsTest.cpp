@@ -52,7 +52,14 @@ TEST_F(KitClasses, CanBeNamedByInterfaceFiles) {
     setByKey(*canvas, "strokeColor", color(UIColor::blueColor()));
     EXPECT_TRUE(canvas->showPencil());
     EXPECT_EQ(canvas->strokeWidth(), 7);
+    const auto container = std::make_shared<AppView>();
+    setByKey(*container, "strokeColor", color(UIColor::blueColor()));
+    EXPECT_EQ(setByKey(*canvas, "strokeColor", color(nullptr)), Acceptance::wrongValue);
+    EXPECT_EQ(setByKey(*container, "strokeColor", color(nullptr)), Acceptance::wrongValue);
     EXPECT_TRUE(*canvas->strokeColor() == *UIColor::blueColor());
+    EXPECT_TRUE(*container->strokeColor() == *UIColor::blueColor());
+    EXPECT_DEATH(canvas->setStrokeColor(nullptr), "DrawingView: the strokeColor is null");
+    EXPECT_DEATH(container->setStrokeColor(nullptr), "AppView: the strokeColor is null");
     EXPECT_NE(ClassRegistry::shared().classOf(*canvas).outlet("delegate"), nullptr);
 }
 

@@ -60,13 +60,6 @@ void UIScrollView::setContentInset(const UIEdgeInsets& inset) {
         {atLeft ? -m_contentInset.left : contentOffset().x, atTop ? -m_contentInset.top : contentOffset().y});
 }
 
-void UIScrollView::setShowsVerticalScrollIndicator(bool shows) {
-    if (m_showsIndicator != shows) {
-        m_showsIndicator = shows;
-        setNeedsDisplay();
-    }
-}
-
 CGPoint UIScrollView::clampedOffset(CGPoint offset) const {
     const CGSize visible = bounds().size;
     return {

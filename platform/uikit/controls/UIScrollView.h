@@ -20,9 +20,7 @@ public:
     /// Content that stands at its beginning stays there: the offset then becomes minus the inset.
     void setContentInset(const UIEdgeInsets& inset);
     [[nodiscard]] bool showsVerticalScrollIndicator() const { return m_showsIndicator; }
-    void setShowsVerticalScrollIndicator(bool shows);
-    [[nodiscard]] bool isScrollEnabled() const { return m_scrollEnabled; }
-    void setScrollEnabled(bool enabled) { m_scrollEnabled = enabled; }
+    void setShowsVerticalScrollIndicator(bool shows) { m_showsIndicator = shows; }
     [[nodiscard]] bool isDragging() const { return m_dragging; }
     /// The offset nearest to `offset` that shows content and insets only.
     [[nodiscard]] CGPoint clampedOffset(CGPoint offset) const;
@@ -47,8 +45,8 @@ private:
 
     CGSize m_contentSize;
     UIEdgeInsets m_contentInset;
-    bool m_showsIndicator = true;
-    bool m_scrollEnabled = true;
+    bool m_showsIndicator = true; // never drawn: a picture is of content at rest
+    bool m_scrollEnabled = true;  // false where an interface file says so: no finger scrolls
     bool m_dragging = false;
     std::weak_ptr<UITouch> m_touch;
     CGPoint m_dragStart; // window coordinates

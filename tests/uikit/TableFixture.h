@@ -8,6 +8,8 @@
 
 #include <cmath>
 #include <functional>
+#include <map>
+#include <string>
 #include <vector>
 
 /// Tables for tests: a list whose rows need so much area that they grow when the table gets narrower.
@@ -71,44 +73,53 @@ public:
     std::function<CGFloat(NSIndexPath)> height = [](NSIndexPath) { return UITableViewAutomaticDimension; };
     std::function<CGFloat(int)> headerHeight = [](int) { return 30.0; };
     CGFloat footerHeight = 20;
-    std::function<void(UITableView&, NSIndexPath)> whenAsked = [](UITableView&, NSIndexPath) {};
-    std::function<void(UITableView&, NSIndexPath)> whenSelected = [](UITableView&, NSIndexPath) {};
+    /// Runs in every callback, before it answers from what the list then holds.
+    std::function<void(const std::string& callback, UITableView&)> during = [](const std::string&, UITableView&) {};
 
-    int rowCountsAsked = 0;
-    int headerHeightsAsked = 0;
-    int cellsAsked = 0;
-    int heightsAsked = 0;
+    std::map<std::string, int> asked; // how often, by callback
     std::vector<int> headersAsked;
     std::vector<NSIndexPath> selections;
 
-    int numberOfSectionsInTableView(UITableView&) override { return static_cast<int>(rows.size()); }
-    int tableViewNumberOfRowsInSection(UITableView&, int section) override {
-        ++rowCountsAsked;
-        return rows[static_cast<std::size_t>(section)];
+    int numberOfSectionsInTableView(UITableView& table) override {
+        note("sections", table);
+        return static_cast<int>(rows.size());
+    }
+    int tableViewNumberOfRowsInSection(UITableView& table, int section) override {
+        note("rows", table);
+        return rows.at(static_cast<std::size_t>(section));
     }
     std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table, NSIndexPath path) override {
-        ++cellsAsked;
-        whenAsked(table, path);
+        note("cell", table);
         const auto cell = table.dequeueReusableCellWithIdentifierForIndexPath("row", path);
         dynamic_cast<ListCell&>(*cell).show(path, area(path));
         return cell;
     }
-    CGFloat tableViewHeightForRowAtIndexPath(UITableView&, NSIndexPath path) override {
-        ++heightsAsked;
+    CGFloat tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath path) override {
+        note("height", table);
         return height(path);
     }
-    std::shared_ptr<UIView> tableViewViewForHeaderInSection(UITableView&, int section) override {
+    std::shared_ptr<UIView> tableViewViewForHeaderInSection(UITableView& table, int section) override {
+        note("header", table);
         headersAsked.push_back(section);
         return std::make_shared<UIView>(CGRect{});
     }
-    CGFloat tableViewHeightForHeaderInSection(UITableView&, int section) override {
-        ++headerHeightsAsked;
+    CGFloat tableViewHeightForHeaderInSection(UITableView& table, int section) override {
+        note("header height", table);
         return headerHeight(section);
     }
-    CGFloat tableViewHeightForFooterInSection(UITableView&, int) override { return footerHeight; }
+    CGFloat tableViewHeightForFooterInSection(UITableView& table, int) override {
+        note("footer height", table);
+        return footerHeight;
+    }
     void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath path) override {
         selections.push_back(path);
-        whenSelected(table, path);
+        note("choice", table);
+    }
+
+private:
+    void note(const std::string& callback, UITableView& table) {
+        ++asked[callback];
+        during(callback, table);
     }
 };
 
@@ -132,10 +143,6 @@ struct ListOnScreen : EmptyWindow {
         table->setFrame({{}, size});
         layout();
     }
-    [[nodiscard]] bool isAtEnd() const {
-        const CGPoint offset = table->contentOffset();
-        return offset == table->clampedOffset({0, -1e9}) || offset == table->clampedOffset({0, 1e9});
-    }
     std::shared_ptr<UITableView> table;
     std::shared_ptr<List> list = std::make_shared<List>();
     std::shared_ptr<CountingNib> nib = std::make_shared<CountingNib>();
@@ -145,14 +152,14 @@ struct ListOnScreen : EmptyWindow {
 struct Seen {
     NSIndexPath path;
     CGFloat top;
-    CGFloat height;
+    std::shared_ptr<UITableViewCell> cell;
 };
 
 inline std::vector<Seen> rowsSeen(const ListOnScreen& screen) {
     std::vector<Seen> seen;
     for (const NSIndexPath& path : screen.table->indexPathsForVisibleRows()) {
-        const CGRect frame = screen.table->cellForRowAtIndexPath(path)->frame();
-        seen.push_back({path, frame.minY() - screen.table->contentOffset().y, frame.size.height});
+        const auto cell = screen.table->cellForRowAtIndexPath(path);
+        seen.push_back({path, cell->frame().minY() - screen.table->contentOffset().y, cell});
     }
     return seen;
 }

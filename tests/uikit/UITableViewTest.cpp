@@ -1,77 +1,121 @@
 #include "tests/uikit/TableFixture.h"
 
 #include <limits>
+#include <random>
 
 using namespace support;
 
 namespace {
 
-constexpr CGFloat pixel = 1.0 / 3;
-
 double varied(NSIndexPath path) {
-    return 320.0 * (30 + (path.row * 37 + path.section * 11) % 90);
+    return 320.0 * (20 + (path.row * 53 + path.section * 29) % 140) + 100;
 }
 
-/// Headers, rows and footers follow each other without gap or overlap, cover the screen, and every row shows itself.
+/// Headers and rows follow each other in reading order without gap (but for footers) or overlap and cover the screen;
+/// every row shows itself, as tall as it needs.
 void expectTiling(const ListOnScreen& screen) {
     UITableView& table = *screen.table;
-    const std::vector<NSIndexPath> paths = table.indexPathsForVisibleRows();
-    ASSERT_FALSE(paths.empty());
+    ASSERT_FALSE(table.visibleCells().empty());
     const CGFloat width = table.bounds().size.width;
-    NSIndexPath next = paths.front();
-    CGFloat end = table.rectForRowAtIndexPath(next).minY();
-    EXPECT_LE(end, std::max(table.bounds().minY(), 0.0) + 30 + 20);
-    for (const NSIndexPath& path : paths) {
-        if (next.row == screen.list->rows[static_cast<std::size_t>(next.section)]) {
-            next = {next.section + 1, 0};
-            end += screen.list->footerHeight + table.rectForHeaderInSection(next.section).size.height;
+    CGFloat end = table.subviews().front()->frame().minY();
+    EXPECT_LE(end, std::max(table.bounds().minY(), 0.0) + 20);
+    for (const auto& view : table.subviews()) {
+        const CGRect frame = view->frame();
+        const auto* cell = dynamic_cast<const ListCell*>(view.get());
+        EXPECT_NEAR(frame.minY(), end + (cell == nullptr && view != table.subviews().front() ? 20 : 0), 1e-6);
+        EXPECT_EQ(frame.size.width, width);
+        if (cell != nullptr) {
+            EXPECT_EQ(frame, table.rectForRowAtIndexPath(cell->shown));
+            EXPECT_EQ(table.cellForRowAtIndexPath(cell->shown).get(), cell);
+            EXPECT_NEAR(frame.size.height, std::ceil(screen.list->area(cell->shown) / width), 1.0 / 3);
+            EXPECT_EQ(cell->contentView()->frame(), (CGRect{{}, frame.size}));
         }
-        const auto cell = table.cellForRowAtIndexPath(path);
-        EXPECT_EQ(path, next);
-        EXPECT_EQ(dynamic_cast<ListCell&>(*cell).shown, path);
-        EXPECT_EQ(cell->frame(), table.rectForRowAtIndexPath(path));
-        EXPECT_NEAR(cell->frame().minY(), end, 1e-6);
-        EXPECT_EQ(cell->frame().size.width, width);
-        EXPECT_NEAR(cell->frame().size.height, std::ceil(screen.list->area(path) / width), pixel);
-        EXPECT_EQ(cell->contentView()->frame(), (CGRect{{}, cell->bounds().size}));
-        end = cell->frame().maxY();
-        ++next.row;
+        end = frame.maxY();
     }
-    EXPECT_GE(end, std::min(table.bounds().maxY(), table.contentSize().height) - 30 - 20);
+    EXPECT_GE(end, std::min(table.bounds().maxY(), table.contentSize().height) - 20);
+}
+
+/// Rows seen before and after moved by the distance scrolled and nothing else.
+void expectNoJump(const std::vector<Seen>& before, const std::vector<Seen>& after, CGFloat distance) {
+    for (const Seen& old : before) {
+        for (const Seen& now : after) {
+            if (now.path == old.path) {
+                EXPECT_NEAR(now.top, old.top - distance, 1e-6) << "row " << now.path.row;
+                EXPECT_EQ(now.cell, old.cell);
+            }
+        }
+    }
 }
 
 } // namespace
 
 TEST(UITableView, TilesSelfSizingRowsAtEveryWidth) {
     for (const CGFloat width : {320.0, 375.0, 430.0}) {
-        ListOnScreen screen({6, 6, 6, 6, 6}, {width, 600});
+        ListOnScreen screen({6, 6, 0, 6}, {width, 600});
         screen.list->area = varied;
+        screen.table->setContentInset({10, 0, 80, 0});
         screen.layout();
-        expectTiling(screen);
         EXPECT_EQ(screen.table->subviews()[0]->frame(), (CGRect{{0, 0}, {width, 30}}));
+        EXPECT_EQ(screen.table->contentOffset().y, -10);
         for (int step = 0; step < 60; ++step) {
             screen.scrollBy(41);
             expectTiling(screen);
         }
-        EXPECT_EQ(screen.table->indexPathsForVisibleRows().back(), (NSIndexPath{4, 5}));
+        EXPECT_EQ(screen.table->indexPathsForVisibleRows().back(), (NSIndexPath{3, 5}));
+        EXPECT_NEAR(screen.table->bounds().maxY(), screen.table->contentSize().height + 80, 1.0 / 3);
     }
+}
+
+TEST(UITableView, JumpsNowhereWhenRowsAboveTurnOutTallerOrShorter) {
+    ListOnScreen screen({2000, 0, 3000, 5000});
+    screen.list->area = varied;
+    screen.layout();
+    screen.scrollTo(screen.table->rectForRowAtIndexPath({3, 10}).minY());
+    std::mt19937 random{3};
+    for (int step = 0; step < 100; ++step) {
+        const std::vector<Seen> before = rowsSeen(screen);
+        const CGFloat distance = static_cast<CGFloat>(random() % 100) - 70;
+        screen.scrollBy(distance);
+        expectNoJump(before, rowsSeen(screen), distance);
+        expectTiling(screen);
+    }
+    EXPECT_EQ(rowsSeen(screen).front().path.section, 2) << "the test scrolls up across a section";
+    const std::vector<Seen> before = rowsSeen(screen);
+    const auto finger = screen.touchDown({100, 40});
+    for (CGFloat y = 60; y <= 240; y += 20) {
+        screen.move(finger, {100, y});
+        screen.layout();
+    }
+    expectNoJump(before, rowsSeen(screen), -200);
+    screen.scrollTo(1e9);
+    EXPECT_EQ(rowsSeen(screen).back().path, (NSIndexPath{3, 4999}));
+    EXPECT_NEAR(screen.table->bounds().maxY(), screen.table->contentSize().height, 1e-6);
+    EXPECT_FALSE(screen.window->needsLayout());
 }
 
 TEST(UITableView, MeasuresItsRowsAgainForANewWidthAndKeepsTheTopRowInPlace) {
     ListOnScreen screen({40, 40});
     screen.list->area = varied;
     screen.layout();
-    for (int step = 0; step < 30; ++step) {
-        screen.scrollBy(60);
-    }
+    screen.scrollTo(1800);
+    screen.scrollTo(screen.table->rectForRowAtIndexPath({0, 25}).minY() + 20);
     const Seen top = rowsSeen(screen).front();
-    screen.resize({430, 480});
-    EXPECT_EQ(rowsSeen(screen).front().path, top.path);
-    EXPECT_NEAR(rowsSeen(screen).front().top, top.top, 1e-6);
-    expectTiling(screen);
-    screen.resize({320, 200});
-    EXPECT_EQ(rowsSeen(screen).front().path, top.path);
-    expectTiling(screen);
+    for (const CGSize size : {CGSize{430, 480}, CGSize{320, 200}}) {
+        screen.resize(size);
+        EXPECT_EQ(rowsSeen(screen).front().path, top.path);
+        EXPECT_NEAR(rowsSeen(screen).front().top, top.top, 1e-6);
+        expectTiling(screen);
+    }
+}
+
+TEST(UITableView, LearnsFromTheRowsSeenForTheNextReload) {
+    ListOnScreen screen({100});
+    screen.list->area = [](NSIndexPath) { return 320.0 * 90; };
+    screen.layout();
+    EXPECT_LT(screen.table->contentSize().height, 100 * 90);
+    screen.table->reloadData();
+    screen.layout();
+    EXPECT_EQ(screen.table->contentSize().height, 30 + 100 * 90 + 20);
 }
 
 TEST(UITableView, CostsNoMoreForManyRowsOrSectionsThanForFew) {
@@ -83,15 +127,18 @@ TEST(UITableView, CostsNoMoreForManyRowsOrSectionsThanForFew) {
         for (int step = 0; step < 40; ++step) {
             screen.scrollBy(20);
         }
-        const List& list = *screen.list;
-        EXPECT_EQ(list.rowCountsAsked, 2 * static_cast<int>(rows.size())) << "once a section and reload";
-        EXPECT_EQ(list.headerHeightsAsked, 2 * static_cast<int>(rows.size()));
+        std::map<std::string, int> asked = screen.list->asked;
+        for (const char* counted : {"rows", "header height", "footer height"}) {
+            EXPECT_EQ(asked[counted], 2 * static_cast<int>(rows.size())) << counted << ": once a section and reload";
+            asked.erase(counted);
+        }
         EXPECT_LE(screen.nib->made, 480 / 60 + 2) << "no more than fit the screen";
-        EXPECT_LE(list.cellsAsked, (800 + 2 * 480) / 60 + 2) << "once for each row that comes into sight";
-        return std::vector<int>{screen.nib->made, list.cellsAsked, list.heightsAsked,
-                                static_cast<int>(list.headersAsked.size())};
+        EXPECT_LE(asked["cell"], (800 + 2 * 480) / 60 + 2) << "once for each row that comes into sight";
+        EXPECT_EQ(asked["cell"], asked["height"]);
+        asked["nib"] = screen.nib->made;
+        return asked;
     };
-    EXPECT_EQ(playThrough(std::vector<int>(5, 2000)), playThrough({50}));
+    EXPECT_EQ(playThrough({100'000}), playThrough({100}));
     EXPECT_EQ(playThrough(std::vector<int>(10'000, 1)), playThrough(std::vector<int>(50, 1)));
 }
 
@@ -100,9 +147,9 @@ TEST(UITableView, AsksForAHeaderOnceWhileItIsSeenAndDropsItWhenItLeaves) {
     screen.layout();
     EXPECT_EQ(screen.list->headersAsked, (std::vector<int>{0, 1}));
     const std::weak_ptr<UIView> first = screen.table->subviews()[0];
-    screen.scrollBy(20);
-    EXPECT_EQ(first.lock()->superview(), screen.table.get());
-    screen.scrollBy(10);
+    screen.scrollBy(29);
+    EXPECT_FALSE(first.expired());
+    screen.scrollBy(1);
     EXPECT_TRUE(first.expired()) << "scrolled out by its last pixel";
     screen.scrollBy(-10);
     EXPECT_EQ(screen.list->headersAsked, (std::vector<int>{0, 1, 0}));
@@ -136,30 +183,47 @@ TEST(UITableView, ReloadsWithFreshCountsAndKeepsTheOffsetAsFarAsItCan) {
     EXPECT_EQ(reload({}), 0);
     EXPECT_TRUE(screen.table->subviews().empty());
     EXPECT_LE(screen.nib->made, 10) << "reloading uses the cells again";
-    reload({50});
-    screen.list.reset(); // the data source goes
-    screen.tap({100, 100});
-    screen.layout();
-    EXPECT_TRUE(screen.table->visibleCells().empty());
-    EXPECT_EQ(screen.table->contentSize().height, 0);
 }
 
-TEST(UITableView, PlacesItsOwnHeaderAndFooterAroundTheSections) {
-    ListOnScreen screen({2});
-    const auto header = std::make_shared<UIView>(CGRect{{}, {10, 40}});
-    const auto footer = std::make_shared<UIView>(CGRect{{}, {10, 25}});
-    screen.table->setTableHeaderView(header);
-    screen.table->setTableFooterView(footer);
+TEST(UITableView, HighlightsTheRowUnderTheFingerAndChoosesItOnce) {
+    ListOnScreen screen({200});
     screen.layout();
-    EXPECT_EQ(header->frame(), (CGRect{{0, 0}, {320, 40}}));
-    EXPECT_EQ(screen.table->rectForRowAtIndexPath({0, 0}), (CGRect{{0, 70}, {320, 60}}));
-    EXPECT_EQ(screen.table->indexPathForRowAtPoint({5, 70}), (NSIndexPath{0, 0}));
-    EXPECT_FALSE(screen.table->indexPathForRowAtPoint({5, 69}));
-    EXPECT_EQ(footer->frame(), (CGRect{{0, 210}, {320, 25}}));
-    screen.table->setTableHeaderView(nullptr);
+    const auto cell = screen.table->cellForRowAtIndexPath({0, 1});
+    const auto finger = screen.touchDown({100, 100});
+    EXPECT_TRUE(cell->isHighlighted());
+    EXPECT_FALSE(cell->isSelected());
+    screen.move(finger, {104, 96});
+    screen.lift(finger, {104, 96});
+    EXPECT_FALSE(cell->isHighlighted());
+    EXPECT_TRUE(cell->isSelected());
+    screen.tap({100, 200});
+    EXPECT_FALSE(cell->isSelected());
+    screen.tap({100, 200});
+    EXPECT_EQ(screen.list->selections, (std::vector<NSIndexPath>{{0, 1}, {0, 2}, {0, 2}}));
+    screen.scrollTo(3000);
+    for (const auto& visible : screen.table->visibleCells()) {
+        EXPECT_FALSE(visible->isSelected()) << "the choice stays with its row, not with its cell";
+    }
+    screen.scrollTo(0);
+    EXPECT_TRUE(screen.table->cellForRowAtIndexPath({0, 2})->isSelected());
+}
+
+TEST(UITableView, ChoosesNothingByDragsCancelledTouchesAndHeaders) {
+    ListOnScreen screen({200});
     screen.layout();
-    EXPECT_EQ(header->superview(), nullptr);
-    EXPECT_EQ(screen.table->contentSize().height, 195);
+    screen.tap({100, 10});
+    const auto cell = screen.table->cellForRowAtIndexPath({0, 3});
+    const auto cancelled = screen.touchDown({100, 240});
+    EXPECT_TRUE(cell->isHighlighted());
+    screen.move(cancelled, {100, 240}, UITouchPhase::cancelled);
+    EXPECT_FALSE(cell->isHighlighted());
+    const auto finger = screen.touchDown({100, 240});
+    screen.move(finger, {100, 200});
+    EXPECT_FALSE(cell->isHighlighted());
+    EXPECT_EQ(screen.table->contentOffset().y, 40);
+    screen.move(finger, {100, 240});
+    screen.lift(finger, {100, 240});
+    EXPECT_TRUE(screen.list->selections.empty());
 }
 
 TEST(UITableView, SurvivesADataSourceThatAnswersWildly) {

@@ -1,29 +1,10 @@
 #include "platform/uikit/table/UITableView.h"
 
-#include "platform/uikit/controllers/UINib.h"
-#include "platform/uikit/table/TableGeometry.h"
 #include "platform/uikit/table/UITableViewCell.h"
+#include "platform/uikit/window/UITouch.h"
 
-namespace {
-
-template <class View>
-void replaceSubview(UIView& table, std::shared_ptr<View>& current, const std::shared_ptr<View>& view) {
-    if (current == view) {
-        return;
-    }
-    if (current) {
-        current->removeFromSuperview();
-    }
-    current = view;
-    if (current) {
-        table.addSubview(current);
-    }
-    table.setNeedsLayout();
-}
-
-} // namespace
-
-UITableView::UITableView(const CGRect& frame) : UIScrollView(frame) {}
+#include <cmath>
+#include <utility>
 
 UITableView::UITableView(const NSCoder& coder) : UIScrollView(coder) {
     using Separator = UITableViewCellSeparatorStyle;
@@ -38,96 +19,128 @@ UITableView::UITableView(const NSCoder& coder) : UIScrollView(coder) {
     m_sectionFooterHeight = coder.number("sectionFooterHeight").value_or(UITableViewAutomaticDimension);
 }
 
-UITableView::~UITableView() = default;
-
 void UITableView::setDataSource(std::weak_ptr<UITableViewDataSource> dataSource) {
-    m_dataSource = std::move(dataSource);
+    m_source.setDataSource(std::move(dataSource));
     reloadData();
 }
 
 void UITableView::setDelegate(std::weak_ptr<UITableViewDelegate> delegate) {
-    m_delegate = std::move(delegate);
+    m_source.setDelegate(std::move(delegate));
     reloadData();
 }
 
-void UITableView::setSeparatorStyle(UITableViewCellSeparatorStyle style) {
-    m_separatorStyle = style;
-    setNeedsDisplay();
-}
-
-void UITableView::setTableHeaderView(const std::shared_ptr<UIView>& view) {
-    replaceSubview(*this, m_tableHeaderView, view);
-}
-
-void UITableView::setTableFooterView(const std::shared_ptr<UIView>& view) {
-    replaceSubview(*this, m_tableFooterView, view);
-}
-
+/// Gives the cells back in reverse, so that the rows get those that showed them before: less of them changes.
 void UITableView::reloadData() {
-    if (m_geometry) {
-        if (const std::optional<Pixels> average = m_geometry->averageHeight()) {
-            m_averageRowHeight = pointsOf(*average);
-        }
-        m_geometry = nullptr;
-    }
+    m_source.reload();
     m_selected.reset();
     m_touched.reset();
-    recycleAll();
+    while (!m_views.empty()) {
+        recycle(m_views.extract(std::prev(m_views.end())).mapped());
+    }
     setNeedsLayout();
 }
 
-int UITableView::numberOfSections() {
-    return geometry()->numberOfSections();
-}
+// Questions.
 
-int UITableView::numberOfRowsInSection(int section) {
-    return geometry()->numberOfRows(section);
+std::shared_ptr<TableRows> UITableView::rows() {
+    if (m_source.isAbandoned()) {
+        reloadData();
+    }
+    return m_source.rows();
 }
 
 CGRect UITableView::rectForRowAtIndexPath(NSIndexPath indexPath) {
-    const SharedGeometry current = geometry();
-    if (!current->hasRow(indexPath)) {
-        return {};
-    }
-    const TableItem row = current->row(indexPath);
-    return rectInContent(row.top, row.height);
+    const std::optional<TableItem> row = rows()->item(indexPath);
+    return row && TableItem::isRow(indexPath) ? rectOf(*row) : CGRect{};
 }
 
-CGRect UITableView::rectForHeaderInSection(int section) {
-    const SharedGeometry current = geometry();
-    if (section < 0 || section >= current->numberOfSections()) {
-        return {};
-    }
-    const TableItem header = current->header(section);
-    return rectInContent(header.top, header.height);
+CGRect UITableView::rectOf(const TableItem& item) const {
+    const CGFloat width = bounds().size.width;
+    return {{0, pointsOf(item.top)}, {width > 0 && std::isfinite(width) ? width : 0, pointsOf(item.height)}};
 }
 
 std::optional<NSIndexPath> UITableView::indexPathForRowAtPoint(CGPoint point) {
-    const Pixels line = pixelUnder(point.y) - topOfSections();
-    const std::optional<TableItem> item = geometry()->itemAt(line);
-    if (!item || item->kind != TableItem::Kind::row) {
-        return std::nullopt;
-    }
-    return item->indexPath;
+    const std::optional<TableItem> item = rows()->itemAt(pixelUnder(point.y));
+    return item && TableItem::isRow(item->path) ? std::optional(item->path) : std::nullopt;
 }
 
 std::shared_ptr<UITableViewCell> UITableView::cellForRowAtIndexPath(NSIndexPath indexPath) {
-    const auto found = m_visible.find(indexPath);
-    return found == m_visible.end() ? nullptr : found->second;
+    const auto found = m_views.find(indexPath);
+    return found != m_views.end() && TableItem::isRow(indexPath)
+               ? std::static_pointer_cast<UITableViewCell>(found->second)
+               : nullptr;
 }
 
 std::vector<NSIndexPath> UITableView::indexPathsForVisibleRows() {
     std::vector<NSIndexPath> paths;
-    for (const auto& [path, cell] : m_visible) {
-        paths.push_back(path);
+    for (const auto& [path, view] : m_views) {
+        if (TableItem::isRow(path)) {
+            paths.push_back(path);
+        }
     }
     return paths;
 }
 
 std::vector<std::shared_ptr<UITableViewCell>> UITableView::visibleCells() {
     std::vector<std::shared_ptr<UITableViewCell>> cells;
-    for (const auto& [path, cell] : m_visible) {
-        cells.push_back(cell);
+    for (const NSIndexPath& path : indexPathsForVisibleRows()) {
+        cells.push_back(cellForRowAtIndexPath(path));
     }
     return cells;
+}
+
+// Touches.
+
+void UITableView::touchesBeganWithEvent(const TouchSet& touches, UIEvent* event) {
+    UIScrollView::touchesBeganWithEvent(touches, event);
+    if (const std::shared_ptr<UITouch> touch = draggingTouchIn(touches)) {
+        m_touched = indexPathForRowAtPoint(touch->locationInView(this));
+        markRows();
+    }
+}
+
+void UITableView::touchesMovedWithEvent(const TouchSet& touches, UIEvent* event) {
+    UIScrollView::touchesMovedWithEvent(touches, event);
+    if (isDragging()) {
+        m_touched.reset();
+        markRows();
+    }
+}
+
+void UITableView::touchesEndedWithEvent(const TouchSet& touches, UIEvent* event) {
+    const std::shared_ptr<UITableView> self = strong(this);
+    const std::shared_ptr<UITouch> touch = draggingTouchIn(touches);
+    UIScrollView::touchesEndedWithEvent(touches, event);
+    if (!touch) {
+        return;
+    }
+    const std::optional<NSIndexPath> touched = std::exchange(m_touched, std::nullopt);
+    const bool isChosen = touched && indexPathForRowAtPoint(touch->locationInView(this)) == touched;
+    m_selected = isChosen ? touched : m_selected;
+    markRows();
+    // The delegate comes last: it may reload the table or drop it.
+    if (const std::shared_ptr<UITableViewDelegate> asked = isChosen ? delegate() : nullptr) {
+        asked->tableViewDidSelectRowAtIndexPath(*this, *touched);
+    }
+}
+
+void UITableView::touchesCancelledWithEvent(const TouchSet& touches, UIEvent* event) {
+    if (draggingTouchIn(touches)) {
+        m_touched.reset();
+        markRows();
+    }
+    UIScrollView::touchesCancelledWithEvent(touches, event);
+}
+
+void UITableView::markRows() const {
+    for (const auto& [path, view] : m_views) {
+        if (TableItem::isRow(path)) {
+            mark(static_cast<UITableViewCell&>(*view), path);
+        }
+    }
+}
+
+void UITableView::mark(UITableViewCell& cell, NSIndexPath path) const {
+    cell.setHighlighted(m_touched == path);
+    cell.setSelected(m_selected == path);
 }

@@ -1,5 +1,8 @@
 #include "platform/uikit/table/UITableViewCell.h"
 
+#include "platform/graphics/Canvas.h"
+#include "platform/graphics/DrawingContext.h"
+
 UITableViewCell::UITableViewCell(UITableViewCellStyle, const std::string& reuseIdentifier)
     : m_reuseIdentifier(reuseIdentifier) {
     addContentView();
@@ -22,16 +25,9 @@ void UITableViewCell::addContentView() {
     addSubview(m_contentView);
 }
 
-void UITableViewCell::setHighlighted(bool highlighted) {
-    if (m_highlighted != highlighted) {
-        m_highlighted = highlighted;
-        setNeedsDisplay();
-    }
-}
-
-void UITableViewCell::setSelected(bool selected) {
-    if (m_selected != selected) {
-        m_selected = selected;
+void UITableViewCell::setMark(bool& mark, bool isSet) {
+    if (mark != isSet) {
+        mark = isSet;
         setNeedsDisplay();
     }
 }
@@ -39,4 +35,13 @@ void UITableViewCell::setSelected(bool selected) {
 void UITableViewCell::layoutSubviews() {
     UIView::layoutSubviews();
     m_contentView->setFrame({{}, bounds().size});
+}
+
+void UITableViewCell::drawRect(const CGRect& rect) {
+    UIView::drawRect(rect);
+    const DrawingContext* context = DrawingContext::current();
+    const bool marked = m_selectionStyle != UITableViewCellSelectionStyle::none && (m_highlighted || m_selected);
+    if (context != nullptr && marked) {
+        context->canvas().fillRect(bounds(), UIColor::systemColorNamed("systemGray4Color")->resolved(context->style()));
+    }
 }

@@ -18,9 +18,9 @@ public:
     void setReuseIdentifier(const std::string& identifier) { m_reuseIdentifier = identifier; }
     [[nodiscard]] std::shared_ptr<UIView> contentView() const { return m_contentView; }
     [[nodiscard]] bool isHighlighted() const { return m_highlighted; }
-    void setHighlighted(bool highlighted);
+    void setHighlighted(bool highlighted) { setMark(m_highlighted, highlighted); }
     [[nodiscard]] bool isSelected() const { return m_selected; }
-    void setSelected(bool selected);
+    void setSelected(bool selected) { setMark(m_selected, selected); }
     /// Called before the cell is handed out again.
     virtual void prepareForReuse() {}
 
@@ -32,6 +32,7 @@ protected:
 
 private:
     void addContentView();
+    void setMark(bool& mark, bool isSet);
 
     std::string m_reuseIdentifier;
     std::shared_ptr<UIView> m_contentView;

@@ -6,10 +6,6 @@ CGFloat UITableViewDelegate::tableViewHeightForRowAtIndexPath(UITableView& table
     return table.rowHeight();
 }
 
-std::shared_ptr<UIView> UITableViewDelegate::tableViewViewForHeaderInSection(UITableView&, int) {
-    return nullptr;
-}
-
 CGFloat UITableViewDelegate::tableViewHeightForHeaderInSection(UITableView& table, int) {
     return table.sectionHeaderHeight();
 }
@@ -17,5 +13,3 @@ CGFloat UITableViewDelegate::tableViewHeightForHeaderInSection(UITableView& tabl
 CGFloat UITableViewDelegate::tableViewHeightForFooterInSection(UITableView& table, int) {
     return table.sectionFooterHeight();
 }
-
-void UITableViewDelegate::tableViewDidSelectRowAtIndexPath(UITableView&, NSIndexPath) {}

@@ -4,14 +4,9 @@
 
 #include <string>
 
-/// The header of a section. The table owns it while it is seen.
+/// The header of a section. The table owns it while it is seen; it is never used again for another section.
 class UITableViewHeaderFooterView : public UIView {
 public:
-    explicit UITableViewHeaderFooterView(const std::string& reuseIdentifier); // initWithReuseIdentifier:
-    explicit UITableViewHeaderFooterView(const NSCoder& coder);               // initWithCoder:
-
-    [[nodiscard]] const std::string& reuseIdentifier() const { return m_reuseIdentifier; }
-
-private:
-    std::string m_reuseIdentifier;
+    explicit UITableViewHeaderFooterView(const std::string& /*reuseIdentifier*/) {} // initWithReuseIdentifier:
+    explicit UITableViewHeaderFooterView(const NSCoder& coder) : UIView(coder) {}   // initWithCoder:
 };

@@ -45,24 +45,24 @@ public:
         shown = path;
         m_filling->setArea(area);
     }
-    void prepareForReuse() override { ++reuses; }
 
     NSIndexPath shown;
-    int reuses = 0;
 
 private:
     std::shared_ptr<Filling> m_filling = std::make_shared<Filling>();
 };
 
-class CountingNib : public UINib {
+class ListNib : public UINib {
 public:
+    using Objects = std::vector<std::shared_ptr<NSObject>>;
+
     [[nodiscard]] std::string name() const override { return "ListCell"; }
-    [[nodiscard]] Result<std::vector<std::shared_ptr<NSObject>>>
-    instantiateWithOwner(const std::shared_ptr<NSObject>&) override {
+    [[nodiscard]] Result<Objects> instantiateWithOwner(const std::shared_ptr<NSObject>&) override {
         ++made;
-        return std::vector<std::shared_ptr<NSObject>>{std::make_shared<ListCell>()};
+        return objects();
     }
 
+    std::function<Result<Objects>()> objects = [] { return Objects{std::make_shared<ListCell>()}; };
     int made = 0;
 };
 
@@ -73,53 +73,46 @@ public:
     std::function<CGFloat(NSIndexPath)> height = [](NSIndexPath) { return UITableViewAutomaticDimension; };
     std::function<CGFloat(int)> headerHeight = [](int) { return 30.0; };
     CGFloat footerHeight = 20;
-    /// Runs in every callback, before it answers from what the list then holds.
+    /// Runs at the end of every callback.
     std::function<void(const std::string& callback, UITableView&)> during = [](const std::string&, UITableView&) {};
 
     std::map<std::string, int> asked; // how often, by callback
-    std::vector<int> headersAsked;
     std::vector<NSIndexPath> selections;
 
     int numberOfSectionsInTableView(UITableView& table) override {
-        note("sections", table);
-        return static_cast<int>(rows.size());
+        return told("sections", table, static_cast<int>(rows.size()));
     }
     int tableViewNumberOfRowsInSection(UITableView& table, int section) override {
-        note("rows", table);
-        return rows.at(static_cast<std::size_t>(section));
+        return told("rows", table, rows.at(static_cast<std::size_t>(section)));
     }
     std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table, NSIndexPath path) override {
-        note("cell", table);
         const auto cell = table.dequeueReusableCellWithIdentifierForIndexPath("row", path);
         dynamic_cast<ListCell&>(*cell).show(path, area(path));
-        return cell;
+        return told("cell", table, cell);
     }
     CGFloat tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath path) override {
-        note("height", table);
-        return height(path);
+        return told("height", table, height(path));
     }
-    std::shared_ptr<UIView> tableViewViewForHeaderInSection(UITableView& table, int section) override {
-        note("header", table);
-        headersAsked.push_back(section);
-        return std::make_shared<UIView>(CGRect{});
+    std::shared_ptr<UIView> tableViewViewForHeaderInSection(UITableView& table, int) override {
+        return told("header", table, std::make_shared<UIView>(CGRect{}));
     }
     CGFloat tableViewHeightForHeaderInSection(UITableView& table, int section) override {
-        note("header height", table);
-        return headerHeight(section);
+        return told("header height", table, headerHeight(section));
     }
     CGFloat tableViewHeightForFooterInSection(UITableView& table, int) override {
-        note("footer height", table);
-        return footerHeight;
+        return told("footer height", table, footerHeight);
     }
     void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath path) override {
         selections.push_back(path);
-        note("choice", table);
+        told("choice", table, true);
     }
 
 private:
-    void note(const std::string& callback, UITableView& table) {
+    template <class Answer>
+    Answer told(const std::string& callback, UITableView& table, Answer answer) {
         ++asked[callback];
         during(callback, table);
+        return answer;
     }
 };
 
@@ -143,25 +136,13 @@ struct ListOnScreen : EmptyWindow {
         table->setFrame({{}, size});
         layout();
     }
+    /// Of those that are seen, from the top.
+    [[nodiscard]] ListCell& cell(std::size_t index) const {
+        return dynamic_cast<ListCell&>(*table->visibleCells().at(index));
+    }
     std::shared_ptr<UITableView> table;
     std::shared_ptr<List> list = std::make_shared<List>();
-    std::shared_ptr<CountingNib> nib = std::make_shared<CountingNib>();
+    std::shared_ptr<ListNib> nib = std::make_shared<ListNib>();
 };
-
-/// Where a row stands on screen.
-struct Seen {
-    NSIndexPath path;
-    CGFloat top;
-    std::shared_ptr<UITableViewCell> cell;
-};
-
-inline std::vector<Seen> rowsSeen(const ListOnScreen& screen) {
-    std::vector<Seen> seen;
-    for (const NSIndexPath& path : screen.table->indexPathsForVisibleRows()) {
-        const auto cell = screen.table->cellForRowAtIndexPath(path);
-        seen.push_back({path, cell->frame().minY() - screen.table->contentOffset().y, cell});
-    }
-    return seen;
-}
 
 } // namespace support

@@ -1,6 +1,5 @@
 #include "tests/uikit/TableFixture.h"
 
-#include <algorithm>
 #include <utility>
 
 using namespace support;
@@ -19,7 +18,7 @@ protected:
         screen.layout();
         screen.tap({100, 100});
         screen.layout();
-        EXPECT_TRUE(m_done);
+        EXPECT_TRUE(m_done) << GetParam();
     }
 
     ListOnScreen screen{{50, 50}};
@@ -30,12 +29,7 @@ private:
 
 INSTANTIATE_TEST_SUITE_P(, UITableViewCallbacks,
                          testing::Values("sections", "rows", "header height", "footer height", "height", "cell",
-                                         "header", "choice"),
-                         [](const auto& tested) {
-                             std::string name = tested.param;
-                             std::replace(name.begin(), name.end(), ' ', '_');
-                             return name;
-                         });
+                                         "header", "choice"));
 
 } // namespace
 
@@ -46,16 +40,13 @@ TEST_P(UITableViewCallbacks, MayReloadTheTable) {
         table.reloadData();
         (void)table.numberOfSections(); // asks although its callback may be asking
     });
-    EXPECT_EQ(screen.table->numberOfSections(), 1);
     EXPECT_EQ(screen.table->subviews().size(), 7u) << "six rows and a header";
     EXPECT_EQ(screen.table->contentSize().height, 12 + 6 * 60 + 20);
-    const auto cells = screen.table->visibleCells();
-    ASSERT_EQ(cells.size(), 6u);
+    ASSERT_EQ(screen.table->visibleCells().size(), 6u);
     for (int row = 0; row < 6; ++row) {
-        const auto& cell = dynamic_cast<ListCell&>(*cells[static_cast<std::size_t>(row)]);
+        const ListCell& cell = screen.cell(static_cast<std::size_t>(row));
         EXPECT_EQ(cell.shown, (NSIndexPath{0, row}));
         EXPECT_EQ(cell.frame(), (CGRect{{0, 12 + row * 60.0}, {320, 60}}));
-        EXPECT_EQ(cell.superview(), screen.table.get());
         EXPECT_EQ(cell.isSelected(), screen.table->indexPathForSelectedRow() == cell.shown);
     }
 }
@@ -70,16 +61,6 @@ TEST_P(UITableViewCallbacks, MayEndTheDataSourceAndTheDelegate) {
     EXPECT_EQ(screen.table->contentSize().height, 0);
 }
 
-TEST_P(UITableViewCallbacks, MayChangeTheDelegate) {
-    const auto other = std::make_shared<List>();
-    other->height = [](NSIndexPath) { return 33.0; };
-    other->headerHeight = [](int) { return 0; };
-    other->footerHeight = 0;
-    play([&other](UITableView& table) { table.setDelegate(other); });
-    EXPECT_EQ(screen.table->cellForRowAtIndexPath({0, 3})->frame(), (CGRect{{0, 99}, {320, 33}}));
-    EXPECT_EQ(screen.list->selections.size() + other->selections.size(), 1u);
-}
-
 TEST_P(UITableViewCallbacks, MayDropTheWholeScreen) {
     const std::weak_ptr<UITableView> table = screen.table;
     play([this](UITableView& asking) {
@@ -92,15 +73,11 @@ TEST_P(UITableViewCallbacks, MayDropTheWholeScreen) {
 
 TEST(UITableViewReloads, GiveUpForNowWhenEveryLayoutStartsAnother) {
     ListOnScreen screen({50});
-    screen.list->during = [](const std::string& callback, UITableView& table) {
-        if (callback == "cell") {
-            table.reloadData();
-        }
-    };
+    screen.list->during = [](const std::string&, UITableView& table) { table.reloadData(); };
     screen.layout();
     EXPECT_TRUE(screen.table->visibleCells().empty());
     EXPECT_TRUE(screen.window->needsLayout());
-    EXPECT_LE(screen.list->asked["cell"], 100);
+    EXPECT_LE(screen.list->asked["sections"], 100);
 }
 
 TEST(UITableViewReloads, CountForATouchThatComesBeforeTheNextLayout) {

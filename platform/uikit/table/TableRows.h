@@ -20,13 +20,14 @@ struct TableItem {
     bool isKnown = true; // false while the height is an estimate
 
     [[nodiscard]] Pixels bottom() const { return top + height; }
+    friend bool operator==(const TableItem&, const TableItem&) = default;
     [[nodiscard]] static bool isRow(NSIndexPath path) { return path.row != header && path.row != footer; }
 };
 
 /// The part of a table that is seen. It moves along when rows above it turn out taller or shorter.
 struct TableWindow {
     /// Rows without height never fill a screen: so many are asked for their height in one layout, the next goes on.
-    static constexpr int mostAsked = 1'000;
+    static constexpr int mostAsked = 500;
 
     Pixels top = 0;
     Pixels height = 0;

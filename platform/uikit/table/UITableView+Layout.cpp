@@ -129,7 +129,6 @@ UITableView::dequeueReusableCellWithIdentifierForIndexPath(const std::string& id
     if (!waiting.empty()) {
         std::shared_ptr<UITableViewCell> cell = waiting.back();
         waiting.pop_back();
-        cell->prepareForReuse();
         return cell;
     }
     const auto nib = m_nibs.find(identifier);

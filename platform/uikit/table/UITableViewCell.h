@@ -21,8 +21,6 @@ public:
     void setHighlighted(bool highlighted) { setMark(m_highlighted, highlighted); }
     [[nodiscard]] bool isSelected() const { return m_selected; }
     void setSelected(bool selected) { setMark(m_selected, selected); }
-    /// Called before the cell is handed out again.
-    virtual void prepareForReuse() {}
 
     void layoutSubviews() override;
 

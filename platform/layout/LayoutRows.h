@@ -6,10 +6,12 @@
 #include <string>
 #include <vector>
 
-/// One linear requirement or wish over the items' variables: expression = 0, or expression >= 0.
+enum class LayoutAxis { horizontal = 0, vertical = 1 };
+
+/// One linear requirement or wish over the items' variables.
 struct LayoutRow {
     LinearExpression expression;
-    bool isEquality = false;
+    LinearRelation relation = LinearRelation::zero;
     double priority = 1000;
     int constraint = -1; ///< index of the constraint it stands for; -1 when it comes from an item
     int item = -1;
@@ -23,29 +25,28 @@ class LayoutRows {
 public:
     LayoutRows(const std::vector<LayoutItem>& items, const std::vector<LayoutConstraint>& constraints);
 
-    /// Sizes are numbered before positions (see Elimination).
-    [[nodiscard]] int x(int item) const { return 2 * (m_itemCount + item); }
-    [[nodiscard]] int y(int item) const { return x(item) + 1; }
-    [[nodiscard]] static int width(int item) { return 2 * item; }
-    [[nodiscard]] static int height(int item) { return 2 * item + 1; }
+    /// Sizes are numbered before positions: equations are solved for positions, and inequalities speak of sizes.
+    [[nodiscard]] static int size(int item, LayoutAxis axis) { return 2 * item + static_cast<int>(axis); }
+    [[nodiscard]] int position(int item, LayoutAxis axis) const { return size(m_itemCount + item, axis); }
     [[nodiscard]] int variableCount() const { return 4 * m_itemCount; }
 
     [[nodiscard]] const std::vector<LayoutRow>& rows() const { return m_rows; }
     /// What had to be left out already here: numbers that are none, items that do not exist.
     [[nodiscard]] const std::vector<LayoutConflict>& conflicts() const { return m_conflicts; }
     [[nodiscard]] std::string nameOf(const LayoutRow& row) const;
-    [[nodiscard]] double largestConstant() const;
+    /// Lengths that differ by no more than this are equal.
+    [[nodiscard]] double tolerance() const;
 
 private:
-    void addItem(int index);
+    [[nodiscard]] bool hasItem(int index) const { return index >= 0 && index < m_itemCount; }
+    void addItem(int index, const LayoutItem& item);
     void addFixedFrame(int index, const CGRect& frame);
-    void addIntrinsicSize(int index, int variable, double size, double hugging, double resistance);
-    void addConstraint(int index);
+    void addIntrinsicSize(int index, LayoutAxis axis, double length, double hugging, double resistance);
+    void addConstraint(int index, const LayoutConstraint& constraint);
+    void reject(const LayoutRow& row, const char* reason);
     [[nodiscard]] const char* whyUnusable(const LayoutConstraint& constraint) const;
-    [[nodiscard]] bool addAttribute(LinearExpression& expression, int item, LayoutAttribute attribute,
-                                    double factor) const;
-    void addItemRow(int item, const char* role, LinearExpression expression, bool isEquality, double priority);
-    void rejectItem(int item, const char* role);
+    void addAttribute(LinearExpression& expression, int item, LayoutAttribute attribute, double factor) const;
+    [[nodiscard]] std::optional<CGFloat> baselineOf(int item, LayoutAttribute attribute) const;
 
     const std::vector<LayoutItem>& m_items;
     const std::vector<LayoutConstraint>& m_constraints;

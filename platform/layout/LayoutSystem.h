@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Geometry.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -81,6 +82,7 @@ struct LayoutResult {
     std::vector<bool> givenWidths; ///< one for each item: the required equalities alone determine its width
     std::vector<LayoutConflict> conflicts;
     std::vector<LayoutAmbiguity> ambiguities;
+    std::size_t work = 0; ///< terms and variables looked at: what the solution cost, the same on any machine
 };
 
 [[nodiscard]] LayoutResult solveLayout(const std::vector<LayoutItem>& items,

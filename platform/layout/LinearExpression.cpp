@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
 #include <utility>
 
 namespace {
 
 /// Smaller coefficients are what rounding left of a zero.
-constexpr double kNoCoefficient = 1e-11;
+constexpr double noCoefficient = 1e-11;
+/// Up to so many terms are inserted one by one, more are merged.
+constexpr std::size_t fewTerms = 2;
 
 bool isBefore(const LinearTerm& term, int variable) {
     return term.variable < variable;
@@ -17,45 +18,40 @@ bool isBefore(const LinearTerm& term, int variable) {
 } // namespace
 
 void LinearExpression::add(int variable, double coefficient) {
-    if (std::abs(coefficient) < kNoCoefficient)
-        return;
     const auto place = std::lower_bound(terms.begin(), terms.end(), variable, isBefore);
-    if (place == terms.end() || place->variable != variable) {
+    if (place != terms.end() && place->variable == variable) {
+        place->coefficient += coefficient;
+        if (std::abs(place->coefficient) < noCoefficient) {
+            terms.erase(place);
+        }
+    } else if (std::abs(coefficient) >= noCoefficient) {
         terms.insert(place, {variable, coefficient});
-        return;
     }
-    place->coefficient += coefficient;
-    if (std::abs(place->coefficient) < kNoCoefficient)
-        terms.erase(place);
 }
 
 void LinearExpression::add(const LinearExpression& other, double factor) {
     constant += factor * other.constant;
-    if (other.terms.size() <= 2) {
-        for (const LinearTerm& term : other.terms)
+    if (other.terms.size() <= fewTerms) {
+        for (const LinearTerm& term : other.terms) {
             add(term.variable, factor * term.coefficient);
+        }
         return;
     }
-    std::vector<LinearTerm> merged;
-    merged.reserve(terms.size() + other.terms.size());
+    std::vector<LinearTerm> sum;
+    sum.reserve(terms.size() + other.terms.size());
     auto mine = terms.cbegin();
     for (const LinearTerm& term : other.terms) {
-        while (mine != terms.cend() && mine->variable < term.variable)
-            merged.push_back(*mine++);
-        LinearTerm sum{term.variable, factor * term.coefficient};
-        if (mine != terms.cend() && mine->variable == term.variable)
-            sum.coefficient += (mine++)->coefficient;
-        if (std::abs(sum.coefficient) >= kNoCoefficient)
-            merged.push_back(sum);
+        for (; mine != terms.cend() && mine->variable < term.variable; ++mine) {
+            sum.push_back(*mine);
+        }
+        const bool isShared = mine != terms.cend() && mine->variable == term.variable;
+        const double coefficient = factor * term.coefficient + (isShared ? (mine++)->coefficient : 0);
+        if (std::abs(coefficient) >= noCoefficient) {
+            sum.push_back({term.variable, coefficient});
+        }
     }
-    merged.insert(merged.end(), mine, terms.cend());
-    terms = std::move(merged);
-}
-
-void LinearExpression::scale(double factor) {
-    constant *= factor;
-    for (LinearTerm& term : terms)
-        term.coefficient *= factor;
+    sum.insert(sum.end(), mine, terms.cend());
+    terms = std::move(sum);
 }
 
 double LinearExpression::coefficientOf(int variable) const {
@@ -63,9 +59,11 @@ double LinearExpression::coefficientOf(int variable) const {
     return place != terms.end() && place->variable == variable ? place->coefficient : 0;
 }
 
-double LinearExpression::evaluate(const std::vector<double>& values) const {
-    double sum = constant;
-    for (const LinearTerm& term : terms)
-        sum += term.coefficient * values[static_cast<std::size_t>(term.variable)];
-    return sum;
+void LinearExpression::solveFor(int variable) {
+    const double factor = -coefficientOf(variable);
+    add(variable, factor);
+    constant /= factor;
+    for (LinearTerm& term : terms) {
+        term.coefficient /= factor;
+    }
 }

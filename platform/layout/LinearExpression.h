@@ -15,7 +15,10 @@ struct LinearExpression {
 
     void add(int variable, double coefficient);
     void add(const LinearExpression& other, double factor);
-    void scale(double factor);
     [[nodiscard]] double coefficientOf(int variable) const;
-    [[nodiscard]] double evaluate(const std::vector<double>& values) const;
+    /// Reads the expression as an equation, expression = 0, and becomes what `variable` (one of the terms) equals.
+    void solveFor(int variable);
 };
+
+/// What an expression shall be.
+enum class LinearRelation { zero, zeroOrMore };

@@ -2,255 +2,300 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 namespace {
 
 /// A change of cost smaller than this is none.
-constexpr double kNoSlope = 1e-9;
+constexpr double noSlope = 1e-9;
 /// A coefficient smaller than this is none.
-constexpr double kNoCoefficient = 1e-9;
-/// Two lengths closer than this are equal, in points.
-constexpr double kNoLength = 1e-7;
+constexpr double noCoefficient = 1e-9;
 
 } // namespace
 
-Simplex::Simplex(int unknowns) : m_stride(static_cast<std::size_t>(unknowns)) {
-    m_columns.reserve(m_stride);
-    m_variables.reserve(m_stride * 4);
-    for (int unknown = 0; unknown < unknowns; ++unknown) {
-        m_columns.push_back(unknown);
-        m_variables.push_back({.column = unknown});
+Simplex::Simplex(int unknowns, int rows, double tolerance, Equations equations)
+    : m_unknowns(unknowns), m_tolerance(tolerance), m_equations(equations) {
+    m_variables.reserve(static_cast<std::size_t>(2 * (unknowns + rows)));
+    while (addVariable() + 1 < unknowns + rows) {
     }
 }
 
-int Simplex::addRow(const LinearExpression& expression) {
-    const int row = rowCount();
+int Simplex::addVariable() {
     const int variable = static_cast<int>(m_variables.size());
-    m_cells.resize(m_cells.size() + m_stride, 0);
-    m_constants.push_back(expression.constant);
-    m_rows.push_back(variable);
-    double* target = coefficients(row);
-    for (const LinearTerm& term : expression.terms) {
-        const Variable& unknown = m_variables[static_cast<std::size_t>(term.variable)];
-        if (unknown.column >= 0)
-            target[unknown.column] += term.coefficient;
-        if (unknown.row < 0)
-            continue;
-        m_constants.back() += term.coefficient * m_constants[static_cast<std::size_t>(unknown.row)];
-        const double* source = coefficients(unknown.row);
-        for (int column = 0; column < columnCount(); ++column)
-            target[column] += term.coefficient * source[column];
-    }
-    m_variables.push_back({.row = row});
+    m_variables.emplace_back();
+    m_variables.back().parent = m_variables.back().next = variable;
     return variable;
 }
 
-bool Simplex::require(int variable, LinearExpression& blocking) {
-    Variable& required = m_variables[static_cast<std::size_t>(variable)];
-    if (value(variable) < 0) {
-        setCost(variable, 1, 0);
-        minimise();
-        clearCosts();
+bool Simplex::require(int variable, const LinearExpression& expression, LinearRelation relation) {
+    if (relation == LinearRelation::zero) {
+        return equate(variable, expression);
     }
-    if (value(variable) >= -kNoLength) {
-        required.mayFall = false;
-        return true;
+    setRow(variable, expression);
+    if (at(variable).row.constant < 0) {
+        at(variable).costBelow = 1;
+        minimise(variable);
+        at(variable).costBelow = 0;
     }
-    blocking = {};
-    for (int column = 0; column < columnCount(); ++column) {
-        const double coefficient = coefficients(required.row)[column];
-        if (std::abs(coefficient) > kNoCoefficient)
-            blocking.add(m_columns[static_cast<std::size_t>(column)], coefficient);
-    }
-    removeLatestRow();
-    return false;
+    at(variable).mayFall = at(variable).row.constant < -m_tolerance;
+    return !at(variable).mayFall;
 }
 
-void Simplex::setCost(int variable, double below, double above) {
-    m_variables[static_cast<std::size_t>(variable)].costBelow = below;
-    m_variables[static_cast<std::size_t>(variable)].costAbove = above;
+/// Solves for an unknown, which from then on is replaced wherever it turns up. Of the large terms it takes the last.
+bool Simplex::equate(int variable, const LinearExpression& expression) {
+    LinearExpression row = reduced(expression);
+    double largest = 0;
+    int column = -1;
+    for (const LinearTerm& term : row.terms) {
+        largest = std::max(largest, term.variable < m_unknowns ? std::abs(term.coefficient) : 0);
+    }
+    for (const LinearTerm& term : row.terms) {
+        column = term.variable < m_unknowns && std::abs(term.coefficient) >= largest / 2 ? term.variable : column;
+    }
+    if (column < 0) {
+        at(variable).row = std::move(row);
+        return std::abs(at(variable).row.constant) <= m_tolerance;
+    }
+    at(variable).mayRise = at(variable).mayFall = false;
+    if (m_equations == Equations::marked) {
+        row.add(variable, -1);
+    }
+    row.solveFor(column);
+    at(column).row = std::move(row);
+    at(column).hasRow = true;
+    return true;
 }
 
-double Simplex::value(int variable) const {
-    const int row = m_variables[static_cast<std::size_t>(variable)].row;
-    return row < 0 ? 0 : m_constants[static_cast<std::size_t>(row)];
+void Simplex::setRow(int variable, const LinearExpression& expression) {
+    at(variable).row = reduced(expression);
+    at(variable).hasRow = true;
+    for (const LinearTerm& term : at(variable).row.terms) {
+        const int one = componentOf(variable);
+        const int other = componentOf(term.variable);
+        if (one != other && mayMove(term.variable)) {
+            at(other).parent = one;
+            std::swap(at(one).next, at(other).next); // two circles become one
+        }
+    }
 }
 
-bool Simplex::minimise() {
-    chooseSides();
-    // Dantzig's rule is quick; the rule of the first candidate, taken after a while, cannot go round in circles.
-    const int patience = 4 * (rowCount() + columnCount()) + 20;
-    for (int step = 0; step < 4 * patience; ++step) {
+/// Over columns only.
+LinearExpression Simplex::reduced(const LinearExpression& expression) {
+    LinearExpression result;
+    result.constant = expression.constant;
+    for (const LinearTerm& term : expression.terms) {
+        if (at(term.variable).hasRow) {
+            result.add(row(term.variable), term.coefficient);
+        } else {
+            result.add(term.variable, term.coefficient);
+        }
+    }
+    m_work += expression.terms.size();
+    return result;
+}
+
+/// A row stays true for ever, but that of an equation is not rewritten until somebody asks for it.
+const LinearExpression& Simplex::row(int variable) {
+    LinearExpression& row = at(variable).row;
+    m_work += row.terms.size();
+    if (std::any_of(row.terms.begin(), row.terms.end(), [this](LinearTerm term) { return at(term.variable).hasRow; })) {
+        row = reduced(row);
+    }
+    return row;
+}
+
+int Simplex::componentOf(int variable) {
+    while (at(variable).parent != variable) {
+        variable = at(variable).parent = at(at(variable).parent).parent;
+    }
+    return variable;
+}
+
+void Simplex::wish(const LinearExpression& expression, LinearRelation relation, double priority) {
+    m_wishes.push_back({addVariable(), relation, priority});
+    setRow(m_wishes.back().variable, expression);
+}
+
+void Simplex::fulfilWishes() {
+    const auto isBefore = [this](const Wish& a, const Wish& b) {
+        const int component = componentOf(a.variable);
+        const int other = componentOf(b.variable);
+        return component != other ? component < other : a.priority > b.priority;
+    };
+    std::stable_sort(m_wishes.begin(), m_wishes.end(), isBefore);
+    for (auto wish = m_wishes.begin(); wish != m_wishes.end();) {
+        const auto first = wish;
+        int open = -1;
+        for (; wish != m_wishes.end() && !isBefore(*first, *wish); ++wish) {
+            if (mayMove(wish->variable)) {
+                open = wish->variable;
+                at(open).costBelow = 1;
+                at(open).costAbove = wish->relation == LinearRelation::zero ? 1 : 0;
+            }
+        }
+        if (open >= 0) {
+            minimise(open);
+            freezeOptimum();
+        }
+    }
+    m_wishes.clear();
+}
+
+/// Within the variable's component. False when the cost falls for ever.
+bool Simplex::minimise(int variable) {
+    gatherMembers(variable);
+    // The steepest move is quick; the first one, taken after a while, cannot go round in circles.
+    const std::size_t patience = 4 * m_members.size() + 20;
+    for (std::size_t step = 0; step < 4 * patience; ++step) {
         computeSlopes();
-        const Move move = chooseMove(step > patience);
-        if (move.direction == 0)
+        const Move move = chooseMove(step > patience ? Rule::first : Rule::steepest);
+        if (move.column < 0) {
             return true;
-        const int row = chooseLeaving(move);
-        if (row < 0)
+        }
+        const int leaving = chooseLeaving(move);
+        if (leaving < 0) {
             return false;
-        pivot(row, move);
+        }
+        pivot(leaving, move.column);
+        at(move.column).isAbove = move.direction > 0;
     }
     return true;
 }
 
-void Simplex::chooseSides() {
-    for (int row = 0; row < rowCount(); ++row) {
-        Variable& variable = basic(row);
-        const double length = m_constants[static_cast<std::size_t>(row)];
-        variable.isAbove = !variable.mayFall || (variable.mayRise && length >= 0);
+void Simplex::gatherMembers(int variable) {
+    m_members.clear();
+    int member = variable;
+    do {
+        m_members.push_back(member);
+        member = at(member).next;
+    } while (member != variable);
+    std::sort(m_members.begin(), m_members.end());
+    for (const int index : m_members) {
+        Variable& gathered = at(index);
+        gathered.isAbove = !gathered.mayFall || (gathered.mayRise && gathered.row.constant >= 0);
     }
 }
 
 void Simplex::computeSlopes() {
-    m_slopes.assign(m_columns.size(), 0);
-    for (int row = 0; row < rowCount(); ++row) {
-        const Variable& variable = basic(row);
+    m_work += m_members.size();
+    for (const int member : m_members) {
+        at(member).slope = 0;
+    }
+    for (const int member : m_members) {
+        const Variable& variable = at(member);
         const double cost = variable.isAbove ? variable.costAbove : -variable.costBelow;
-        if (cost == 0)
-            continue;
-        const double* source = coefficients(row);
-        for (std::size_t column = 0; column < m_slopes.size(); ++column)
-            m_slopes[column] += cost * source[column];
+        if (variable.hasRow && cost != 0) {
+            m_work += variable.row.terms.size();
+            for (const LinearTerm& term : variable.row.terms) {
+                at(term.variable).slope += cost * term.coefficient;
+            }
+        }
     }
 }
 
-Simplex::Move Simplex::chooseMove(bool first) const {
-    Move best{.slope = -kNoSlope};
-    int lowest = static_cast<int>(m_variables.size());
-    for (int column = 0; column < columnCount(); ++column) {
-        const int entering = m_columns[static_cast<std::size_t>(column)];
-        const Variable& variable = m_variables[static_cast<std::size_t>(entering)];
-        const double slope = m_slopes[static_cast<std::size_t>(column)];
-        const double up = variable.mayRise ? slope + variable.costAbove : 0;
-        const double down = variable.mayFall ? variable.costBelow - slope : 0;
-        const double steeper = std::min(up, down);
-        if (first ? (steeper < -kNoSlope && entering < lowest) : steeper < best.slope) {
-            best = {column, up < down ? 1 : -1, steeper};
-            lowest = entering;
+Simplex::Move Simplex::chooseMove(Rule rule) {
+    Move best;
+    double steepest = -noSlope;
+    for (const int member : m_members) {
+        const Variable& variable = at(member);
+        const double up = variable.mayRise ? variable.slope + variable.costAbove : 0;
+        const double down = variable.mayFall ? variable.costBelow - variable.slope : 0;
+        if (!variable.hasRow && std::min(up, down) < steepest) {
+            best = {member, up < down ? 1 : -1};
+            steepest = std::min(up, down);
+            if (rule == Rule::first) {
+                break;
+            }
         }
     }
     return best;
 }
 
-/// Goes along the move past every bend at which the cost still falls, and stops at the row where it no longer does or
-/// that may not cross zero. -1 when there is no such row.
+/// The variable that the move brings to zero first, of those whose cost bends there or that must not go beyond; -1 when
+/// there is none.
 int Simplex::chooseLeaving(const Move& move) {
-    m_crossings.clear();
-    for (int row = 0; row < rowCount(); ++row) {
-        const double rate = move.direction * coefficients(row)[move.column];
-        const Variable& variable = basic(row);
-        const bool approaches = variable.isAbove ? rate < -kNoCoefficient : rate > kNoCoefficient;
+    int leaving = -1;
+    double nearest = std::numeric_limits<double>::infinity();
+    for (const int member : m_members) {
+        const Variable& variable = at(member);
+        const double rate = move.direction * variable.row.coefficientOf(move.column);
         const bool bends = variable.costAbove + variable.costBelow > 0 || !variable.mayRise || !variable.mayFall;
-        if (!approaches || !bends)
-            continue;
-        const double length = m_constants[static_cast<std::size_t>(row)];
-        m_crossings.push_back(
-            {std::max(0.0, variable.isAbove ? length : -length) / std::abs(rate), std::abs(rate), row});
+        if (bends && (variable.isAbove ? rate < -noCoefficient : rate > noCoefficient)) {
+            const double way = std::max(0.0, variable.isAbove ? variable.row.constant : -variable.row.constant);
+            leaving = way / std::abs(rate) < nearest ? member : leaving;
+            nearest = std::min(nearest, way / std::abs(rate));
+        }
     }
-    std::sort(m_crossings.begin(), m_crossings.end(), [this](const Crossing& a, const Crossing& b) {
-        if (a.distance != b.distance)
-            return a.distance < b.distance;
-        return m_rows[static_cast<std::size_t>(a.row)] < m_rows[static_cast<std::size_t>(b.row)];
-    });
-    double slope = move.slope;
-    for (const Crossing& crossing : m_crossings) {
-        Variable& variable = basic(crossing.row);
-        slope += crossing.rate * (variable.costAbove + variable.costBelow);
-        if (slope >= -kNoSlope || !(variable.isAbove ? variable.mayFall : variable.mayRise))
-            return crossing.row;
-        variable.isAbove = !variable.isAbove;
+    m_work += m_members.size();
+    return leaving;
+}
+
+/// The leaving variable becomes a column; its row, turned round, is the column's.
+void Simplex::pivot(int leaving, int column) {
+    LinearExpression row = std::exchange(at(leaving).row, {});
+    at(leaving).hasRow = false;
+    row.add(leaving, -1);
+    row.solveFor(column);
+    for (const int member : m_members) {
+        LinearExpression& other = at(member).row;
+        const double coefficient = other.coefficientOf(column);
+        if (coefficient != 0) {
+            other.add(column, -coefficient);
+            other.add(row, coefficient);
+            m_work += other.terms.size();
+        }
+    }
+    at(column).row = std::move(row);
+    at(column).hasRow = true;
+}
+
+/// From now on only points are visited that cost no more than this one; all costs become zero.
+void Simplex::freezeOptimum() {
+    for (const int member : m_members) {
+        Variable& variable = at(member);
+        if (!variable.hasRow) {
+            variable.mayRise = variable.mayRise && variable.slope + variable.costAbove <= noSlope;
+            variable.mayFall = variable.mayFall && variable.costBelow - variable.slope <= noSlope;
+        } else if (variable.costAbove + variable.costBelow > 0) {
+            (variable.isAbove ? variable.mayFall : variable.mayRise) = false;
+        }
+        variable.costBelow = variable.costAbove = 0;
+    }
+}
+
+/// A column by which the variable may move; -1 when there is none.
+int Simplex::movableColumn(int variable) {
+    if (!at(variable).hasRow) {
+        return at(variable).mayRise || at(variable).mayFall ? variable : -1;
+    }
+    for (const LinearTerm& term : row(variable).terms) {
+        if (std::abs(term.coefficient) >= noCoefficient && mayMove(term.variable)) {
+            return term.variable;
+        }
     }
     return -1;
 }
 
-void Simplex::pivot(int row, const Move& move) {
-    double* source = coefficients(row);
-    double& constant = m_constants[static_cast<std::size_t>(row)];
-    const double inverse = 1 / source[move.column];
-    for (int column = 0; column < columnCount(); ++column)
-        source[column] *= -inverse;
-    source[move.column] = inverse;
-    constant *= -inverse;
-    for (int other = 0; other < rowCount(); ++other) {
-        double* target = coefficients(other);
-        const double factor = target[move.column];
-        if (other == row || factor == 0)
-            continue;
-        target[move.column] = 0;
-        for (int column = 0; column < columnCount(); ++column)
-            target[column] += factor * source[column];
-        m_constants[static_cast<std::size_t>(other)] += factor * constant;
+bool Simplex::isDetermined(int variable) {
+    if (!mayMove(variable)) {
+        return true;
     }
-    int& leaving = m_rows[static_cast<std::size_t>(row)];
-    int& entering = m_columns[static_cast<std::size_t>(move.column)];
-    std::swap(leaving, entering);
-    m_variables[static_cast<std::size_t>(leaving)].row = row;
-    m_variables[static_cast<std::size_t>(leaving)].column = -1;
-    m_variables[static_cast<std::size_t>(leaving)].isAbove = move.direction > 0;
-    m_variables[static_cast<std::size_t>(entering)].row = -1;
-    m_variables[static_cast<std::size_t>(entering)].column = move.column;
-}
-
-void Simplex::freezeOptimum() {
-    computeSlopes();
-    for (int row = 0; row < rowCount(); ++row) {
-        Variable& variable = basic(row);
-        if (variable.costAbove + variable.costBelow > 0)
-            (variable.isAbove ? variable.mayFall : variable.mayRise) = false;
+    const int probe = addVariable();
+    setRow(probe, {{{variable, 1}}, -row(variable).constant});
+    bool isDetermined = true;
+    for (const double up : {1.0, -1.0}) {
+        at(probe).costBelow = -up;
+        at(probe).costAbove = up;
+        isDetermined = isDetermined && minimise(probe) && std::abs(at(probe).row.constant) <= m_tolerance;
     }
-    for (int column = columnCount() - 1; column >= 0; --column) {
-        Variable& variable = m_variables[static_cast<std::size_t>(m_columns[static_cast<std::size_t>(column)])];
-        const double slope = m_slopes[static_cast<std::size_t>(column)];
-        variable.mayRise = variable.mayRise && slope + variable.costAbove <= kNoSlope;
-        variable.mayFall = variable.mayFall && variable.costBelow - slope <= kNoSlope;
-        if (!variable.mayRise && !variable.mayFall)
-            removeColumn(column);
+    at(probe).costBelow = at(probe).costAbove = 0;
+    if (isDetermined) {
+        // As a column for good, it answers the next question about what depends on it.
+        at(probe).mayRise = at(probe).mayFall = false;
+        pivot(probe, movableColumn(probe));
+    } else {
+        at(probe).row = {};
     }
-    clearCosts();
-}
-
-void Simplex::removeColumn(int column) {
-    const int last = columnCount() - 1;
-    for (int row = 0; row < rowCount(); ++row)
-        coefficients(row)[column] = coefficients(row)[last];
-    for (int row = 0; row < rowCount(); ++row)
-        coefficients(row)[last] = 0;
-    m_variables[static_cast<std::size_t>(m_columns[static_cast<std::size_t>(last)])].column = column;
-    m_variables[static_cast<std::size_t>(m_columns[static_cast<std::size_t>(column)])].column = -1;
-    m_columns[static_cast<std::size_t>(column)] = m_columns[static_cast<std::size_t>(last)];
-    m_columns.pop_back();
-}
-
-void Simplex::removeLatestRow() {
-    m_variables.pop_back();
-    m_rows.pop_back();
-    m_constants.pop_back();
-    m_cells.resize(m_cells.size() - m_stride);
-}
-
-void Simplex::clearCosts() {
-    for (Variable& variable : m_variables) {
-        variable.costBelow = 0;
-        variable.costAbove = 0;
-    }
-}
-
-bool Simplex::isDetermined(const LinearExpression& expression) {
-    const int variable = addRow(expression);
-    const int row = m_variables[static_cast<std::size_t>(variable)].row;
-    const double* depends = coefficients(row);
-    bool determined = std::all_of(depends, depends + columnCount(),
-                                  [](double coefficient) { return std::abs(coefficient) < kNoCoefficient; });
-    if (!determined) {
-        const double start = value(variable);
-        determined = true;
-        for (const double up : {1.0, -1.0}) {
-            setCost(variable, -up, up);
-            const bool isBounded = minimise();
-            determined = determined && isBounded && std::abs(value(variable) - start) < kNoLength;
-        }
-        setCost(variable, 0, 0);
-    }
-    removeLatestRow();
-    return determined;
+    return isDetermined;
 }

@@ -5,79 +5,81 @@
 #include <cstddef>
 #include <vector>
 
-/// Linear programming on a dense tableau, one level of cost after the other, after Badros, Borning and Stuckey: "The
-/// Cassowary Linear Arithmetic Constraint Solving Algorithm", ACM TOCHI 8(4), 2001. Two things differ. Levels are not
-/// weights of one objective: the optimum of each is frozen before the next is looked at, which is exact. And a row
-/// is one variable whose cost bends at zero, not the difference of two, so the tableau has half the columns.
+/// Equations, inequalities and wishes over unknowns, after Badros, Borning and Stuckey: "The Cassowary Linear
+/// Arithmetic Constraint Solving Algorithm", ACM TOCHI 8(4), 2001. A variable is either a column, and stands at zero,
+/// or has a row that tells what it equals over other variables. Two things differ from the paper. Priorities are not
+/// weights of one objective: the least cost of each is made sure of before the next is looked at, which is exact. And a
+/// wish is one variable whose cost bends at zero, not the difference of two. Variables that rows tie together are a
+/// component; whatever is done in one costs nothing in the others.
 class Simplex {
 public:
-    /// The unknowns 0 ... unknowns - 1 may take any value and start at zero.
-    explicit Simplex(int unknowns);
+    enum class Equations { forgotten, marked }; ///< marked ones stay visible in the rows that rest on them
 
-    /// A new variable that always equals the expression (over unknowns); free at first.
-    int addRow(const LinearExpression& expression);
-    /// Makes the variable of the latest row at least zero. When that is impossible the row is taken out again and the
-    /// answer is false; `blocking` then is the row as a sum of the variables (each at least zero) that prevent it.
-    [[nodiscard]] bool require(int variable, LinearExpression& blocking);
-    /// Cost per unit below and above zero; their sum is not negative.
-    void setCost(int variable, double below, double above);
-    /// Moves to the least total cost; false when there is none (the cost falls for ever).
-    bool minimise();
-    /// From now on only points that are as cheap as this one are visited; all costs become zero.
-    void freezeOptimum();
+    /// Variables 0 ... unknowns - 1 may take any value and stand at zero; `rows` more wait to be required. Lengths that
+    /// differ by no more than `tolerance` are equal.
+    Simplex(int unknowns, int rows, double tolerance, Equations equations);
 
-    [[nodiscard]] double value(int variable) const;
-    /// True when no point that is left differs from this one.
-    [[nodiscard]] bool isFixed() const { return m_columns.empty(); }
-    /// True when the expression has one value on all points that are left. May move to another of them.
-    [[nodiscard]] bool isDetermined(const LinearExpression& expression);
+    /// Holds the variable, which equals the expression, where it shall be. False when others prevent that: its row then
+    /// is a sum of these. All equations come before anything else.
+    [[nodiscard]] bool require(int variable, const LinearExpression& expression, LinearRelation relation);
+    /// Every unit that the expression is away from where it shall be costs one.
+    void wish(const LinearExpression& expression, LinearRelation relation, double priority);
+    /// Moves to the least cost, priority after priority, and stays with what is as cheap.
+    void fulfilWishes();
+
+    /// What the variable equals; a column has no terms.
+    [[nodiscard]] const LinearExpression& row(int variable);
+    /// False only when the variable has one value at all points that are left.
+    [[nodiscard]] bool mayMove(int variable) { return movableColumn(variable) >= 0; }
+    /// True exactly when the variable has one value at all points that are left. May move to another of them.
+    [[nodiscard]] bool isDetermined(int variable);
+    /// How many terms and variables were looked at so far: what all this costs, on any machine.
+    [[nodiscard]] std::size_t work() const { return m_work; }
 
 private:
+    enum class Rule { steepest, first };
     struct Variable {
-        int row = -1;        ///< where it is basic
-        int column = -1;     ///< where it is not; neither when it stays zero for good
-        bool mayRise = true; ///< may be above zero
-        bool mayFall = true; ///< may be below zero
-        bool isAbove = true; ///< the side of zero whose cost counts while it is basic
+        int parent = 0; // in the tree that stands for the component
+        int next = 0;   // in the circle of the component
+        bool hasRow = false;
+        bool mayRise = true; // may be above zero
+        bool mayFall = true; // may be below zero
+        bool isAbove = true; // the side of zero whose cost counts, while it has a row
         double costBelow = 0;
         double costAbove = 0;
+        double slope = 0; // of the total cost, while it is a column
+        LinearExpression row;
+    };
+    struct Wish {
+        int variable = -1;
+        LinearRelation relation = LinearRelation::zero;
+        double priority = 0;
     };
     struct Move {
         int column = -1;
         int direction = 0;
-        double slope = 0;
-    };
-    struct Crossing {
-        double distance = 0;
-        double rate = 0;
-        int row = -1;
     };
 
-    [[nodiscard]] Variable& basic(int row) {
-        return m_variables[static_cast<std::size_t>(m_rows[static_cast<std::size_t>(row)])];
-    }
-    [[nodiscard]] double* coefficients(int row) { return m_cells.data() + static_cast<std::size_t>(row) * m_stride; }
-    [[nodiscard]] const double* coefficients(int row) const {
-        return m_cells.data() + static_cast<std::size_t>(row) * m_stride;
-    }
-    [[nodiscard]] int rowCount() const { return static_cast<int>(m_rows.size()); }
-    [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
-
-    void chooseSides();
+    [[nodiscard]] Variable& at(int variable) { return m_variables[static_cast<std::size_t>(variable)]; }
+    int addVariable();
+    [[nodiscard]] int movableColumn(int variable);
+    [[nodiscard]] bool equate(int variable, const LinearExpression& expression);
+    [[nodiscard]] LinearExpression reduced(const LinearExpression& expression);
+    void setRow(int variable, const LinearExpression& expression);
+    [[nodiscard]] int componentOf(int variable);
+    bool minimise(int variable);
+    void gatherMembers(int variable);
     void computeSlopes();
-    [[nodiscard]] Move chooseMove(bool first) const;
+    [[nodiscard]] Move chooseMove(Rule rule);
     [[nodiscard]] int chooseLeaving(const Move& move);
-    void pivot(int row, const Move& move);
-    void removeColumn(int column);
-    void removeLatestRow();
-    void clearCosts();
+    void pivot(int leaving, int column);
+    void freezeOptimum();
 
-    std::size_t m_stride;
-    std::vector<double> m_cells;     ///< row by row: what a unit of each column's variable adds to the row's variable
-    std::vector<double> m_constants; ///< the value of each row's variable
-    std::vector<int> m_rows;         ///< the variable of each row
-    std::vector<int> m_columns;      ///< the variable of each column; all of these are zero at this point
+    int m_unknowns;
+    double m_tolerance;
+    Equations m_equations;
     std::vector<Variable> m_variables;
-    std::vector<double> m_slopes;
-    std::vector<Crossing> m_crossings;
+    std::vector<Wish> m_wishes;
+    std::vector<int> m_members; // of the component at work
+    std::size_t m_work = 0;
 };

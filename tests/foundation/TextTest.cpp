@@ -24,13 +24,6 @@ TEST(Text, CharactersAreWhatAPersonSees) {
     EXPECT_EQ(characterCount("a\xFF\xCC\x81"), 3U) << "nothing joins a byte that is no character";
 }
 
-TEST(Text, ValidUtf8IsToldFromBrokenBytes) {
-    EXPECT_TRUE(isValidUTF8("Truth ❌ 😀"));
-    for (const char* broken : {"\xFF", "a\x80", "\xE2\x82", "\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80"}) {
-        EXPECT_FALSE(isValidUTF8(broken)) << testing::PrintToString(broken);
-    }
-}
-
 TEST(Text, ReplacingCountsUtf16CodeUnitsAndStopsAtTheEnd) {
     const auto replaced = [](const char* text, std::size_t location, std::size_t length) {
         return stringByReplacingCharactersInRange(text, NSMakeRange(location, length), "x");

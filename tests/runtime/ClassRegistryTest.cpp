@@ -16,16 +16,13 @@ class Base : public NSObject {
 public:
     void setTitle(const std::string& value) { title = value; }
     void setHeld(const std::shared_ptr<Part>& value) { held = value; }
-    void setDelegate(std::weak_ptr<Part> value) { delegate = std::move(value); }
     [[nodiscard]] std::shared_ptr<Part> part() const { return m_part; }
     void tapped(NSObject* from) { sender = from; }
-    void closed() { ++closings; }
 
     Outlet<Part> panel{this, "panel"};
     std::string title;
     int closings = 0;
     std::shared_ptr<Part> held;
-    std::weak_ptr<Part> delegate;
     NSObject* sender = nullptr;
 
 private:
@@ -49,13 +46,11 @@ protected:
         ClassBuilder<Part>("Part", "NSObject").property("radius", &Part::setRadius);
         ClassBuilder<Base>("Base", "NSObject")
             .outlet("panel", &Base::panel)
-            .outlet("delegate", &Base::setDelegate)
             .property("title", &Base::setTitle)
             .property("held", &Base::setHeld)
             .property("stroke", &setStroke)
             .object("part", &Base::part)
-            .action("tapped:", &Base::tapped)
-            .action("closed", &Base::closed);
+            .action("tapped:", &Base::tapped);
         ClassBuilder<Derived>("Derived", "Base").action("tapped:", &Derived::doubled);
     }
     static Acceptance set(const char* key, const Value& value, NSObject& object) {
@@ -83,9 +78,9 @@ TEST_F(ClassRegistryTest, TakesAnObjectForItsClassOrTheNearestBaseThatIsRegister
 }
 
 TEST_F(ClassRegistryTest, ListsTheNamesOfSuperclassesToo) {
-    EXPECT_EQ(derived.outletNames(), (std::vector<std::string>{"delegate", "panel"}));
+    EXPECT_EQ(derived.outletNames(), (std::vector<std::string>{"panel"}));
     registerClasses(); // a second time is harmless
-    EXPECT_EQ(derived.actionNames(), (std::vector<std::string>{"closed", "tapped:"}));
+    EXPECT_EQ(derived.actionNames(), (std::vector<std::string>{"tapped:"}));
     EXPECT_EQ(derived.property("radius"), nullptr) << "of another class";
 }
 
@@ -110,8 +105,7 @@ TEST_F(ClassRegistryTest, ConnectsOutletsWeaklyAndOnlyToTheirClass) {
     auto part = std::make_shared<Part>();
     EXPECT_EQ((*derived.outlet("panel"))(*object, object), Acceptance::wrongType);
     EXPECT_EQ((*derived.outlet("panel"))(*object, part), Acceptance::accepted);
-    EXPECT_EQ((*derived.outlet("delegate"))(*object, part), Acceptance::accepted);
-    EXPECT_TRUE(object->panel.is(*part) && object->delegate.lock() == part);
+    EXPECT_TRUE(object->panel.is(*part));
     part.reset();
     EXPECT_EQ(object->panel.get(), nullptr);
 }
@@ -120,8 +114,6 @@ TEST_F(ClassRegistryTest, RunsActionsBySelectorText) {
     const auto base = std::make_shared<Base>();
     EXPECT_TRUE(performSelector(*base, "tapped:", base.get()));
     EXPECT_EQ(base->sender, base.get());
-    EXPECT_TRUE(performSelector(*base, "closed", nullptr));
-    EXPECT_EQ(base->closings, 1);
     EXPECT_FALSE(performSelector(*base, "tapped", nullptr));
     EXPECT_TRUE(performSelector(*object, "tapped:", nullptr)); // its base overrides the action
     EXPECT_EQ(object->closings, 2);

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 namespace {
 
@@ -29,9 +28,9 @@ std::string keyOf(const TextRequest& request) {
                                          static_cast<CGFloat>(request.lineBreakMode),
                                          static_cast<CGFloat>(request.maximumLines),
                                          request.width.value_or(0)}; // which counts as unbounded, too
-    std::string key(sizeof numbers, '\0');
-    std::memcpy(key.data(), numbers.data(), sizeof numbers);
-    return key += request.text;
+    std::string key;
+    key.reserve(sizeof numbers + request.text.size());
+    return key.append(reinterpret_cast<const char*>(numbers.data()), sizeof numbers).append(request.text);
 }
 
 std::string validated(const std::string& text) {

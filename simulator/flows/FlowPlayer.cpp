@@ -1,7 +1,7 @@
 #include "simulator/flows/FlowPlayer.h"
 
 #include "platform/foundation/DebugConsole.h"
-#include "platform/uikit/view/LayoutReports.h"
+#include "platform/uikit/view/ViewSystem.h"
 
 namespace {
 

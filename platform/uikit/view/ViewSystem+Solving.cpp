@@ -1,6 +1,5 @@
 #include "platform/uikit/view/ViewSystem.h"
 
-#include "platform/uikit/view/LayoutReports.h"
 #include "platform/uikit/view/UIView.h"
 #include "platform/uikit/window/UIScreen.h"
 
@@ -90,10 +89,6 @@ bool ViewSystem::update() {
     }
     m_changed = false;
     return true;
-}
-
-void ViewSystem::report() const {
-    reportLayout(m_result);
 }
 
 /// Solves before anything is measured, so that a text whose width its surroundings give is laid out for that width

@@ -3,6 +3,8 @@
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/view/UIView.h"
 
+#include <set>
+
 namespace {
 
 bool isBaseline(LayoutAttribute attribute) {
@@ -22,7 +24,61 @@ std::string nameOf(const NSLayoutConstraint& constraint, const UIView& first, co
     return second == nullptr || second == &first ? name : name + " and " + nameOf(*second);
 }
 
+// What the solver found.
+
+struct Reports {
+    std::function<void(const std::string&)> observer;
+    std::set<std::string> told;
+};
+
+Reports& reports() {
+    static Reports instance;
+    return instance;
+}
+
+void tell(const std::string& text) {
+    if (reports().told.insert(text).second) {
+        reports().observer(text);
+    }
+}
+
+std::string listed(const char* before, const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) {
+        text += (text.empty() ? before : ", ") + word;
+    }
+    return text;
+}
+
+std::vector<std::string> openPlaces(const LayoutAmbiguity& ambiguity) {
+    const std::pair<bool, const char*> places[] = {
+        {ambiguity.x, "x"}, {ambiguity.y, "y"}, {ambiguity.width, "width"}, {ambiguity.height, "height"}};
+    std::vector<std::string> open;
+    for (const auto& [isOpen, name] : places) {
+        if (isOpen) {
+            open.emplace_back(name);
+        }
+    }
+    return open;
+}
+
 } // namespace
+
+void setLayoutReportObserver(std::function<void(const std::string&)> observer) {
+    reports() = {std::move(observer), {}};
+}
+
+void ViewSystem::report() const {
+    if (!reports().observer) {
+        return;
+    }
+    for (const LayoutConflict& conflict : m_result.conflicts) {
+        tell("layout conflict: " + conflict.name + " " + conflict.reason + listed(": ", conflict.others));
+    }
+    for (const LayoutAmbiguity& ambiguity : m_result.ambiguities) {
+        tell("layout ambiguity: " + ambiguity.name + " has no definite" + listed(" ", openPlaces(ambiguity)));
+    }
+}
 
 ViewSystem::ViewSystem(UIView& root, Purpose purpose) : m_purpose(purpose) {
     collectRows(root);

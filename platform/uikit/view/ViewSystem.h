@@ -3,13 +3,19 @@
 #include "platform/layout/LayoutSystem.h"
 #include "platform/uikit/view/NSLayoutConstraint.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 class UIView;
+
+/// The observer is told of constraints that contradict each other and of views whose place they leave open, each text
+/// once. One observer a process; none at first, and then nothing is kept.
+void setLayoutReportObserver(std::function<void(const std::string&)> observer);
 
 /// The constraints of one root view and its descendants, described for the solver: down to scroll views, whose content
 /// is laid out by itself. Kept by the root until views or constraints come or go; only numbers are refreshed.
@@ -25,7 +31,7 @@ public:
     bool update();
     /// Gives the views the frames found, on device pixels.
     void placeViews();
-    /// Tells of conflicts and open places in the last solution.
+    /// Tells the observer of conflicts and open places in the last solution.
     void report() const;
     [[nodiscard]] CGFloat heightForWidth(CGFloat width);
 

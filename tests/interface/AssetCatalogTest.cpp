@@ -1,62 +1,57 @@
-#include "platform/graphics/AssetCatalog.h"
 #include "platform/graphics/UIColor.h"
 #include "platform/graphics/UIImage.h"
-#include "tests/interface/InterfaceFixture.h"
+#include "tests/support/InterfaceBundle.h"
 
 #include <map>
 
 namespace {
 
-class Catalogue : public InterfaceFixture {
+class Catalogue : public support::InterfaceBundle {
 protected:
-    void writeColor(const std::string& name, const std::string& colors) const {
-        write("Assets.xcassets/" + name + ".colorset/Contents.json", "{\"colors\":[" + colors + "]}");
+    void writeSet(const std::string& name, const std::string& contents) const {
+        write("Assets.xcassets/" + name + "/Contents.json", contents);
     }
     void writeImage(const std::string& name, const std::string& images, const std::string& more = "") const {
-        write("Assets.xcassets/" + name + ".imageset/Contents.json", "{\"images\":[" + images + "]" + more + "}");
+        writeSet(name + ".imageset", "{\"images\":[" + images + "]" + more + "}");
     }
     static std::string color(const std::string& red, const std::string& more = "") {
         return R"({"idiom":"universal",)" + more + R"("color":{"color-space":"srgb","components":{"red":)" + red +
                R"(,"green":"0.0","blue":"0.0","alpha":"1.000"}}})";
     }
-    static double redOf(const std::string& name, UIUserInterfaceStyle style = UIUserInterfaceStyle::light) {
-        const auto found = UIColor::colorNamed(name);
-        return found ? found->resolved(style).red : -1;
-    }
+    static std::string colors(const std::string& entries) { return "{\"colors\":[" + entries + "]}"; }
 };
 
-TEST_F(Catalogue, ReadsColourComponentsInEveryNotation) {
-    for (const auto& [written, red] : std::vector<std::pair<std::string, double>>{
-             {"\"0.486\"", 0.486}, {"\"0xE0\"", 224 / 255.0}, {"\"174\"", 174 / 255.0}, {"0.25", 0.25}}) {
-        writeColor(std::to_string(red), color(written));
-        EXPECT_DOUBLE_EQ(redOf(std::to_string(red)), red);
-    }
-    writeColor(
-        "gray",
-        R"({"idiom":"universal","color":{"color-space":"gray-gamma-22","components":{"white":"0.3","alpha":"0.5"}}})");
-    EXPECT_EQ(UIColor::colorNamed("gray")->components(), (RGBA{0.3, 0.3, 0.3, 0.5}));
-}
-
-TEST_F(Catalogue, GivesTheDarkColourItsAppearanceAndLeavesHighContrastOut) {
+TEST_F(Catalogue, ReadsColoursInEveryNotationAndAppearance) {
     const std::string dark = color("\"0.9\"", R"("appearances":[{"appearance":"luminosity","value":"dark"}],)");
     const std::string highContrast = color("\"0.5\"", R"("appearances":[{"appearance":"contrast","value":"high"}],)");
-    writeColor("two", color("\"0.1\"") + "," + dark + "," + highContrast);
-    writeColor("one", color("\"0.1\""));
-    writeColor("night", dark);
-    EXPECT_DOUBLE_EQ(redOf("two"), 0.1);
-    EXPECT_DOUBLE_EQ(redOf("two", UIUserInterfaceStyle::dark), 0.9);
-    EXPECT_DOUBLE_EQ(redOf("one", UIUserInterfaceStyle::dark), 0.1);
-    EXPECT_DOUBLE_EQ(redOf("night"), 0.9);
-}
-
-TEST_F(Catalogue, HasNoColourWhereItsFileIsMissingOrBroken) {
-    write("Assets.xcassets/cut.colorset/Contents.json", "{\"colors\":[");
-    writeColor("word", color("\"red\""));
-    writeColor("bare", R"({"idiom":"universal"})");
-    write("Assets.xcassets/list.colorset/Contents.json", "[]");
-    for (const char* name : {"nothing", "cut", "word", "bare", "list", ""}) {
-        EXPECT_FALSE(UIColor::colorNamed(name)) << name;
+    struct Case {
+        std::string contents;
+        std::optional<double> light; // none: no such colour
+        std::optional<double> dark = light;
+    };
+    const std::vector<Case> cases{
+        {colors(color("\"0.486\"")), 0.486},
+        {colors(color("\"0xE0\"")), 224 / 255.0},
+        {colors(color("\"174\"")), 174 / 255.0},
+        {colors(color("0.25")), 0.25},
+        {colors(R"({"idiom":"universal","color":{"components":{"white":"0.3","alpha":"0.5"}}})"), 0.3},
+        {colors(color("\"0.1\"") + "," + dark + "," + highContrast), 0.1, 0.9},
+        {colors(dark), 0.9},
+        {colors(color("\"red\"")), std::nullopt},
+        {colors(R"({"idiom":"universal"})"), std::nullopt},
+        {"{\"colors\":[", std::nullopt},
+        {"[]", std::nullopt}};
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        const std::string name = "c" + std::to_string(i);
+        writeSet(name + ".colorset", cases[i].contents);
+        const auto found = UIColor::colorNamed(name);
+        const auto red = [&](UIUserInterfaceStyle style) {
+            return found ? std::optional(found->resolved(style).red) : std::nullopt;
+        };
+        EXPECT_EQ(red(UIUserInterfaceStyle::light), cases[i].light) << cases[i].contents;
+        EXPECT_EQ(red(UIUserInterfaceStyle::dark), cases[i].dark) << cases[i].contents;
     }
+    EXPECT_FALSE(UIColor::colorNamed("nothing"));
 }
 
 TEST_F(Catalogue, TakesTheRenderedPicturesOfADrawing) {
@@ -80,20 +75,16 @@ TEST_F(Catalogue, ChoosesFilesByIdiomScaleAndAppearance) {
     EXPECT_EQ(photo->fileForScale(1)->scale, 3);
 }
 
-TEST_F(Catalogue, HasNoImageForEmptySlotsAndNamesThatLeadElsewhere) {
+TEST_F(Catalogue, HasNoImageForEmptySlotsAndNamesThatLeadElsewhereAndLooksIntoGroups) {
+    const std::string image = R"({"idiom":"universal","filename":"a.png"})";
     writeImage("empty", R"({"idiom":"universal","scale":"1x"},{"idiom":"universal","scale":"2x"})");
-    write("secret.imageset/Contents.json", R"({"images":[{"idiom":"universal","filename":"a.png"}]})");
+    writeImage("../secret", image);
+    writeImage("Plain/inside", image);
     for (const std::string& name : {std::string("empty"), std::string("../secret"), std::string("/etc/passwd"),
-                                    std::string("a\0b", 3), std::string(5000, 'x')}) {
+                                    std::string("a\0b", 3), std::string(5000, 'x'), std::string("Plain/inside")}) {
         EXPECT_FALSE(UIImage::imageNamed(name));
     }
-}
-
-TEST_F(Catalogue, LooksIntoGroups) {
-    const std::string image = R"({"idiom":"universal","filename":"a.png"})";
-    writeImage("Plain/inside", image);
     EXPECT_TRUE(UIImage::imageNamed("inside"));
-    EXPECT_FALSE(UIImage::imageNamed("Plain/inside"));
 }
 
 } // namespace

@@ -1,10 +1,6 @@
 #include "platform/foundation/FileReading.h"
 #include "platform/interface/NibBuilder.h"
-#include "platform/uikit/controllers/UIViewController.h"
-#include "platform/uikit/view/UIView.h"
-#include "tests/interface/StandIns.h"
-
-#include <gtest/gtest.h>
+#include "tests/interface/InterfaceFixture.h"
 
 #include <random>
 
@@ -32,27 +28,15 @@ void tryDocument(const std::string& text) {
     }
 }
 
-class BrokenDocuments : public testing::TestWithParam<const char*> {
-protected:
-    BrokenDocuments() { registerStandIns(); }
+class BrokenDocuments : public InterfaceFixture, public testing::WithParamInterface<const char*> {};
 
-    [[nodiscard]] static std::string text() {
-        return readWholeFile(std::filesystem::path(TD_RESOURCES) / GetParam()).value();
-    }
-};
-
-TEST_P(BrokenDocuments, AreSurvivedWhenCutOff) {
-    const std::string whole = text();
+TEST_P(BrokenDocuments, AreSurvived) {
+    const std::string whole = readWholeFile(std::filesystem::path(TD_RESOURCES) / GetParam()).value();
     for (std::size_t length = 0; length < whole.size(); length += 97) {
         tryDocument(whole.substr(0, length));
     }
-    tryDocument(whole);
-}
-
-TEST_P(BrokenDocuments, AreSurvivedWhenBytesOrValuesChange) {
     const std::vector<std::string> values{"",      "YES",    "-1", "1e9",  "nan",
                                           "0.5:0", "UIView", "-2", "view", std::string(100'000, 'x')};
-    const std::string whole = text();
     std::mt19937 random(7);
     for (int round = 0; round < 150; ++round) {
         std::string changed = whole;
@@ -70,10 +54,6 @@ TEST_P(BrokenDocuments, AreSurvivedWhenBytesOrValuesChange) {
 
 INSTANTIATE_TEST_SUITE_P(Shipped, BrokenDocuments,
                          testing::Values("MainInterface.storyboard", "ModeTblCell.xib", "VibeDropdownTblCell.xib",
-                                         "ModeHeaderView.xib"),
-                         [](const auto& each) {
-                             const std::string name = each.param;
-                             return name.substr(0, name.find('.'));
-                         });
+                                         "ModeHeaderView.xib"));
 
 } // namespace

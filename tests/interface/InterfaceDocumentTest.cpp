@@ -2,16 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+#include <sstream>
+
 namespace {
 
 const std::string nibStart = "<document type=\"com.apple.InterfaceBuilder3.CocoaTouch.XIB\">";
 
 std::string repeated(const std::string& text, int count) {
-    std::string all;
-    for (int i = 0; i < count; ++i) {
-        all += text;
-    }
-    return all;
+    std::ostringstream all;
+    std::fill_n(std::ostream_iterator<std::string>(all), count, text);
+    return all.str();
 }
 
 TEST(InterfaceDocument, KeepsTheLineAndColumnOfEveryElementInCharacters) {

@@ -1,50 +1,71 @@
 #pragma once
 
-#include "platform/foundation/NSBundle.h"
 #include "platform/foundation/Result.h"
-#include "platform/runtime/NSObject.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
+#include "platform/runtime/Outlet.h"
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/controls/UILabel.h"
+#include "platform/uikit/table/UITableView.h"
+#include "platform/uikit/table/UITableViewCell.h"
+#include "platform/uikit/table/UITableViewHeaderFooterView.h"
+#include "tests/support/InterfaceBundle.h"
 
 #include <memory>
 #include <string>
 #include <vector>
 
-/// A bundle in a folder of its own, filled by the test, with the readers installed on it.
-class InterfaceFixture : public testing::Test {
+// Classes under names that the extension's documents use, which only remember what was done to them.
+
+struct StandInModeCell : UITableViewCell {
+    using UITableViewCell::UITableViewCell;
+    void awakeFromNib() override;
+
+    Outlet<UILabel> lblTitle{this, "lblTitle"};
+    Outlet<UIView> viewBackground{this, "viewBackground"};
+    int awakenings = 0;
+    bool readyWhenAwoken = false; // title and corner radius stood
+};
+
+struct StandInHeader : UITableViewHeaderFooterView {
+    using UITableViewHeaderFooterView::UITableViewHeaderFooterView;
+
+    Outlet<UILabel> lblHeaderTitle{this, "lblHeaderTitle"};
+};
+
+struct StandInScreen : UIViewController, UITableViewDataSource, UITableViewDelegate {
+    using UIViewController::UIViewController;
+
+    void btnBack(NSObject*) { sent.emplace_back("back"); }
+    void btnLetsPlay(NSObject*) { sent.emplace_back("play"); }
+    int tableViewNumberOfRowsInSection(UITableView& /*tableView*/, int /*section*/) override { return 0; }
+    std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& /*tableView*/,
+                                                                    NSIndexPath /*indexPath*/) override {
+        return nullptr;
+    }
+
+    Outlet<UILabel> lblDropDown{this, "lblDropDown"};
+    Outlet<NSLayoutConstraint> cnBottomOfLetsPlay{this, "cnBottomOfLetsPlay"};
+    std::vector<std::string> sent;
+};
+
+/// A bundle whose documents can name the stand-ins.
+class InterfaceFixture : public support::InterfaceBundle {
 protected:
     using Objects = std::vector<std::shared_ptr<NSObject>>;
 
     InterfaceFixture();
 
-    void write(const std::string& name, const std::string& text) const { m_folder.write(name, text); }
     [[nodiscard]] Result<Objects> instantiate(const std::string& nib,
                                               const std::shared_ptr<NSObject>& owner = nullptr) const;
-    /// The same of a nib whose <objects> hold this; the first line of `objects` is line 3 of the file.
+    /// The same of a nib whose <objects> hold this.
     [[nodiscard]] Result<Objects> instantiateObjects(const std::string& objects,
                                                      const std::shared_ptr<NSObject>& owner = nullptr) const;
-    /// What is reported of such a nib, without the bundle's path; nothing when all is well.
-    [[nodiscard]] std::string errorsOf(const std::string& objects) const;
-    [[nodiscard]] std::string withoutFolder(std::string text) const;
-    [[nodiscard]] const NSBundle& bundle() const { return NSBundle::mainBundle(); }
-    [[nodiscard]] const std::filesystem::path& folder() const { return m_folder.path(); }
-
-    static std::string nibWith(const std::string& objects);
-    static std::string storyboardWith(const std::string& initial, const std::string& scenes);
-
-private:
-    support::TemporaryFolder m_folder;
-};
-
-/// The first object of a nib that must be sound, typed.
-template <class T>
-std::shared_ptr<T> firstOf(const Result<std::vector<std::shared_ptr<NSObject>>>& objects) {
-    if (!objects) {
-        ADD_FAILURE() << objects.failure().what;
-        return nullptr;
+    /// The first object of a nib that must be sound, typed.
+    template <class T>
+    [[nodiscard]] std::shared_ptr<T> first(const std::string& objects) const {
+        const Result<Objects> made = instantiateObjects(objects);
+        EXPECT_TRUE(made) << made.failure().what;
+        auto typed = made ? std::dynamic_pointer_cast<T>(made.value().at(0)) : nullptr;
+        EXPECT_TRUE(typed) << "the nib's first object is of another class";
+        return typed;
     }
-    auto first = objects.value().empty() ? nullptr : std::dynamic_pointer_cast<T>(objects.value().front());
-    EXPECT_TRUE(first) << "the nib's first object is of another class";
-    return first;
-}
+};

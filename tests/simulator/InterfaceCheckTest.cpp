@@ -1,54 +1,26 @@
 #include "simulator/check/InterfaceCheck.h"
 
-#include "platform/foundation/NSBundle.h"
-#include "platform/interface/AssetCatalogReader.h"
-#include "platform/uikit/UIKitClasses.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/InterfaceBundle.h"
 
 namespace {
 
-/// A bundle that the test fills.
-class InterfaceCheck : public testing::Test {
+class InterfaceCheck : public support::InterfaceBundle {
 protected:
-    InterfaceCheck() {
-        registerUIKitClasses();
-        NSBundle::setMainBundle(m_folder.path());
-        installAssetCatalog();
-    }
-
-    void write(const std::string& name, const std::string& text) const { m_folder.write(name, text); }
-    /// A document of that type; `content` begins in its second line.
-    static std::string document(const std::string& type, const std::string& content) {
-        return "<document type=\"com.apple.InterfaceBuilder3.CocoaTouch." + type + "\">\n" + content + "</document>\n";
-    }
-    static std::string nibWith(const std::string& objects) {
-        return document("XIB", "<objects>\n" + objects + "</objects>");
-    }
     [[nodiscard]] std::string findings() const {
-        const std::string prefix = m_folder.path().string() + "/";
         std::string text;
-        for (const Finding& finding : checkInterface(NSBundle::mainBundle())) {
+        for (const Finding& finding : checkInterface(bundle())) {
             text += finding.describe() + "\n";
         }
-        for (std::size_t at = text.find(prefix); at != std::string::npos; at = text.find(prefix)) {
-            text.erase(at, prefix.size());
-        }
-        return text;
+        return withoutFolder(text);
     }
-
-private:
-    support::TemporaryFolder m_folder;
 };
 
 TEST_F(InterfaceCheck, GoesThroughEveryDocument) {
     write("A.xib", "<document");
     write("B.xib", nibWith("<label id=\"l\" numberOfLines=\"many\"/><label id=\"l\"/>"));
-    write("C.storyboard", document("Storyboard.XIB", R"(<scenes>
-<scene><objects>
+    write("C.storyboard", storyboardWith("", R"(<scene><objects>
 <viewController id="c" sceneMemberID="viewController"><view key="view"><subviews><lable/></subviews></view>
-<connections><segue destination="c" kind="show" id="s"/></connections></viewController></objects></scene></scenes>)"));
+<connections><segue destination="c" kind="show" id="s"/></connections></viewController></objects></scene>)"));
     EXPECT_EQ(findings(), "A.xib:1:9: error: malformed XML: Error parsing start element tag\n"
                           "B.xib:3:1: error: <label id=\"l\">: numberOfLines is \"many\", a number is expected\n"
                           "B.xib:3:37: warning: <label id=\"l\">: another object has this id; the first one counts\n"

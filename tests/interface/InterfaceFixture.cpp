@@ -3,6 +3,7 @@
 #include "platform/runtime/ClassBuilder.h"
 #include "platform/uikit/controllers/UINib.h"
 #include "platform/uikit/controls/UIButton.h"
+#include "platform/uikit/table/UITableViewHeaderFooterView.h"
 
 void StandInModeCell::awakeFromNib() {
     ++awakenings;
@@ -17,9 +18,7 @@ InterfaceFixture::InterfaceFixture() {
         .madeByCoder()
         .outlet("lblTitle", &StandInModeCell::lblTitle)
         .outlet("viewBackground", &StandInModeCell::viewBackground);
-    ClassBuilder<StandInHeader>("ModeHeaderView", "UITableViewHeaderFooterView")
-        .madeByCoder()
-        .outlet("lblHeaderTitle", &StandInHeader::lblHeaderTitle);
+    ClassBuilder<UITableViewHeaderFooterView>("ModeHeaderView", "UITableViewHeaderFooterView").madeByCoder();
     ClassBuilder<StandInScreen>("CategoriesVC", "UIViewController")
         .madeByCoder()
         .outlet("lblDropDown", &StandInScreen::lblDropDown)

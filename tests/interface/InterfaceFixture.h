@@ -6,7 +6,6 @@
 #include "platform/uikit/controls/UILabel.h"
 #include "platform/uikit/table/UITableView.h"
 #include "platform/uikit/table/UITableViewCell.h"
-#include "platform/uikit/table/UITableViewHeaderFooterView.h"
 #include "tests/support/InterfaceBundle.h"
 
 #include <memory>
@@ -23,12 +22,6 @@ struct StandInModeCell : UITableViewCell {
     Outlet<UIView> viewBackground{this, "viewBackground"};
     int awakenings = 0;
     bool readyWhenAwoken = false; // title and corner radius stood
-};
-
-struct StandInHeader : UITableViewHeaderFooterView {
-    using UITableViewHeaderFooterView::UITableViewHeaderFooterView;
-
-    Outlet<UILabel> lblHeaderTitle{this, "lblHeaderTitle"};
 };
 
 struct StandInScreen : UIViewController, UITableViewDataSource, UITableViewDelegate {

@@ -5,24 +5,19 @@
 
 namespace {
 
-const std::string scenes = R"(<scene sceneID="s1"><objects>
+const std::string scenes = R"(<scene><objects>
 <viewController id="first" customClass="MessagesViewController" sceneMemberID="viewController"/></objects></scene>
-<scene sceneID="s2"><objects>
-<viewController storyboardIdentifier="CategoriesVC" id="second" customClass="CategoriesVC" sceneMemberID="viewController">
- <view key="view" id="root"><subviews>
-   <button id="b"><connections><action selector="btnBackWithSender:" destination="second" id="a1"/>
-     <action selector="btnLetsPlayWithSender:" destination="second" eventType="valueChanged" id="a2"/>
-     <action selector="anything:" destination="responder" eventType="touchDown" id="a3"/></connections></button>
-   <label id="l" text="Friends"/>
-   <tableView id="t"><connections><outlet property="dataSource" destination="second" id="o1"/>
-     <outlet property="delegate" destination="second" id="o2"/></connections></tableView></subviews>
-  <viewLayoutGuide key="safeArea" id="safe"/>
-  <constraints><constraint firstItem="safe" firstAttribute="bottom" secondItem="b" secondAttribute="bottom" constant="12"
-    id="k"/></constraints></view>
- <connections><outlet property="lblDropDown" destination="l" id="o3"/>
-  <outlet property="cnBottomOfLetsPlay" destination="k" id="o4"/></connections>
-</viewController><placeholder placeholderIdentifier="IBFirstResponder" id="responder" sceneMemberID="firstResponder"/>
-</objects></scene>)";
+<scene><objects><viewController storyboardIdentifier="CategoriesVC" id="second" customClass="CategoriesVC"
+  sceneMemberID="viewController"><view key="view"><subviews><button id="b"><connections>
+   <action selector="btnBackWithSender:" destination="second"/>
+   <action selector="btnLetsPlayWithSender:" destination="second" eventType="valueChanged"/>
+   <action selector="anything:" destination="responder" eventType="touchDown"/></connections></button>
+  <label id="l" text="Friends"/><tableView><connections><outlet property="dataSource" destination="second"/>
+   <outlet property="delegate" destination="second"/></connections></tableView></subviews>
+  <viewLayoutGuide key="safeArea" id="safe"/><constraints><constraint firstItem="safe" firstAttribute="bottom"
+   secondItem="b" secondAttribute="bottom" constant="12" id="k"/></constraints></view>
+ <connections><outlet property="lblDropDown" destination="l"/><outlet property="cnBottomOfLetsPlay" destination="k"/>
+ </connections></viewController><placeholder placeholderIdentifier="IBFirstResponder" id="responder"/></objects></scene>)";
 
 class Storyboard : public InterfaceFixture {
 protected:

@@ -1,8 +1,114 @@
 #include "platform/interface/CatalogSets.h"
 
 #include "platform/foundation/FileReading.h"
+#include "platform/interface/ElementReader.h"
+
+#include <algorithm>
+#include <charconv>
 
 namespace {
+
+/// Editors write a component as text in one of three notations: "0.486" from 0 to 1, "0xE0" and "174" from 0 to 255.
+std::optional<double> componentFrom(std::string_view text) {
+    if (text.substr(0, 2) == "0x" || text.substr(0, 2) == "0X") {
+        int byte = 0;
+        const char* end = text.data() + text.size();
+        const auto read = std::from_chars(text.data() + 2, end, byte, 16);
+        return read.ec == std::errc() && read.ptr == end ? std::optional(byte / 255.0) : std::nullopt;
+    }
+    const std::optional<double> number = parseNumber(text);
+    return number && text.find('.') == std::string_view::npos ? std::optional(*number / 255) : number;
+}
+
+/// Reads one colour set; remembers that something was wrong.
+class ColorSetReader {
+public:
+    ColorSetReader(const CatalogContents& contents, Findings& findings) : m_contents(contents), m_findings(findings) {}
+
+    std::shared_ptr<UIColor> read() {
+        const auto colors = m_contents.root().find("colors");
+        if (!colors || !colors->is(JSONKind::array)) {
+            fault(m_contents.root(), "the list \"colors\" is missing");
+            return nullptr;
+        }
+        for (const JSONValue entry : colors->elements()) {
+            take(entry);
+        }
+        if (m_sound && !m_light && !m_dark) {
+            fault(*colors, "no colour for this device");
+        }
+        if (!m_sound) {
+            return nullptr; // something was wrong, or neither colour is there
+        }
+        const RGBA light = m_light ? *m_light : *m_dark;
+        return UIColor::dynamicColor(light, m_dark.value_or(light));
+    }
+
+private:
+    void fault(JSONValue at, const std::string& message) {
+        m_sound = false;
+        m_findings.push_back(m_contents.finding(at, message));
+    }
+
+    void take(JSONValue entry) {
+        const std::string_view idiom = textAt(entry, "idiom");
+        const auto color = entry.find("color");
+        if (!color || (idiom != "universal" && idiom != "iphone")) {
+            return; // an empty slot, or one for another device
+        }
+        bool dark = false;
+        if (const auto appearances = entry.find("appearances")) {
+            for (const JSONValue appearance : appearances->elements()) {
+                if (textAt(appearance, "appearance") != "luminosity") {
+                    return; // such as high contrast
+                }
+                dark = dark || textAt(appearance, "value") == "dark";
+            }
+        }
+        std::optional<RGBA>& place = dark ? m_dark : m_light;
+        if (!place || idiom == "iphone") {
+            place = colorOf(*color);
+        }
+    }
+
+    RGBA colorOf(JSONValue color) {
+        const auto components = color.find("components");
+        if (!components || !components->is(JSONKind::object)) {
+            fault(color, "the colour has no components");
+            return {};
+        }
+        return componentsOf(*components);
+    }
+
+    /// Wide colours count as if they were of the usual space.
+    RGBA componentsOf(JSONValue components) {
+        const double alpha = components.find("alpha") ? component(components, "alpha") : 1;
+        if (components.find("white")) {
+            const double white = component(components, "white");
+            return {white, white, white, alpha};
+        }
+        return {component(components, "red"), component(components, "green"), component(components, "blue"), alpha};
+    }
+
+    double component(JSONValue components, std::string_view key) {
+        const auto value = components.find(key);
+        const auto text = value ? value->string() : std::nullopt;
+        std::optional<double> number = value ? value->number() : std::nullopt;
+        if (text) {
+            number = key == "alpha" ? parseNumber(*text) : componentFrom(*text);
+        }
+        if (!number) {
+            fault(value.value_or(components), "the component \"" + std::string(key) + "\" is no number");
+        }
+        return std::clamp(number.value_or(0), 0.0, 1.0);
+    }
+
+    const CatalogContents& m_contents;
+    Findings& m_findings;
+    std::optional<RGBA> m_light;
+    std::optional<RGBA> m_dark;
+    bool m_sound = true;
+};
 
 struct NamedFile {
     std::string_view name;
@@ -60,6 +166,11 @@ Finding CatalogContents::finding(JSONValue at, const std::string& message) const
 std::string_view textAt(JSONValue value, std::string_view key) {
     const auto found = value.find(key);
     return found ? found->string().value_or(std::string_view()) : std::string_view();
+}
+
+std::shared_ptr<UIColor> readColorSet(const std::filesystem::path& folder, Findings& findings) {
+    const std::optional<CatalogContents> contents = CatalogContents::read(folder, findings);
+    return contents ? ColorSetReader(*contents, findings).read() : nullptr;
 }
 
 std::vector<ImageFile> imageFilesOf(const std::filesystem::path& folder, std::string_view fileName, int scale) {

@@ -41,16 +41,16 @@ bool hasComponents(const InterfaceElement& element) {
 } // namespace
 
 void ElementReader::error(const InterfaceElement& element, const std::string& what) {
-    m_findings.push_back(element.failure(what).in(*m_document.path()));
+    m_findings.push_back(element.failure(what).in(m_document.path()));
 }
 
 void ElementReader::warning(const InterfaceElement& element, const std::string& what) {
-    m_findings.push_back(element.failure(what).in(*m_document.path(), Severity::warning));
+    m_findings.push_back(element.failure(what).in(m_document.path(), Severity::warning));
 }
 
 void ElementReader::unexpected(const InterfaceElement& element, std::string_view key, std::string_view written,
-                               const std::string& expected) {
-    error(element, std::string(key) + " is \"" + std::string(written) + "\", " + expected);
+                               std::string_view expected) {
+    error(element, std::string(key) + " is \"" + std::string(written) + "\", " + std::string(expected));
 }
 
 std::optional<double> ElementReader::number(const InterfaceElement& element, std::string_view key) {

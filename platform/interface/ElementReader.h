@@ -31,7 +31,7 @@ public:
     void warning(const InterfaceElement& element, const std::string& what);
     /// `KEY is "WRITTEN", EXPECTED is expected`
     void unexpected(const InterfaceElement& element, std::string_view key, std::string_view written,
-                    const std::string& expected);
+                    std::string_view expected);
 
     /// The number in an attribute; an absent one is an error.
     std::optional<double> number(const InterfaceElement& element, std::string_view key);
@@ -41,11 +41,11 @@ public:
     /// What the word in an attribute means; null, after an error, for a word that the table lacks.
     template <class Meaning, std::size_t count>
     const Meaning* word(const InterfaceElement& element, std::string_view key, const WordTable<Meaning, count>& table,
-                        const std::string& expected);
+                        std::string_view expected);
     /// The same; an absent attribute means the table's first word.
     template <class Meaning, std::size_t count>
     const Meaning* wordOrFirst(const InterfaceElement& element, std::string_view key,
-                               const WordTable<Meaning, count>& table, const std::string& expected);
+                               const WordTable<Meaning, count>& table, std::string_view expected);
     /// <rect x y width height>
     std::optional<CGRect> rect(const InterfaceElement& element);
     std::optional<CGSize> size(const InterfaceElement& element);
@@ -93,17 +93,17 @@ template <class Meaning, std::size_t count>
 
 template <class Meaning, std::size_t count>
 const Meaning* ElementReader::word(const InterfaceElement& element, std::string_view key,
-                                   const WordTable<Meaning, count>& table, const std::string& expected) {
+                                   const WordTable<Meaning, count>& table, std::string_view expected) {
     const std::string_view written = element.value(key);
     const Meaning* meaning = meaningOf(written, table);
     if (meaning == nullptr) {
-        unexpected(element, key, written, expected + " is expected" + suggestionFrom(written, table));
+        unexpected(element, key, written, std::string(expected) + " is expected" + suggestionFrom(written, table));
     }
     return meaning;
 }
 
 template <class Meaning, std::size_t count>
 const Meaning* ElementReader::wordOrFirst(const InterfaceElement& element, std::string_view key,
-                                          const WordTable<Meaning, count>& table, const std::string& expected) {
+                                          const WordTable<Meaning, count>& table, std::string_view expected) {
     return element.attribute(key) != nullptr ? word(element, key, table, expected) : &table.front().second;
 }

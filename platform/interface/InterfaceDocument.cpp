@@ -43,13 +43,8 @@ const InterfaceElement* InterfaceElement::child(std::string_view childName) cons
     return nullptr;
 }
 
-std::string InterfaceElement::describe() const {
-    const std::string_view own = id();
-    return "<" + name + (own.empty() ? "" : " id=\"" + std::string(own) + "\"") + ">";
-}
-
 Failure InterfaceElement::failure(const std::string& what) const {
-    return {describe() + ": " + what, place};
+    return {description + ": " + what, place};
 }
 
 namespace {
@@ -109,6 +104,8 @@ InterfaceElement convert(const pugi::xml_node& node, PlaceWalk& places) {
     for (const pugi::xml_attribute& attribute : node.attributes()) {
         element.attributes.emplace_back(attribute.name(), attribute.value());
     }
+    const std::string_view id = element.id();
+    element.description = "<" + element.name + (id.empty() ? "" : " id=\"" + std::string(id) + "\"") + ">";
     for (const pugi::xml_node& child : node.children()) {
         if (child.type() == pugi::node_element) {
             element.children.push_back(convert(child, places));
@@ -251,7 +248,7 @@ InterfaceDocument::Loaded InterfaceDocument::parse(std::string path, const std::
 }
 
 InterfaceDocument::InterfaceDocument(std::string path, InterfaceElement root)
-    : m_path(std::make_shared<const std::string>(std::move(path))), m_root(std::move(root)),
+    : m_path(std::move(path)), m_root(std::move(root)),
       m_kind(m_root.value("type") == storyboardType ? Kind::storyboard : Kind::nib), m_scenes(scenesOf(m_root)) {}
 
 Result<InterfaceScene> InterfaceDocument::initialScene() const {

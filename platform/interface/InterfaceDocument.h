@@ -18,7 +18,8 @@ struct InterfaceElement {
     TextPlace place;                                             // of the opening bracket
     std::vector<std::pair<std::string, std::string>> attributes; // in file order
     std::vector<InterfaceElement> children;
-    std::string text; // character data directly inside
+    std::string text;        // character data directly inside
+    std::string description; // <label id="abc-de-fgh">, for messages
 
     /// Null when absent.
     [[nodiscard]] const std::string* attribute(std::string_view key) const;
@@ -29,8 +30,6 @@ struct InterfaceElement {
     [[nodiscard]] const InterfaceElement* keyed(std::string_view key) const;
     /// The first child of that name; null when absent.
     [[nodiscard]] const InterfaceElement* child(std::string_view childName) const;
-    /// <label id="abc-de-fgh">, for messages.
-    [[nodiscard]] std::string describe() const;
     /// `<label id="abc-de-fgh">: what`, told at this element's place.
     [[nodiscard]] Failure failure(const std::string& what) const;
 };
@@ -43,7 +42,7 @@ struct InterfaceScene {
 
 /// A parsed interface document: its elements, each with its place in the file. Immutable; objects are made from it
 /// again and again. Size and depth are limited, entities are never expanded and a document type is refused.
-class InterfaceDocument {
+class InterfaceDocument : public std::enable_shared_from_this<InterfaceDocument> {
 public:
     static constexpr std::size_t largestSize = 8u << 20; // bytes
     static constexpr int greatestDepth = 200;
@@ -60,11 +59,14 @@ public:
     /// `path` is only told in messages.
     [[nodiscard]] static Loaded parse(std::string path, const std::string& text);
 
+    /// For parse, which makes it shared.
     InterfaceDocument(std::string path, InterfaceElement root);
     InterfaceDocument(const InterfaceDocument&) = delete;
     InterfaceDocument& operator=(const InterfaceDocument&) = delete;
 
-    [[nodiscard]] const std::shared_ptr<const std::string>& path() const { return m_path; }
+    [[nodiscard]] const std::string& path() const { return m_path; }
+    /// The same, and keeps the document.
+    [[nodiscard]] std::shared_ptr<const std::string> sharedPath() const { return {shared_from_this(), &m_path}; }
     [[nodiscard]] Kind kind() const { return m_kind; }
     [[nodiscard]] const InterfaceElement& root() const { return m_root; }
     /// Every scene that has a controller, in file order; none in a nib.
@@ -76,7 +78,7 @@ public:
     [[nodiscard]] const InterfaceElement* resource(std::string_view element, std::string_view name) const;
 
 private:
-    std::shared_ptr<const std::string> m_path;
+    std::string m_path;
     InterfaceElement m_root;
     Kind m_kind;
     std::vector<InterfaceScene> m_scenes; // refer to m_root

@@ -87,15 +87,16 @@ std::string identifierOf(const InterfaceElement& element, const std::string& pat
         }
     }
     const std::size_t nameStart = path.rfind('/') + 1; // 0 where there is no folder
-    return identifier + " (" + path.substr(nameStart) + ":" + std::to_string(element.place.line) + ")";
+    identifier.append(" (").append(path, nameStart).append(":");
+    return identifier.append(std::to_string(element.place.line)).append(")");
 }
 
 } // namespace
 
 void NibBuilder::makeConstraints(const Made& owner) {
-    const auto view = std::dynamic_pointer_cast<UIView>(owner.object);
     const InterfaceElement* constraints = owner.element->child("constraints");
-    if (!view || constraints == nullptr) {
+    const auto view = constraints != nullptr ? std::dynamic_pointer_cast<UIView>(owner.object) : nullptr;
+    if (!view) {
         return;
     }
     for (const InterfaceElement& element : constraints->children) {
@@ -129,7 +130,7 @@ std::shared_ptr<NSLayoutConstraint> NibBuilder::makeConstraint(const InterfaceEl
     }
     const auto constraint = std::make_shared<NSLayoutConstraint>(*first, *relation, *second, multiplier, constant);
     constraint->setPriority(priority);
-    constraint->setIdentifier(identifierOf(element, *m_reader.document().path()));
+    constraint->setIdentifier(identifierOf(element, m_reader.document().path()));
     constraint->setActive(true);
     return constraint;
 }

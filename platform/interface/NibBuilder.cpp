@@ -169,7 +169,7 @@ void NibBuilder::nameGuide(const InterfaceElement& element, const std::shared_pt
 }
 
 void NibBuilder::keep(const InterfaceElement& element, const std::shared_ptr<NSObject>& object) {
-    setSourceLocation(*object, {m_reader.document().path(), element.place, element.describe()});
+    setSourceLocation(*object, {m_reader.document().sharedPath(), element.place, element.description});
     name(element, {object, LayoutGuide::view});
     m_made.push_back({&element, object, false});
 }

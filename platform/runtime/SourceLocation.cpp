@@ -32,6 +32,6 @@ void fatalErrorAt(const NSObject& object, const std::string& message) {
     if (location == nullptr) {
         fatalError(name + ": " + message);
     }
-    const std::string what = name + " " + location->element + ": " + message;
+    const std::string what = name + " " + std::string(location->element) + ": " + message;
     fatalError(Finding{Severity::error, *location->file, location->place, what}.describe());
 }

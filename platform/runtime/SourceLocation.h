@@ -5,12 +5,13 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 /// The element of an interface file that an object was made from. All objects of a file share the file's name.
 struct SourceLocation {
     std::shared_ptr<const std::string> file;
     TextPlace place;
-    std::string element; // <label id="abc-de-fgh">
+    std::string_view element; // <label id="abc-de-fgh">; lives as long as `file`
 };
 
 /// Null for objects that no interface file made. Owned by the object.

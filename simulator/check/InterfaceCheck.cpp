@@ -66,7 +66,7 @@ private:
         }
     }
     void warn(const InterfaceElement& element, const std::string& what) {
-        m_findings.push_back(element.failure(what).in(*m_document.path(), Severity::warning));
+        m_findings.push_back(element.failure(what).in(m_document.path(), Severity::warning));
     }
 
     const InterfaceDocument& m_document;

@@ -67,6 +67,7 @@ TEST_F(Nib, ConnectsItsOwnerAndGivesTopLevelObjectsInFileOrder) {
     const auto objects = instantiateObjects(owned, owner);
     ASSERT_TRUE(objects);
     EXPECT_EQ(owner->lblTitle->text(), "T") << "the first of two objects with one id counts";
+    EXPECT_EQ(owner->awakenings, 1) << "not again with the file's objects";
     ASSERT_EQ(objects.value().size(), 2u);
     EXPECT_EQ(classNameOf(*objects.value()[0]) + ", " + classNameOf(*objects.value()[1]), "UILabel, UIButton");
 }

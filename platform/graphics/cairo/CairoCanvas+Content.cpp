@@ -3,7 +3,6 @@
 
 #include "platform/graphics/TextLines.h"
 #include "platform/graphics/UIImage.h"
-#include "platform/graphics/cairo/DeviceGrid.h"
 #include "platform/graphics/cairo/ScaledImages.h"
 
 #include <pango/pangocairo.h>
@@ -16,7 +15,7 @@ namespace {
 constexpr int longestScaledSide = 2048;
 
 int pixelsFor(CGFloat length) {
-    return static_cast<int>(std::clamp<CGFloat>(device::snap(length), 1, longestScaledSide));
+    return static_cast<int>(std::clamp<CGFloat>(wholePixels.snapped(length), 1, longestScaledSide));
 }
 
 } // namespace
@@ -47,8 +46,9 @@ void CairoCanvas::drawImage(const UIImage& image, const CGRect& rect) {
 /// Makes one unit one pixel of the image: on whole pixels of the device when the image has as many as its place there.
 void CairoCanvas::placeImage(const CGRect& rect, const Bitmap& pixels) {
     const CGRect box = toDevice(rect);
-    if (pixels.width() == device::snap(box.size.width) && pixels.height() == device::snap(box.size.height)) {
-        cairo_translate(m_context.get(), device::snap(box.minX()), device::snap(box.minY()));
+    if (pixels.width() == wholePixels.snapped(box.size.width) &&
+        pixels.height() == wholePixels.snapped(box.size.height)) {
+        cairo_translate(m_context.get(), wholePixels.snapped(box.minX()), wholePixels.snapped(box.minY()));
         return;
     }
     const CGPoint origin = m_states.back().origin;
@@ -75,7 +75,7 @@ void CairoCanvas::drawText(const TextLayout& layout, CGPoint origin, const RGBA&
 
 void CairoCanvas::drawLine(const TextLine& line, CGPoint origin, const RGBA& color) {
     const CGPoint place = toDevice(CGPoint{origin.x + line.x, origin.y + line.baseline});
-    const cairo_matrix_t matrix{m_scale, 0, 0, m_scale, device::grid(place.x), device::snap(place.y)};
+    const cairo_matrix_t matrix{m_scale, 0, 0, m_scale, cairoSteps.snapped(place.x), wholePixels.snapped(place.y)};
     cairo_set_matrix(m_context.get(), &matrix);
     cairo_move_to(m_context.get(), 0, 0);
     setColor(color);

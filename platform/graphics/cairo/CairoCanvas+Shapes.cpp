@@ -1,8 +1,6 @@
 // Paths and the shadows they cast.
 #include "platform/graphics/cairo/CairoCanvas.h"
 
-#include "platform/graphics/cairo/DeviceGrid.h"
-
 #include <cairo.h>
 
 #include <algorithm>
@@ -43,9 +41,10 @@ std::optional<CGRect> CairoCanvas::withoutCorners(const CGPath& path) const {
         return std::nullopt;
     }
     const CGRect box = toDevice(shape->rect);
-    const CGRect pixels = device::snap(box);
-    const bool onPixels = device::grid(box.minX()) == pixels.minX() && device::grid(box.maxX()) == pixels.maxX() &&
-                          device::grid(box.minY()) == pixels.minY() && device::grid(box.maxY()) == pixels.maxY();
+    const CGRect pixels = wholePixels.snapped(box);
+    const bool onPixels =
+        cairoSteps.snapped(box.minX()) == pixels.minX() && cairoSteps.snapped(box.maxX()) == pixels.maxX() &&
+        cairoSteps.snapped(box.minY()) == pixels.minY() && cairoSteps.snapped(box.maxY()) == pixels.maxY();
     if (!onPixels || touchesCorner({pixels, shape->radius * m_scale}, clipBounds())) {
         return std::nullopt;
     }

@@ -1,6 +1,5 @@
 #include "platform/graphics/cairo/CairoCanvas.h"
 
-#include "platform/graphics/cairo/DeviceGrid.h"
 #include "platform/graphics/cairo/ScaledImages.h"
 
 #include <cairo.h>
@@ -63,7 +62,7 @@ public:
 
 private:
     [[nodiscard]] CGPoint place(CGPoint point) const {
-        return {device::grid(m_scale * point.x + m_origin.x), device::grid(m_scale * point.y + m_origin.y)};
+        return {cairoSteps.snapped(m_scale * point.x + m_origin.x), cairoSteps.snapped(m_scale * point.y + m_origin.y)};
     }
     void curve(CGPoint control1, CGPoint control2, CGPoint end) {
         cairo_curve_to(m_context, control1.x, control1.y, control2.x, control2.y, end.x, end.y);
@@ -140,7 +139,7 @@ void CairoCanvas::clip(const CGPath& path) {
     if (!bounds.has_value()) {
         cairo_rectangle(m_context.get(), 0, 0, 0, 0);
     } else if (shape.has_value()) {
-        const CGRect box = device::snap(*bounds);
+        const CGRect box = wholePixels.snapped(*bounds);
         cairo_rectangle(m_context.get(), box.minX(), box.minY(), box.size.width, box.size.height);
         if (shape->radius > 0) {
             m_roundedClips.push_back({box, shape->radius * m_scale});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/foundation/PixelGrid.h"
 #include "platform/graphics/Bitmap.h"
 #include "platform/graphics/Canvas.h"
 
@@ -10,6 +11,10 @@
 
 struct _cairo;
 struct TextLine;
+
+/// Where coordinates fall that are in pixels already: on whole ones, or on the steps in which Cairo counts.
+inline constexpr PixelGrid wholePixels{1};
+inline constexpr PixelGrid cairoSteps{256};
 
 /// Draws into a bitmap with Cairo, greyscale antialiased, the same pixels at every run. Text baselines, images and
 /// plain rectangular clips snap to device pixels, so that a picture scrolled by whole pixels is the picture drawn anew.

@@ -44,7 +44,9 @@ std::optional<Value> readColor(const InterfaceElement& attribute, ElementReader&
     if (child == nullptr || child->name != "color") {
         return missing(attribute, reader);
     }
-    return Value(std::shared_ptr<NSObject>(reader.color(*child)));
+    const std::shared_ptr<UIColor> color = reader.color(*child);
+    const bool toldAlready = !color && child->attribute("name") == nullptr;
+    return toldAlready ? std::nullopt : std::optional<Value>(std::shared_ptr<NSObject>(color));
 }
 
 std::optional<Value> readSize(const InterfaceElement& attribute, ElementReader& reader) {
@@ -77,6 +79,16 @@ std::optional<Value> readValue(const InterfaceElement& attribute, ElementReader&
     reader.error(attribute, "values of the type \"" + std::string(type) + "\" are not supported" +
                                 suggestionFrom(type, valueTypes));
     return std::nullopt;
+}
+
+/// What a key does not take although the type is right.
+std::string refusedValue(const Value& value, const InterfaceElement& attribute) {
+    const auto* object = std::get_if<std::shared_ptr<NSObject>>(&value);
+    if (object == nullptr || *object) {
+        return "this value";
+    }
+    const InterfaceElement* color = attribute.keyed("value");
+    return color != nullptr ? "nil; there is no colour \"" + std::string(color->value("name")) + "\"" : "nil";
 }
 
 /// Follows "layer" in "layer.cornerRadius"; `keyPath` keeps the last key. Null after an error.
@@ -125,7 +137,8 @@ void NibBuilder::setAttribute(const InterfaceElement& attribute, const std::shar
     }
     const Acceptance answer = value ? (*setter)(*owner, *value) : Acceptance::accepted;
     if (answer != Acceptance::accepted) {
-        m_reader.error(attribute, "the key \"" + std::string(key) + "\" of " + classNameOf(*owner) + " does not take " +
-                                      (answer == Acceptance::wrongType ? kindOf(*value) : "this value"));
+        m_reader.error(attribute,
+                       "the key \"" + std::string(key) + "\" of " + classNameOf(*owner) + " does not take " +
+                           (answer == Acceptance::wrongType ? kindOf(*value) : refusedValue(*value, attribute)));
     }
 }

@@ -88,6 +88,7 @@ TEST_F(NibErrors, NameConstraintsThatMakeNoSense) {
         R"(<constraint firstAttribute="widht"/> => <constraint>: firstAttribute is "widht", a layout attribute is expected; did you mean width?
 <constraint firstItem="x" firstAttribute="width"/> => <constraint>: firstItem: no object has the id "x"
 <constraint firstItem="w" firstAttribute="top" secondItem="other" secondAttribute="top"/> => <constraint>: the constraint reaches outside the view that holds it
+<constraint firstItem="other" firstAttribute="width"/> => <constraint>: the constraint reaches outside the view that holds it
 <constraint firstAttribute="width" relation="atLeast"/> => <constraint>: relation is "atLeast", one of equal, lessThanOrEqual, greaterThanOrEqual is expected
 <constraint firstAttribute="width" multiplier="1:0"/> => <constraint>: multiplier is "1:0", a number or a ratio is expected
 <constraint firstAttribute="width" priority="1001" id="k"/> => <constraint id="k">: priority is 1001, 1 to 1000 is expected

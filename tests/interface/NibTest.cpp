@@ -14,7 +14,7 @@ const std::string cell = R"(<placeholder placeholderIdentifier="IBFilesOwner" id
   <label id="l" text="A &amp; B" numberOfLines="0" translatesAutoresizingMaskIntoConstraints="NO">
    <fontDescription key="fontDescription" type="system" weight="semibold" pointSize="16"/></label></subviews>
   <constraints><constraint firstItem="l" firstAttribute="leading" secondItem="v" secondAttribute="leadingMargin"
-    multiplier="3:2" priority="999" constant="-4" identifier="edge" id="k"/>
+    multiplier="3:2" priority="999" constant="-4" identifier="edge" userLabel="k"/>
    <constraint firstItem="l" firstAttribute="width" placeholder="YES" constant="7"/></constraints>
   <userDefinedRuntimeAttributes><userDefinedRuntimeAttribute type="number" keyPath="layer.cornerRadius">
    <integer key="value" value="9"/></userDefinedRuntimeAttribute></userDefinedRuntimeAttributes></tableViewCellContentView>

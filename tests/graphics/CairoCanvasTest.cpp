@@ -82,7 +82,9 @@ TEST(CairoCanvasTest, PlainClipsAndImagesSnapToPixels) {
 TEST(CairoCanvasTest, AGroupIsPutDownAsOnePicture) {
     Sheet sheet(10, 10);
     sheet.canvas.beginGroup(0.5);
+    sheet.canvas.save();
     sheet.canvas.fillRect(CGRectMake(0, 0, 8, 10), black);
+    sheet.canvas.restore();
     sheet.canvas.fillRect(CGRectMake(2, 0, 8, 10), black);
     sheet.canvas.restore();
     EXPECT_EQ(sheet.bitmap.pixel(1, 5), sheet.bitmap.pixel(5, 5));

@@ -144,6 +144,10 @@ TEST(TextLayoutTest, PiecesOfALongTextBreakAsTheWholeWould) {
     const int lines = TextLayout::make(body(one, 300))->lineCount();
     one += "\n\n";
     EXPECT_EQ(TextLayout::make(body(one + one + one, 300))->lineCount(), 3 * lines + 3 + 1);
+    const auto hebrew = TextLayout::make(body("שלום " + one, 300)); // a paragraph has the direction of its first word
+    EXPECT_TRUE(hebrew->lines().lines[static_cast<std::size_t>(lines) / 2].rightToLeft);
+    const auto english = TextLayout::make(body("Hello " + repeated("שלום ", 2'000), 300));
+    EXPECT_FALSE(english->lines().lines.back().rightToLeft);
 }
 
 } // namespace

@@ -56,6 +56,7 @@ ConversationHost::~ConversationHost() {
 
 void ConversationHost::activate(const std::shared_ptr<MSMessage>& bubble) {
     m_bubble = bubble;
+    forgetOpenedLink();
     if (!m_controller) {
         open();
     }
@@ -145,6 +146,7 @@ void ConversationHost::close() {
 
 void ConversationHost::linkOpened(const NSURL& url) {
     m_links.push_back({nowInMilliseconds(), url});
+    m_openedLink = url;
     note("link", "opened the link " + url.absoluteString());
     for (const NSURLQueryItem& item : NSURLComponents::componentsWithURL(url).queryItems) {
         note("link item", "    " + item.name + " = " + item.value.value_or("(no value)"));

@@ -46,6 +46,10 @@ public:
     [[nodiscard]] const std::vector<Event>& events() const { return m_events; }
     [[nodiscard]] const std::vector<StyleRequest>& styleRequests() const { return m_styleRequests; }
     [[nodiscard]] const std::vector<OpenedLink>& links() const { return m_links; }
+    /// The link that the phone tells of on its screen: the last one, until a finger touches or the extension is opened
+    /// anew.
+    [[nodiscard]] const std::optional<NSURL>& openedLink() const { return m_openedLink; }
+    void forgetOpenedLink() { m_openedLink.reset(); }
 
     /// Opens the extension, or makes it active once more; `bubble` is the message it is opened from, may be null.
     /// Content begins to load in the next turn.
@@ -91,4 +95,5 @@ private:
     std::vector<Event> m_events;
     std::vector<StyleRequest> m_styleRequests;
     std::vector<OpenedLink> m_links;
+    std::optional<NSURL> m_openedLink;
 };

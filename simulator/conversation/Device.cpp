@@ -34,10 +34,8 @@ CGRect Device::expandedFrame() const {
 
 Result<Device> deviceNamed(const std::string& name) {
     static const std::vector<Device> known{
-        makeDevice("se", {320, 568}, 2),
-        makeDevice("8plus", {414, 736}, 3),
-        makeDevice("15", {393, 852}, 3),
-        makeDevice("15max", {430, 932}, 3),
+        makeDevice("se", {320, 568}, 2), makeDevice("8", {375, 667}, 2),     makeDevice("8plus", {414, 736}, 3),
+        makeDevice("15", {393, 852}, 3), makeDevice("15max", {430, 932}, 3),
     };
     std::vector<std::string> names;
     for (const Device& device : known) {
@@ -56,5 +54,5 @@ Result<Device> deviceNamed(const std::string& name) {
         return makeDevice(name, {static_cast<CGFloat>(width), static_cast<CGFloat>(height)}, scale);
     }
     return Failure{"unknown device '" + name + "'" + suggestion(name, names) +
-                   " (se, 8plus, 15, 15max, or a size such as 390x844@3, from 100 points and scale 1 to 3)"};
+                   " (se, 8, 8plus, 15, 15max, or a size such as 390x844@3, from 100 points and scale 1 to 3)"};
 }

@@ -17,5 +17,5 @@ struct Device {
     [[nodiscard]] CGRect expandedFrame() const;
 };
 
-/// "se", "8plus", "15", "15max", or a size such as "390x844@3".
+/// "se", "8", "8plus", "15", "15max", or a size such as "390x844@3".
 [[nodiscard]] Result<Device> deviceNamed(const std::string& name);

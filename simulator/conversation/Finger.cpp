@@ -4,6 +4,9 @@
 #include "simulator/conversation/ConversationHost.h"
 
 void Finger::report(const std::shared_ptr<UITouch>& touch) {
+    if (touch->phase() == UITouchPhase::began) {
+        m_host.forgetOpenedLink();
+    }
     const auto event = std::make_shared<UIEvent>(TouchSet{touch});
     m_host.window().sendEvent(*event);
     m_host.settle();

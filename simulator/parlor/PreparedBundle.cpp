@@ -20,7 +20,7 @@ void addBundleOptions(CLI::App& command, BundleOptions& options) {
 void addDeviceOption(CLI::App& command, BundleOptions& options) {
     command
         .add_option("--device", options.device,
-                    "se, 8plus, 15, 15max, or a size such as 390x844@3 (default: the flow's own, or 15)")
+                    "se, 8, 8plus, 15, 15max, or a size such as 390x844@3 (default: the flow's own, or 15)")
         ->type_name("NAME");
 }
 

@@ -35,6 +35,11 @@ std::shared_ptr<UIColor> systemColor(const char* name) {
     return color;
 }
 
+std::shared_ptr<UIColor> quietColor() {
+    static const auto color = UIColor::dynamicColor({0.36, 0.36, 0.39, 1}, {0.68, 0.68, 0.71, 1});
+    return color;
+}
+
 std::shared_ptr<UIView> area(const CGRect& frame, const std::shared_ptr<UIColor>& color, CGFloat radius) {
     auto view = std::make_shared<UIView>(frame);
     view->setBackgroundColor(color);

@@ -6,6 +6,8 @@
 
 // The views that the conversation around the extension is put together from.
 
+class NSURL;
+
 /// A glyph drawn with one colour: filled shapes and stroked lines, in the view's coordinates.
 class GlyphView : public UIView {
 public:
@@ -23,6 +25,8 @@ private:
 
 /// A colour of the platform by its property name, "labelColor"; stops the program when there is none.
 [[nodiscard]] std::shared_ptr<UIColor> systemColor(const char* name);
+/// For names and hints: less than the label's colour, and readable (4.5:1) on every ground of the conversation.
+[[nodiscard]] std::shared_ptr<UIColor> quietColor();
 /// A plain area; with a radius, rounded.
 [[nodiscard]] std::shared_ptr<UIView> area(const CGRect& frame, const std::shared_ptr<UIColor>& color,
                                            CGFloat radius = 0);
@@ -36,3 +40,5 @@ void centre(UIView& view, CGPoint middle);
 [[nodiscard]] std::shared_ptr<UIView> makeStatusBar(const Device& device);
 /// The latest messages of a quiet conversation, the newest at the bottom; as many as fit as a whole.
 [[nodiscard]] std::shared_ptr<UIView> makeTranscript(const CGRect& frame);
+/// What the phone shows while a link is opened: where it leads and what it says, on a card at the top of the screen.
+[[nodiscard]] std::shared_ptr<UIView> makeHandOverCard(const Device& device, const NSURL& link);

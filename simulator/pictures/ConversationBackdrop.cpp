@@ -35,7 +35,7 @@ std::shared_ptr<UIView> makePeople(CGPoint middle) {
     constexpr CGFloat diameter = 36;
     constexpr CGFloat gap = 8;
     const auto name = caption("Friday Crew", 17, UIFontWeight::semibold, systemColor("labelColor"));
-    const auto count = caption("Mia, Theo and you", 11, UIFontWeight::regular, systemColor("secondaryLabelColor"));
+    const auto count = caption("Mia, Theo and you", 11, UIFontWeight::regular, quietColor());
     const auto picture = area(CGRectMake(0, 0, diameter, diameter), systemColor("systemIndigoColor"), diameter / 2);
     const auto initials = caption("FC", 13, UIFontWeight::semibold, UIColor::whiteColor());
     centre(*initials, {diameter / 2, diameter / 2});
@@ -68,7 +68,7 @@ std::shared_ptr<UIView> makeInputRow(const Device& device, CGFloat top) {
     const auto field = area(CGRectMake(56, 8, width - 56 - 16, 36), systemColor("systemBackgroundColor"), 18);
     field->layer()->setBorderWidth(1);
     field->layer()->setBorderColor(systemColor("systemGray4Color"));
-    const auto prompt = caption("Message", 17, UIFontWeight::regular, systemColor("placeholderTextColor"));
+    const auto prompt = caption("Message", 17, UIFontWeight::regular, quietColor());
     prompt->setFrame(prompt->bounds().offsetBy(14, (36 - prompt->bounds().size.height) / 2));
     field->addSubview(prompt);
     row->addSubview(field);
@@ -97,7 +97,8 @@ std::shared_ptr<UIView> makeHomeIndicator(const Device& device) {
 
 } // namespace
 
-ConversationBackdrop makeConversation(const Device& device, MSMessagesAppPresentationStyle style) {
+ConversationBackdrop makeConversation(const Device& device, MSMessagesAppPresentationStyle style,
+                                      const std::optional<NSURL>& openedLink) {
     const bool expanded = style == MSMessagesAppPresentationStyle::expanded;
     const CGFloat width = device.size.width;
     const CGFloat barTop = device.safeArea.top;
@@ -116,5 +117,5 @@ ConversationBackdrop makeConversation(const Device& device, MSMessagesAppPresent
     } else {
         screen->addSubview(makeHairline(device, barBottom - 1.0 / device.scale));
     }
-    return {screen, makeHomeIndicator(device)};
+    return {screen, openedLink ? makeHandOverCard(device, *openedLink) : nullptr, makeHomeIndicator(device)};
 }

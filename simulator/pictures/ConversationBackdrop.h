@@ -1,7 +1,10 @@
 #pragma once
 
+#include "platform/foundation/NSURL.h"
 #include "platform/messages/MSMessagesAppViewController.h"
 #include "simulator/conversation/Device.h"
+
+#include <optional>
 
 class UIView;
 
@@ -9,7 +12,9 @@ class UIView;
 /// between the two layers.
 struct ConversationBackdrop {
     std::shared_ptr<UIView> behind;
+    std::shared_ptr<UIView> card;  // tells of the link that is being opened; null when none is
     std::shared_ptr<UIView> above; // the home indicator; null on devices without one
 };
 
-[[nodiscard]] ConversationBackdrop makeConversation(const Device& device, MSMessagesAppPresentationStyle style);
+[[nodiscard]] ConversationBackdrop makeConversation(const Device& device, MSMessagesAppPresentationStyle style,
+                                                    const std::optional<NSURL>& openedLink);

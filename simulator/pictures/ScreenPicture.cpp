@@ -40,7 +40,7 @@ Bitmap takePicture(ConversationHost& host, PictureExtent extent, std::optional<i
     canvas.translate(-shown.minX(), -shown.minY());
     canvas.fillRect(shown, systemColor("systemBackgroundColor")->resolved(style));
     ViewPainter painter(canvas, style);
-    const ConversationBackdrop conversation = makeConversation(host.device(), host.style());
+    const ConversationBackdrop conversation = makeConversation(host.device(), host.style(), host.openedLink());
     if (whole) {
         painter.paint(*conversation.behind, shown);
     }
@@ -48,6 +48,9 @@ Bitmap takePicture(ConversationHost& host, PictureExtent extent, std::optional<i
     canvas.clipRect(window.frame());
     painter.paint(window, window.frame());
     canvas.restore();
+    if (whole && conversation.card) {
+        painter.paint(*conversation.card, shown);
+    }
     if (whole && conversation.above) {
         conversation.above->setBackgroundColor(contrastingColor(bitmap, conversation.above->frame(), scale));
         painter.paint(*conversation.above, shown);

@@ -35,7 +35,7 @@ std::shared_ptr<UIView> makeRow(const Message& message, CGFloat width) {
     auto row = std::make_shared<UIView>();
     CGFloat top = 0;
     if (!mine) {
-        const auto name = caption(message.from, 11, UIFontWeight::regular, systemColor("secondaryLabelColor"));
+        const auto name = caption(message.from, 11, UIFontWeight::regular, quietColor());
         name->setFrame(name->bounds().offsetBy(edge + paddingX, 0));
         top = name->frame().maxY() + 2;
         row->addSubview(name);
@@ -64,7 +64,7 @@ std::shared_ptr<UIView> makeTranscript(const CGRect& frame) {
         transcript->addSubview(row);
         bottom -= height + betweenPeople;
     }
-    const auto day = caption("Today 9:38", 11, UIFontWeight::medium, systemColor("secondaryLabelColor"));
+    const auto day = caption("Today 9:38", 11, UIFontWeight::medium, quietColor());
     if (bottom - day->bounds().size.height >= betweenPeople) {
         centre(*day, {frame.size.width / 2, bottom - day->bounds().size.height / 2 - 4});
         transcript->addSubview(day);

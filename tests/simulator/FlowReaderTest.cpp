@@ -66,9 +66,9 @@ TEST(FlowReaderTest, ReportsWhatIsWrongWithItsPlace) {
         {"- openBubble: {url: \"https://example.com\"}\n", "1:15: error: 'from' is missing here"},
         {"- receiveMessage: {from: A, url: a b}\n", "1:34: error: 'a b' is not a link"},
         {"- resign: now\n", "1:11: error: this command takes no value"},
-        {"device: 15mx\n---\n- launchApp\n",
-         "1:9: error: unknown device '15mx'; did you mean 15max? (se, 8plus, 15, 15max, or a size such as 390x844@3, "
-         "from 100 points and scale 1 to 3)"},
+        {"device: 15mx\n---\n- launchApp\n", "1:9: error: unknown device '15mx'; did you mean 15max? (se, 8, 8plus, "
+                                             "15, 15max, or a size such as 390x844@3, "
+                                             "from 100 points and scale 1 to 3)"},
         {"resource: {name: a.json}\n---\n- launchApp\n", "1:11: error: 'file' is missing here"},
     };
     for (const auto& [text, problem] : cases) {

@@ -57,6 +57,11 @@ std::optional<Failure> tapPlace(FlowPlayer& player, const FlowPoint& place) {
     return std::nullopt;
 }
 
+/// For scrolling the finger keeps clear of what stands above a list.
+Stroke strokeThatScrolls(const std::string& direction) {
+    return direction == "DOWN" ? Stroke{{50, 35, true}, {50, 90, true}} : strokeTowards(direction);
+}
+
 /// What a scroll can change; equal before and after when the end is reached.
 std::string look(FlowPlayer& player) {
     return describeTree(player.host().window(), TreeDetail::stable);
@@ -70,7 +75,7 @@ std::optional<Failure> scrollTo(FlowPlayer& player, const Selector& selector, co
             return std::nullopt;
         }
         const std::string before = look(player);
-        drag(player, strokeTowards(direction));
+        drag(player, strokeThatScrolls(direction));
         if (look(player) == before) {
             return element ? std::nullopt : std::optional(player.missing(selector));
         }

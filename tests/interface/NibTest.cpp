@@ -2,6 +2,8 @@
 #include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controls/UIButton.h"
 #include "platform/uikit/controls/UIImageView.h"
+#include "platform/uikit/controls/UIScrollView.h"
+#include "platform/uikit/window/UITouch.h"
 #include "tests/interface/InterfaceFixture.h"
 
 namespace {
@@ -48,6 +50,18 @@ TEST_F(Nib, MakesACellWithItsContentAndConstraintsConnectedAndAwakensIt) {
               std::tuple(LayoutGuide::view, LayoutGuide::margins, LayoutAttribute::leading));
     EXPECT_EQ(std::tuple(constraint.multiplier(), constraint.constant(), constraint.priority()),
               std::tuple(1.5, -4.0, 999.0F));
+}
+
+TEST_F(Nib, LetsNoFingerScrollWhereTheDocumentSaysSo) {
+    for (const auto& [enabled, offset] : {std::pair("YES", 100), std::pair("NO", 0)}) {
+        const auto view = first<UIScrollView>("<scrollView scrollEnabled=\"" + std::string(enabled) + "\"/>");
+        view->setContentSize({0, 500});
+        const auto finger = std::make_shared<UITouch>(CGPoint{0, 100});
+        view->touchesBeganWithEvent({finger}, nullptr);
+        finger->moveTo({0, 0}, UITouchPhase::moved);
+        view->touchesMovedWithEvent({finger}, nullptr);
+        EXPECT_EQ(view->contentOffset().y, offset);
+    }
 }
 
 TEST_F(Nib, ReadsAFileAgainThatHasChanged) {

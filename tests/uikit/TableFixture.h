@@ -16,40 +16,27 @@
 namespace support {
 
 /// As tall as its area needs at a width, like a text that wraps.
-class Filling : public UIView {
-public:
-    using UIView::UIView;
-
-    void setArea(double area) {
-        m_area = area;
-        invalidateIntrinsicContentSize();
-    }
-    [[nodiscard]] CGSize intrinsicContentSize() const override { return {noIntrinsicMetric, m_area / 1000}; }
+struct Filling : UIView {
+    [[nodiscard]] CGSize intrinsicContentSize() const override { return {noIntrinsicMetric, area / 1000}; }
     [[nodiscard]] CGSize intrinsicContentSizeForWidth(CGFloat width) const override {
-        return {noIntrinsicMetric, std::ceil(m_area / width)};
+        return {noIntrinsicMetric, std::ceil(area / width)};
     }
-
-private:
-    double m_area = 0;
+    double area = 0;
 };
 
-class ListCell : public UITableViewCell {
-public:
+struct ListCell : UITableViewCell {
     ListCell() : UITableViewCell(UITableViewCellStyle::standard, "") {
-        const auto content = contentView();
-        content->addSubview(m_filling);
-        m_filling->setTranslatesAutoresizingMaskIntoConstraints(false);
-        tieEdges(m_filling, content);
+        contentView()->addSubview(filling);
+        filling->setTranslatesAutoresizingMaskIntoConstraints(false);
+        tieEdges(filling, contentView());
     }
     void show(NSIndexPath path, double area) {
         shown = path;
-        m_filling->setArea(area);
+        filling->area = area;
+        filling->invalidateIntrinsicContentSize();
     }
-
     NSIndexPath shown;
-
-private:
-    std::shared_ptr<Filling> m_filling = std::make_shared<Filling>();
+    std::shared_ptr<Filling> filling = std::make_shared<Filling>();
 };
 
 class ListNib : public UINib {

@@ -26,7 +26,6 @@ void expectTiling(const ListOnScreen& screen) {
         EXPECT_EQ(frame.size.width, width);
         if (cell != nullptr) {
             EXPECT_EQ(frame, table.rectForRowAtIndexPath(cell->shown));
-            EXPECT_EQ(table.cellForRowAtIndexPath(cell->shown).get(), cell);
             EXPECT_NEAR(frame.size.height, std::ceil(screen.list->area(cell->shown) / width), 1.0 / 3);
             EXPECT_EQ(cell->contentView()->frame(), (CGRect{{}, frame.size}));
         }
@@ -85,8 +84,6 @@ TEST(UITableView, JumpsNowhereWhenRowsAboveTurnOutTallerOrShorter) {
     EXPECT_NEAR(placeOnScreen(first), place + 200, 1e-6) << "follows the finger";
     screen.scrollTo(1e9);
     EXPECT_EQ(screen.table->indexPathsForVisibleRows().back(), (NSIndexPath{3, 4999}));
-    EXPECT_NEAR(screen.table->bounds().maxY(), screen.table->contentSize().height, 1e-6);
-    EXPECT_FALSE(screen.window->needsLayout());
 }
 
 TEST(UITableView, MeasuresItsRowsAgainForANewWidthAndKeepsTheTopRowInPlace) {
@@ -136,10 +133,10 @@ TEST(UITableView, AsksForAHeaderOnceWhileItIsSeenAndDropsItWhenItLeaves) {
     EXPECT_EQ(screen.list->asked["header"], 3);
     ListOnScreen collapsed({4});
     collapsed.list->headerHeight = [](int) { return 2.2250738585072014e-308; };
-    collapsed.list->height = [](NSIndexPath) { return 69.0; };
+    collapsed.list->area = [](NSIndexPath) { return 0; };
+    collapsed.list->height = [](NSIndexPath path) { return path.row == 0 ? UITableViewAutomaticDimension : 69; };
     collapsed.layout();
-    EXPECT_EQ(collapsed.table->contentSize(), (CGSize{320, 4 * 69.0 + 20}));
-    EXPECT_EQ(collapsed.table->cellForRowAtIndexPath({0, 3})->frame(), (CGRect{{0, 3 * 69.0}, {320, 69}}));
+    EXPECT_EQ(collapsed.table->contentSize(), (CGSize{320, 44 + 3 * 69 + 20}));
     EXPECT_EQ(collapsed.list->asked["header"], 0);
 }
 
@@ -154,10 +151,17 @@ TEST(UITableView, ReloadsWithFreshCountsAndKeepsTheOffsetAsFarAsItCan) {
         return screen.table->contentOffset().y;
     };
     EXPECT_LT(screen.table->contentSize().height, 30 + 50 * 60 + 20);
-    EXPECT_EQ(reload({50}), 600);
+    screen.list->during = [&](const std::string& callback, UITableView& table) {
+        if (callback == "header height" && screen.list->asked[callback] == 2) {
+            table.reloadData();
+        }
+    };
+    EXPECT_EQ(reload({50}), 600) << "although it reloads while it is counted";
     EXPECT_EQ(screen.table->contentSize().height, 30 + 50 * 60 + 20) << "learns from the rows seen before";
     EXPECT_EQ(reload({10}), 30 + 10 * 60 + 20 - 480);
     EXPECT_EQ(screen.table->indexPathsForVisibleRows().back(), (NSIndexPath{0, 9}));
+    screen.list->area = [](NSIndexPath) { return 320.0 * 90; };
+    EXPECT_EQ(reload({10}), 170) << "also at the end of what turns out longer";
     EXPECT_EQ(reload({}), 0);
     EXPECT_TRUE(screen.table->subviews().empty());
     EXPECT_LE(screen.nib->made, 10) << "reloading uses the cells again";
@@ -169,12 +173,14 @@ TEST(UITableView, HighlightsTheRowUnderTheFingerAndChoosesItOnce) {
     const auto cell = screen.table->cellForRowAtIndexPath({0, 1});
     const auto finger = screen.touchDown({100, 100});
     EXPECT_TRUE(cell->isHighlighted() && !cell->isSelected());
-    screen.move(finger, {104, 96});
     screen.lift(finger, {104, 96});
     EXPECT_TRUE(!cell->isHighlighted() && cell->isSelected());
     screen.tap({100, 200});
     EXPECT_FALSE(cell->isSelected());
     screen.tap({100, 200});
+    const auto dragging = screen.touchDown({100, 100});
+    screen.move(dragging, {100, 80});
+    screen.lift(dragging, {100, 80});
     EXPECT_EQ(screen.list->selections, (std::vector<NSIndexPath>{{0, 1}, {0, 2}, {0, 2}}));
     screen.scrollTo(3000);
     for (const auto& visible : screen.table->visibleCells()) {
@@ -188,6 +194,7 @@ TEST(UITableView, ChoosesNothingByDragsCancelledTouchesAndHeaders) {
     ListOnScreen screen({200});
     screen.layout();
     screen.tap({100, 10});
+    screen.lift(screen.touchDown({100, 88}), {100, 95}); // from one row to the next
     const auto cell = screen.table->cellForRowAtIndexPath({0, 3});
     for (const UITouchPhase phase : {UITouchPhase::cancelled, UITouchPhase::moved}) {
         const auto finger = screen.touchDown({100, 240});

@@ -86,7 +86,6 @@ const TableRows::MeasuredRow& TableRows::lastMeasured(Condition condition) const
 bool TableRows::layOut(TableWindow& window, const Measure& measure) {
     dropWhatLeft(window);
     const Pixels line = m_shown.empty() ? anchorOf(window) : m_shown.back().bottom();
-    window.anchor.reset();
     return layOutBelow(line, window, measure) &&
            layOutAbove(m_shown.empty() ? line : m_shown.front().top, window, measure);
 }

@@ -30,21 +30,22 @@ std::shared_ptr<UITableViewCell> cellFromNib(UINib& nib, const std::string& iden
 } // namespace
 
 void UITableView::layoutSubviews() {
-    const std::shared_ptr<UITableView> self = strong(this); // a callback may drop the screen
     UIView::layoutSubviews(); // not the scroll view's: how far the content reaches is only known below
     if (m_layingOut) {
         return;
     }
     m_layingOut = true;
-    const bool upToDate = layoutRows() || layoutRows(); // once more when a callback reloaded the table
-    m_layingOut = false;
-    if (!upToDate) {
+    if (!layoutRows()) {
         setNeedsLayout();
     }
+    m_layingOut = false;
 }
 
 bool UITableView::layoutRows() {
     const std::shared_ptr<TableRows> rows = this->rows();
+    if (rows != m_source.rows()) {
+        return false; // reloaded while they were counted
+    }
     TableWindow window;
     window.top = pixelPlace(contentOffset().y);
     window.height = std::clamp<Pixels>(pixelsToHold(bounds().size.height), 0, tallestWindow);

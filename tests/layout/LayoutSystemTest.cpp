@@ -12,7 +12,7 @@
 namespace {
 
 /// A layout written as lines of text, so that a test reads like the screen it is about:
-///     item label size 80 20 hug 251 resist 749 baseline 15
+///     item label size 80 20 hug 251 resist 749 baseline 15 35
 ///     item root frame 0 0 320 100
 ///     item child in root frame 5 5 10 10
 ///     label.left = root.left + 16; label.top = root.top
@@ -61,7 +61,7 @@ private:
     void addItem(const std::string& line) {
         static const std::regex pattern(
             R"(item (\w+)(?: in (\w+))?(?: frame (\S+) (\S+) (\S+) (\S+))?)"
-            R"((?: size (\S+) (\S+))?(?: hug (\S+))?(?: resist (\S+))?(?: baseline (\S+))?)");
+            R"((?: size (\S+) (\S+))?(?: hug (\S+))?(?: resist (\S+))?(?: baseline (\S+) (\S+))?)");
         std::smatch part;
         ASSERT_TRUE(std::regex_match(line, part, pattern)) << line;
         const auto number = [&](int index) { return std::stod(part.str(static_cast<std::size_t>(index))); };
@@ -78,7 +78,8 @@ private:
         item.horizontalHugging = item.verticalHugging = part[9].matched ? number(9) : 250;
         item.horizontalCompressionResistance = item.verticalCompressionResistance = part[10].matched ? number(10) : 750;
         if (part[11].matched) {
-            item.firstBaseline = item.lastBaseline = number(11);
+            item.firstBaseline = number(11);
+            item.lastBaseline = number(12);
         }
         m_indices[item.name] = static_cast<int>(m_items.size());
         m_items.push_back(item);
@@ -157,27 +158,30 @@ std::string labels(int count, Below below) {
     for (int row = 0; row < count; ++row) {
         const std::string name = "r" + std::to_string(row);
         const std::string above = row > 0 ? "r" + std::to_string(row - 1) + ".bottom + 4" : "root.top + 4";
-        text += ";item " + name + " size " + std::to_string(100 + row * 2) + " 20;" + name + ".height >= 24;" + name +
+        text += ";item " + name + " size " + std::to_string(100 + row * 2) + " 20;" + name +
                 ".top = " + (below == Below::root ? "root.top + " + std::to_string(24 * row) : above) + ";" + name +
                 ".left = root.left + 16;" + name + ".right <= root.right - 16";
     }
     return text;
 }
 
-/// How much more work the solver has with 200 labels than with 20.
-double growth(Below below, const std::string& more = "") {
-    const auto work = [&](int count) { return static_cast<double>(Layout(labels(count, below) + more).result.work); };
+/// How much more work the solver has with 200 labels than with 20, the last of which is constrained further.
+double growth(Below below, const std::string& last) {
+    const auto work = [&](int count) {
+        const std::string end = ";r" + std::to_string(count - 1) + last;
+        return static_cast<double>(Layout(labels(count, below) + end).result.work);
+    };
     return work(200) / work(20);
 }
 
 TEST(LayoutCostTest, LabelsThatHaveNothingToDoWithEachOtherCostWhatEachCosts) {
-    EXPECT_LT(growth(Below::root), 10.1);
-    EXPECT_LT(growth(Below::root, ";r3.width = 5;r3.width = 6"), 10.1);
+    EXPECT_LT(growth(Below::root, ".height = 20"), 10.1);
+    EXPECT_LT(growth(Below::root, ".height = 20;r0.width = 500"), 10.1) << "a contradiction";
 }
 
 TEST(LayoutCostTest, AChainCostsLessThanTheCubeOfItsLength) {
-    EXPECT_LT(growth(Below::oneAnother), 100);
-    EXPECT_LT(growth(Below::oneAnother, ";r19.bottom <= 300;r19.height = 900 @300"), 100);
+    EXPECT_LT(growth(Below::oneAnother, ".height = 20"), 60);
+    EXPECT_LT(growth(Below::oneAnother, ".bottom = root.bottom"), 120);
 }
 
 TEST(LayoutOddInputTest, HugeNumbersGiveFiniteFrames) {
@@ -223,11 +227,11 @@ const std::vector<Screen> screens{
      {{"button", "15 26 30 40"}, {"hint", "45 66 275 154"}}},
     {"BaselinesLineUpAndFallBackToTheBottomEdge",
      R"(item root frame 0 0 320 100
-        item title size 80 30 baseline 24; item detail size 40 16 baseline 12; item icon size 20 20
+        item title size 80 30 baseline 10 24; item detail size 40 16 baseline 12 14; item icon size 20 20
         title.left = root.left; title.top = root.top + 10
         detail.left = title.right; detail.firstBaseline = title.lastBaseline
         icon.left = detail.right; icon.lastBaseline = title.firstBaseline)",
-     {{"detail", "80 22 40 16"}, {"icon", "120 14 20 20"}}},
+     {{"detail", "80 22 40 16"}, {"icon", "120 0 20 20"}}},
     {"InequalitiesLimitWhatLowerPrioritiesWant",
      R"(item root frame 0 0 600 100; item column
         column.centerX = root.centerX; column.width <= 400; column.width = root.width @999
@@ -257,9 +261,9 @@ const std::vector<Screen> screens{
      {{"a", "0 0 60 1"}}},
     {"ContradictionNamesTheConstraintsInvolvedAndNoOthers",
      R"(item root frame 0 0 320 100; item a; a.top = root.top; a.height = 20
-        a.left = root.left + 10; a.right = root.right - 10; a.width = 50)",
+        a.left = 10; a.right = root.right - 10; a.width = 50)",
      {{"a", "10 0 300 20"}},
-     {"a.width = 50" + contradicts + "root frame, a.left = root.left + 10, a.right = root.right - 10"}},
+     {"a.width = 50" + contradicts + "root frame, a.left = 10, a.right = root.right - 10"}},
     {"ContradictingInequalityIsLeftOutAndTheRestStillHolds",
      R"(item root frame 0 0 320 100; item a; item b
         a.top = root.top; a.height >= 20; a.left = root.left; a.width >= 200
@@ -284,11 +288,15 @@ const std::vector<Screen> screens{
         between.top = root.top; between.height = 10)",
      {{"placed", "150 20 40 20"}, {"sized", "10 20 30 10"}, {"between", "15 20 50 10"}},
      {"placed: y", "sized: width", "between: x"}},
+    {"OpenSizesAreZeroAndOnlyThenArePositions",
+     "item a; a.right = 100; a.top = 3; a.height = 4; item b frame 0 0 -5 7",
+     {{"a", "100 3 0 4"}, {"b", "0 0 0 7"}},
+     {"a: x width"}},
     {"InequalitiesThatLeaveOnePointAreNoAmbiguity",
      R"(item a; item b; a.top = 0; a.height = 1; b.top = 0; b.height = 1
         a.left >= 10; b.left >= a.right; b.right <= 30; a.width >= 12; b.width >= 8)",
      {{"a", "10 0 12 1"}, {"b", "22 0 8 1"}}},
-    {"LongListOfLabels", labels(200, Below::oneAnother), {{"r10", "16 284 120 24"}, {"r199", "16 5576 288 24"}}},
+    {"LongListOfLabels", labels(200, Below::oneAnother), {{"r10", "16 244 120 20"}, {"r199", "16 4780 288 20"}}},
     {"NamesOfNothingAreReportedAndIgnored",
      "item a frame 1 2 3 4; ghost.left = 5; a.left = ghost.right; a.depth = 6",
      {{"a", "1 2 3 4"}},

@@ -1,7 +1,6 @@
 #include "platform/layout/LayoutRows.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <initializer_list>
 #include <utility>
@@ -27,27 +26,6 @@ double within(double value, double limit) {
 bool areFinite(std::initializer_list<double> numbers) {
     return std::all_of(numbers.begin(), numbers.end(), [](double number) { return std::isfinite(number); });
 }
-
-/// An attribute as so many times the position and so many times the size along an axis; in the order of the attributes.
-struct Measure {
-    LayoutAxis axis;
-    double positions;
-    double sizes;
-};
-constexpr std::array<Measure, 13> measures{{{horizontal, 1, 0},
-                                            {horizontal, 1, 1},
-                                            {vertical, 1, 0},
-                                            {vertical, 1, 1},
-                                            {horizontal, 1, 0},
-                                            {horizontal, 1, 1},
-                                            {horizontal, 0, 1},
-                                            {vertical, 0, 1},
-                                            {horizontal, 1, 0.5},
-                                            {vertical, 1, 0.5},
-                                            {vertical, 1, 1},
-                                            {vertical, 1, 1},
-                                            {horizontal, 0, 0}}};
-static_assert(static_cast<std::size_t>(LayoutAttribute::notAnAttribute) + 1 == measures.size());
 
 } // namespace
 
@@ -145,18 +123,18 @@ const char* LayoutRows::whyUnusable(const LayoutConstraint& constraint) const {
 
 /// Below the item's top. Nothing where it is the bottom edge, and for other attributes.
 std::optional<CGFloat> LayoutRows::baselineOf(int item, LayoutAttribute attribute) const {
-    const bool isFirst = attribute == LayoutAttribute::firstBaseline;
-    if (item < 0 || (!isFirst && attribute != LayoutAttribute::lastBaseline)) {
+    if (item < 0 || !isBaseline(attribute)) {
         return std::nullopt;
     }
-    return isFirst ? m_items[at(item)].firstBaseline : m_items[at(item)].lastBaseline;
+    const LayoutItem& source = m_items[at(item)];
+    return attribute == LayoutAttribute::firstBaseline ? source.firstBaseline : source.lastBaseline;
 }
 
 void LayoutRows::addAttribute(LinearExpression& expression, int item, LayoutAttribute attribute, double factor) const {
     if (item < 0) {
         return;
     }
-    const auto& [axis, positions, sizes] = measures.at(static_cast<std::size_t>(attribute));
+    const auto [axis, positions, sizes] = measureOf(attribute);
     const std::optional<CGFloat> baseline = baselineOf(item, attribute);
     expression.add(position(item, axis), factor * positions);
     expression.add(size(item, axis), baseline ? 0 : factor * sizes);

@@ -6,8 +6,6 @@
 #include <string>
 #include <vector>
 
-enum class LayoutAxis { horizontal = 0, vertical = 1 };
-
 /// One linear requirement or wish over the items' variables.
 struct LayoutRow {
     LinearExpression expression;

@@ -4,6 +4,7 @@
 #include "platform/layout/Simplex.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -184,6 +185,24 @@ void LayoutSolver::placeFrames() {
 }
 
 } // namespace
+
+LayoutMeasure measureOf(LayoutAttribute attribute) {
+    static constexpr std::array<LayoutMeasure, 13> measures{{{horizontal, 1, 0},
+                                                             {horizontal, 1, 1},
+                                                             {vertical, 1, 0},
+                                                             {vertical, 1, 1},
+                                                             {horizontal, 1, 0},
+                                                             {horizontal, 1, 1},
+                                                             {horizontal, 0, 1},
+                                                             {vertical, 0, 1},
+                                                             {horizontal, 1, 0.5},
+                                                             {vertical, 1, 0.5},
+                                                             {vertical, 1, 1},
+                                                             {vertical, 1, 1},
+                                                             {horizontal, 0, 0}}};
+    static_assert(static_cast<std::size_t>(LayoutAttribute::notAnAttribute) + 1 == measures.size());
+    return measures.at(static_cast<std::size_t>(attribute));
+}
 
 LayoutResult solveLayout(const std::vector<LayoutItem>& items, const std::vector<LayoutConstraint>& constraints) {
     return LayoutSolver(items, constraints).solve();

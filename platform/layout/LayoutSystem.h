@@ -27,6 +27,20 @@ enum class LayoutAttribute {
     notAnAttribute
 };
 
+enum class LayoutAxis { horizontal = 0, vertical = 1 };
+
+/// An attribute as so many times the position and so many times the size along an axis. A baseline counts as the bottom
+/// edge, no attribute as nothing.
+struct LayoutMeasure {
+    LayoutAxis axis;
+    double positions;
+    double sizes;
+};
+[[nodiscard]] LayoutMeasure measureOf(LayoutAttribute attribute);
+[[nodiscard]] constexpr bool isBaseline(LayoutAttribute attribute) {
+    return attribute == LayoutAttribute::firstBaseline || attribute == LayoutAttribute::lastBaseline;
+}
+
 enum class LayoutRelation { lessThanOrEqual = -1, equal = 0, greaterThanOrEqual = 1 };
 
 /// A rectangle to be placed. Width and height are never negative.

@@ -32,38 +32,17 @@ UIEdgeInsets sum(const UIEdgeInsets& one, const UIEdgeInsets& other) {
     return {one.top + other.top, one.left + other.left, one.bottom + other.bottom, one.right + other.right};
 }
 
-/// How far a guide's edge, centre or length lies from the view's own.
+/// How far a guide's edge, centre or length lies from the view's own; a guide has the view's baselines.
 CGFloat guideOffset(const UIView& view, const LayoutEnd& end) {
-    if (end.guide == LayoutGuide::view) {
+    if (end.guide == LayoutGuide::view || isBaseline(end.attribute)) {
         return 0;
     }
     const UIEdgeInsets safe = view.safeAreaInsets();
     const UIEdgeInsets insets = end.guide == LayoutGuide::safeArea ? safe : sum(view.layoutMargins(), safe);
-    switch (end.attribute) {
-    case LayoutAttribute::left:
-    case LayoutAttribute::leading:
-        return insets.left;
-    case LayoutAttribute::right:
-    case LayoutAttribute::trailing:
-        return -insets.right;
-    case LayoutAttribute::top:
-        return insets.top;
-    case LayoutAttribute::bottom:
-        return -insets.bottom;
-    case LayoutAttribute::width:
-        return -insets.left - insets.right;
-    case LayoutAttribute::height:
-        return -insets.top - insets.bottom;
-    case LayoutAttribute::centerX:
-        return (insets.left - insets.right) / 2;
-    case LayoutAttribute::centerY:
-        return (insets.top - insets.bottom) / 2;
-    case LayoutAttribute::firstBaseline:
-    case LayoutAttribute::lastBaseline:
-    case LayoutAttribute::notAnAttribute:
-        break;
-    }
-    return 0;
+    const auto [axis, positions, sizes] = measureOf(end.attribute);
+    const CGFloat before = axis == LayoutAxis::horizontal ? insets.left : insets.top;
+    const CGFloat after = axis == LayoutAxis::horizontal ? insets.right : insets.bottom;
+    return positions * before - sizes * (before + after);
 }
 
 } // namespace
@@ -79,25 +58,15 @@ bool ViewSystem::update() {
     if (!m_changed || isEmpty) {
         return false;
     }
-    if (!m_measuresContent) {
-        findGivenWidths();
-    }
-    for (int count = 0; count < maximumSolves && m_changed; ++count) {
+    // Before anything is measured, the surroundings alone may give a text its width: it is laid out for that only.
+    for (int count = m_measuresContent ? 1 : 0; count <= maximumSolves && m_changed; ++count) {
         m_result = solveLayout(m_items, m_constraints);
         rememberSizes();
+        m_measuresContent = true;
         m_changed = refreshItems();
     }
     m_changed = false;
     return true;
-}
-
-/// Solves before anything is measured, so that a text whose width its surroundings give is laid out for that width
-/// only.
-void ViewSystem::findGivenWidths() {
-    m_result = solveLayout(m_items, m_constraints);
-    rememberSizes();
-    m_measuresContent = true;
-    refreshItems();
 }
 
 bool ViewSystem::refreshItems() {

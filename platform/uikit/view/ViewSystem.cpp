@@ -1,84 +1,6 @@
 #include "platform/uikit/view/ViewSystem.h"
 
-#include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/view/UIView.h"
-
-#include <set>
-
-namespace {
-
-bool isBaseline(LayoutAttribute attribute) {
-    return attribute == LayoutAttribute::firstBaseline || attribute == LayoutAttribute::lastBaseline;
-}
-
-std::string nameOf(const UIView& view) {
-    const std::string& identifier = view.accessibilityIdentifier();
-    return identifier.empty() ? classNameOf(view) : classNameOf(view) + " \"" + identifier + "\"";
-}
-
-std::string nameOf(const NSLayoutConstraint& constraint, const UIView& first, const UIView* second) {
-    if (!constraint.identifier().empty()) {
-        return constraint.identifier();
-    }
-    std::string name = "a constraint of " + nameOf(first);
-    return second == nullptr || second == &first ? name : name + " and " + nameOf(*second);
-}
-
-// What the solver found.
-
-struct Reports {
-    std::function<void(const std::string&)> observer;
-    std::set<std::string> told;
-};
-
-Reports& reports() {
-    static Reports instance;
-    return instance;
-}
-
-void tell(const std::string& text) {
-    if (reports().told.insert(text).second) {
-        reports().observer(text);
-    }
-}
-
-std::string listed(const char* before, const std::vector<std::string>& words) {
-    std::string text;
-    for (const std::string& word : words) {
-        text += (text.empty() ? before : ", ") + word;
-    }
-    return text;
-}
-
-std::vector<std::string> openPlaces(const LayoutAmbiguity& ambiguity) {
-    const std::pair<bool, const char*> places[] = {
-        {ambiguity.x, "x"}, {ambiguity.y, "y"}, {ambiguity.width, "width"}, {ambiguity.height, "height"}};
-    std::vector<std::string> open;
-    for (const auto& [isOpen, name] : places) {
-        if (isOpen) {
-            open.emplace_back(name);
-        }
-    }
-    return open;
-}
-
-} // namespace
-
-void setLayoutReportObserver(std::function<void(const std::string&)> observer) {
-    reports() = {std::move(observer), {}};
-}
-
-void ViewSystem::report() const {
-    if (!reports().observer) {
-        return;
-    }
-    for (const LayoutConflict& conflict : m_result.conflicts) {
-        tell("layout conflict: " + conflict.name + " " + conflict.reason + listed(": ", conflict.others));
-    }
-    for (const LayoutAmbiguity& ambiguity : m_result.ambiguities) {
-        tell("layout ambiguity: " + ambiguity.name + " has no definite" + listed(" ", openPlaces(ambiguity)));
-    }
-}
 
 ViewSystem::ViewSystem(UIView& root, Purpose purpose) : m_purpose(purpose) {
     collectRows(root);
@@ -133,7 +55,6 @@ bool ViewSystem::collectViews(UIView& view, int parent) {
         return false;
     }
     LayoutItem& item = m_items[static_cast<std::size_t>(index)];
-    item.name = nameOf(view);
     item.horizontalHugging = view.contentHuggingPriority(UILayoutConstraintAxis::horizontal);
     item.verticalHugging = view.contentHuggingPriority(UILayoutConstraintAxis::vertical);
     item.horizontalCompressionResistance =
@@ -163,7 +84,6 @@ void ViewSystem::addConstraint(const Row& row) {
     constraint.second = second;
     constraint.secondAttribute = source.second().attribute;
     constraint.multiplier = source.multiplier();
-    constraint.name = nameOf(source, *row.first, row.second);
     m_entries[static_cast<std::size_t>(first)].usesBaseline |= isBaseline(constraint.firstAttribute);
     if (second >= 0) {
         m_entries[static_cast<std::size_t>(second)].usesBaseline |= isBaseline(constraint.secondAttribute);
@@ -179,7 +99,6 @@ void ViewSystem::add(int first, LayoutAttribute attribute, int second, double pr
     constraint.second = second;
     constraint.secondAttribute = second < 0 ? LayoutAttribute::notAnAttribute : attribute;
     constraint.priority = priority;
-    constraint.name = m_items[static_cast<std::size_t>(first)].name;
     m_constraints.push_back(std::move(constraint));
 }
 

@@ -32,7 +32,7 @@ public:
     /// Gives the views the frames found, on device pixels.
     void placeViews();
     /// Tells the observer of conflicts and open places in the last solution.
-    void report() const;
+    void report();
     [[nodiscard]] CGFloat heightForWidth(CGFloat width);
 
 private:
@@ -58,13 +58,13 @@ private:
     void addFittingConstraints();
     void addAutoresizingConstraints(int index);
     void add(int first, LayoutAttribute attribute, int second, double priority = UILayoutPriorityRequired);
-    void findGivenWidths();
     bool refresh();
     bool refreshItems();
     bool refreshItem(std::size_t index);
     bool refreshConstraint(std::size_t index);
     bool refreshAutoresizing(std::size_t index, std::size_t firstConstraint);
     void rememberSizes();
+    void nameEverything();
 
     Purpose m_purpose;
     std::unordered_set<const UIView*> m_referenced;   // while building

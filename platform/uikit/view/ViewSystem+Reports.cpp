@@ -1,0 +1,90 @@
+#include "platform/uikit/view/ViewSystem.h"
+
+#include "platform/runtime/ClassRegistry.h"
+#include "platform/uikit/view/UIView.h"
+
+#include <set>
+
+namespace {
+
+std::string nameOf(const UIView& view) {
+    const std::string& identifier = view.accessibilityIdentifier();
+    return identifier.empty() ? classNameOf(view) : classNameOf(view) + " \"" + identifier + "\"";
+}
+
+std::string nameOf(const NSLayoutConstraint& constraint, const UIView& first, const UIView* second) {
+    if (!constraint.identifier().empty()) {
+        return constraint.identifier();
+    }
+    std::string name = "a constraint of " + nameOf(first);
+    return second == nullptr || second == &first ? name : name + " and " + nameOf(*second);
+}
+
+struct Reports {
+    std::function<void(const std::string&)> observer;
+    std::set<std::string> told;
+};
+
+Reports& reports() {
+    static Reports instance;
+    return instance;
+}
+
+void tell(const std::string& text) {
+    if (reports().told.insert(text).second) {
+        reports().observer(text);
+    }
+}
+
+std::string listed(const char* before, const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) {
+        text += (text.empty() ? before : ", ") + word;
+    }
+    return text;
+}
+
+std::vector<std::string> openPlaces(const LayoutAmbiguity& ambiguity) {
+    const std::pair<bool, const char*> places[] = {
+        {ambiguity.x, "x"}, {ambiguity.y, "y"}, {ambiguity.width, "width"}, {ambiguity.height, "height"}};
+    std::vector<std::string> open;
+    for (const auto& [isOpen, name] : places) {
+        if (isOpen) {
+            open.emplace_back(name);
+        }
+    }
+    return open;
+}
+
+} // namespace
+
+void setLayoutReportObserver(std::function<void(const std::string&)> observer) {
+    reports() = {std::move(observer), {}};
+}
+
+/// Only now, and seldom, are names needed: everything is named and solved once more.
+void ViewSystem::report() {
+    if (!reports().observer || (m_result.conflicts.empty() && m_result.ambiguities.empty())) {
+        return;
+    }
+    nameEverything();
+    const LayoutResult named = solveLayout(m_items, m_constraints);
+    for (const LayoutConflict& conflict : named.conflicts) {
+        tell("layout conflict: " + conflict.name + " " + conflict.reason + listed(": ", conflict.others));
+    }
+    for (const LayoutAmbiguity& ambiguity : named.ambiguities) {
+        tell("layout ambiguity: " + ambiguity.name + " has no definite" + listed(" ", openPlaces(ambiguity)));
+    }
+}
+
+void ViewSystem::nameEverything() {
+    for (std::size_t index = 0; index < m_items.size(); ++index) {
+        m_items[index].name = nameOf(*m_entries[index].view);
+    }
+    for (std::size_t index = 0; index < m_constraints.size(); ++index) {
+        LayoutConstraint& constraint = m_constraints[index];
+        constraint.name = index < m_rows.size()
+                              ? nameOf(*m_rows[index].source, *m_rows[index].first, m_rows[index].second)
+                              : m_items[static_cast<std::size_t>(constraint.first)].name;
+    }
+}

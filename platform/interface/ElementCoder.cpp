@@ -41,11 +41,6 @@ std::optional<CGRect> ElementCoder::rect(std::string_view key) const {
     return child != nullptr ? m_reader.rect(*child) : std::nullopt;
 }
 
-std::optional<CGSize> ElementCoder::size(std::string_view key) const {
-    const InterfaceElement* child = keyed(key, {"size"});
-    return child != nullptr ? m_reader.size(*child) : std::nullopt;
-}
-
 std::optional<UIEdgeInsets> ElementCoder::insets(std::string_view key) const {
     const InterfaceElement* child = keyed(key, {"inset", "edgeInsets"});
     return child != nullptr ? m_reader.insets(*child) : std::nullopt;

@@ -16,7 +16,6 @@ public:
     [[nodiscard]] std::optional<double> number(std::string_view key) const override;
     [[nodiscard]] std::optional<bool> boolean(std::string_view key) const override;
     [[nodiscard]] std::optional<CGRect> rect(std::string_view key) const override;
-    [[nodiscard]] std::optional<CGSize> size(std::string_view key) const override;
     [[nodiscard]] std::optional<UIEdgeInsets> insets(std::string_view key) const override;
     /// An attribute names an image. One that the catalogue lacks gives a null object, as does such a colour.
     [[nodiscard]] std::optional<std::shared_ptr<NSObject>> object(std::string_view key) const override;

@@ -24,7 +24,6 @@ public:
     /// Written YES or NO.
     [[nodiscard]] virtual std::optional<bool> boolean(std::string_view key) const = 0;
     [[nodiscard]] virtual std::optional<CGRect> rect(std::string_view key) const = 0;
-    [[nodiscard]] virtual std::optional<CGSize> size(std::string_view key) const = 0;
     [[nodiscard]] virtual std::optional<UIEdgeInsets> insets(std::string_view key) const = 0;
     /// A colour, font or image described in place. An explicit "nil" gives a null object.
     [[nodiscard]] virtual std::optional<std::shared_ptr<NSObject>> object(std::string_view key) const = 0;

@@ -135,6 +135,15 @@ TEST(TableRows, AreEstimatedAgainForAnotherWidthWhereTheOneAtTheTopEdgeStays) {
     EXPECT_EQ(rows.shown().front().top - window.top, 87 - 102);
 }
 
+TEST(TableRows, CountWhatIsBoundlesslyTallAsTheTallest) {
+    constexpr Pixels boundless = 1'000'000'000'000'000;
+    TableRows rows(estimate);
+    rows.addSection(boundless, 1, boundless);
+    TableWindow window{.top = TableRows::tallestItem, .height = 10};
+    EXPECT_TRUE(rows.layOut(window, [](NSIndexPath) { return boundless; }));
+    EXPECT_EQ(rows.height(), 3 * TableRows::tallestItem);
+}
+
 TEST(TableRows, EndALayoutThatIsNotAnsweredOrFindsTooMany) {
     TableRows rows = tableOf({{5, 1'000'000, 2}});
     TableWindow unanswered{.height = 100};

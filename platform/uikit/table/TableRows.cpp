@@ -5,8 +5,8 @@
 
 void TableRows::addSection(Pixels header, int rows, Pixels footer) {
     const int rowsLeft = mostRows - static_cast<int>(m_rows);
-    const Section section{std::max<Pixels>(header, 0), std::max<Pixels>(footer, 0), std::clamp(rows, 0, rowsLeft),
-                          m_rows, m_heightBesideRows};
+    const Section section{std::clamp<Pixels>(header, 0, tallestItem), std::clamp<Pixels>(footer, 0, tallestItem),
+                          std::clamp(rows, 0, rowsLeft), m_rows, m_heightBesideRows};
     m_rows += section.rows;
     m_heightBesideRows += section.header + section.footer;
     m_sections.push_back(section);
@@ -150,19 +150,20 @@ bool TableRows::learn(TableItem& item, TableWindow& window, const Measure& measu
     if (item.isKnown || window.asksLeft-- <= 0) {
         return true;
     }
-    const std::optional<Pixels> height = measure(item.path);
-    if (!height) {
+    const std::optional<Pixels> answer = measure(item.path);
+    if (!answer) {
         return false;
     }
+    const Pixels height = std::min(*answer, tallestItem);
     const RowNumber row = m_sections[static_cast<std::size_t>(item.path.section)].firstRow + item.path.row;
     const auto next = std::partition_point(m_measured.begin(), m_measured.end(),
                                            [row](const MeasuredRow& measured) { return measured.row < row; });
     const auto index = static_cast<std::size_t>(next - m_measured.begin());
-    m_measured.insert(next, {row, topOfRow(row), *height});
+    m_measured.insert(next, {row, topOfRow(row), height});
     for (std::size_t below = index + 1; below < m_measured.size(); ++below) {
-        m_measured[below].top += *height - m_estimate;
+        m_measured[below].top += height - m_estimate;
     }
-    item.height = *height;
+    item.height = height;
     item.isKnown = true;
     return true;
 }

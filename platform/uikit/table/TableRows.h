@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/foundation/PixelGrid.h"
 #include "platform/uikit/table/UITableViewDelegate.h"
-#include "platform/uikit/view/DevicePixels.h"
 
 #include <functional>
 #include <limits>
@@ -49,6 +49,8 @@ public:
     /// Beyond these a table ends; no person scrolls that far.
     static constexpr int mostSections = 1'000'000;
     static constexpr int mostRows = 2'000'000'000; // of all sections together
+    /// What is taller, a row or a header or a footer, counts as no more: sums stay in range.
+    static constexpr Pixels tallestItem = 30'000'000;
 
     /// Asks for a row's height; no answer ends the layout.
     using Measure = std::function<std::optional<Pixels>(NSIndexPath)>;

@@ -3,6 +3,7 @@
 #include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/table/UITableView.h"
 #include "platform/uikit/table/UITableViewCell.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <algorithm>
 #include <string>
@@ -38,20 +39,22 @@ bool TableSource::countInto(TableRows& rows) {
     const std::shared_ptr<UITableViewDelegate> sizes = delegateOrDefaults();
     const int reloads = m_reloads;
     const auto ask = [&](auto question) { return reloads == m_reloads ? question() : 0; };
+    const PixelGrid& grid = UIScreen::mainScreen().grid();
     const int sections = source ? source->numberOfSectionsInTableView(m_table) : 0;
     for (int section = 0; section < std::min(sections, TableRows::mostSections); ++section) {
         const CGFloat header = ask([&] { return sizes->tableViewHeightForHeaderInSection(m_table, section); });
         const int count = ask([&] { return source->tableViewNumberOfRowsInSection(m_table, section); });
         const CGFloat footer = ask([&] { return sizes->tableViewHeightForFooterInSection(m_table, section); });
-        rows.addSection(pixelsNearest(header), count, pixelsNearest(footer));
+        rows.addSection(grid.nearest(header), count, grid.nearest(footer));
     }
     return reloads == m_reloads;
 }
 
 Pixels TableSource::estimate() const {
     const CGFloat set = m_table.estimatedRowHeight() > 0 ? m_table.estimatedRowHeight() : m_table.rowHeight();
-    const Pixels learnt = m_averageHeight.value_or(pixelsNearest(UITableView::defaultRowHeight));
-    return std::max<Pixels>(set > 0 ? pixelsNearest(set) : learnt, 1);
+    const PixelGrid& grid = UIScreen::mainScreen().grid();
+    const Pixels learnt = m_averageHeight.value_or(grid.nearest(UITableView::defaultRowHeight));
+    return std::clamp<Pixels>(set > 0 ? grid.nearest(set) : learnt, 1, TableRows::tallestItem);
 }
 
 template <class Ask>

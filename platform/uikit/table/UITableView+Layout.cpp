@@ -4,6 +4,7 @@
 #include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/controllers/UINib.h"
 #include "platform/uikit/table/UITableViewCell.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <algorithm>
 #include <utility>
@@ -46,9 +47,10 @@ bool UITableView::layoutRows() {
     if (rows != m_source.rows()) {
         return false; // reloaded while they were counted
     }
+    const PixelGrid& grid = UIScreen::mainScreen().grid();
     TableWindow window;
-    window.top = pixelPlace(contentOffset().y);
-    window.height = std::clamp<Pixels>(pixelsToHold(bounds().size.height), 0, tallestWindow);
+    window.top = grid.nearest(contentOffset().y);
+    window.height = std::clamp<Pixels>(grid.holding(bounds().size.height), 0, tallestWindow);
     if (m_measuredWidth != bounds().size.width) {
         m_measuredWidth = bounds().size.width;
         rows->forgetHeights(window);
@@ -59,8 +61,8 @@ bool UITableView::layoutRows() {
             return false;
         }
         const CGSize content = rectOf({.path = {}, .top = 0, .height = rows->height()}).size;
-        setContentSizeAndOffset(content, {contentOffset().x, pointsOf(window.top)});
-        const Pixels allowed = pixelPlace(contentOffset().y); // within the content, whose height has changed
+        setContentSizeAndOffset(content, {contentOffset().x, grid.points(window.top)});
+        const Pixels allowed = grid.nearest(contentOffset().y); // within the content, whose height has changed
         isSettled = allowed == std::exchange(window.top, allowed);
     }
     return placeViews(*rows);
@@ -71,16 +73,17 @@ std::optional<Pixels> UITableView::measure(const TableRows& rows, NSIndexPath pa
     if (!answer) {
         return std::nullopt;
     }
+    const PixelGrid& grid = UIScreen::mainScreen().grid();
     if (*answer >= 0) {
-        return pixelsNearest(*answer);
+        return grid.nearest(*answer);
     }
     const std::optional<std::shared_ptr<UIView>> view = viewFor(rows, path);
     if (!view) {
         return std::nullopt;
     }
     const UITableViewCell& cell = static_cast<const UITableViewCell&>(**view);
-    const Pixels fitting = pixelsToHold(cell.contentView()->heightFittingWidth(bounds().size.width));
-    return fitting > 0 ? fitting : pixelsNearest(defaultRowHeight); // a cell without constraints has no height
+    const Pixels fitting = grid.holding(cell.contentView()->heightFittingWidth(bounds().size.width));
+    return fitting > 0 ? fitting : grid.nearest(defaultRowHeight); // a cell without constraints has no height
 }
 
 /// Subviews stand in reading order, so that whoever walks the tree meets the rows from top to bottom.

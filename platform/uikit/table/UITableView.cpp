@@ -1,6 +1,7 @@
 #include "platform/uikit/table/UITableView.h"
 
 #include "platform/uikit/table/UITableViewCell.h"
+#include "platform/uikit/window/UIScreen.h"
 #include "platform/uikit/window/UITouch.h"
 
 #include <cmath>
@@ -56,11 +57,12 @@ CGRect UITableView::rectForRowAtIndexPath(NSIndexPath indexPath) {
 
 CGRect UITableView::rectOf(const TableItem& item) const {
     const CGFloat width = bounds().size.width;
-    return {{0, pointsOf(item.top)}, {width > 0 && std::isfinite(width) ? width : 0, pointsOf(item.height)}};
+    const PixelGrid& grid = UIScreen::mainScreen().grid();
+    return {{0, grid.points(item.top)}, {width > 0 && std::isfinite(width) ? width : 0, grid.points(item.height)}};
 }
 
 std::optional<NSIndexPath> UITableView::indexPathForRowAtPoint(CGPoint point) {
-    const std::optional<TableItem> item = rows()->itemAt(pixelUnder(point.y));
+    const std::optional<TableItem> item = rows()->itemAt(UIScreen::mainScreen().grid().under(point.y));
     return item && TableItem::isRow(item->path) ? std::optional(item->path) : std::nullopt;
 }
 

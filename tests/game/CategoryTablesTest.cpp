@@ -42,7 +42,7 @@ std::string cellNibOf(const std::string& identifier) {
         </tableViewCellContentView></tableViewCell>)");
 }
 
-/// Writes down, when its text changes, whether the list has rows or was reloaded.
+/// Writes down, when its look changes, how many rows the list has: none after it was reloaded.
 class WatchedLabel : public UILabel {
 public:
     explicit WatchedLabel(UITableView& list) : UILabel(CGRectMake(0, 0, 9, 9)), m_list(list) {}
@@ -209,10 +209,15 @@ TEST_F(GroupChoice, ReloadsTheListBeforeItShowsTheTitleAndThatOfAGameTypeAfterwa
         host->settle();
         UITableView& list = *screen->tblDropDown();
         const auto title = std::make_shared<WatchedLabel>(list);
+        const auto panel = std::make_shared<WatchedLabel>(list);
         screen->view()->addSubview(title);
+        screen->view()->addSubview(panel);
         screen->lblDropDown = title;
+        screen->viewDropDown = panel;
         screen->tableViewDidSelectRowAtIndexPath(list, {0, 2});
-        EXPECT_EQ(title->rowsAtChange == 0, gameType == MoreGameTypes::None);
+        const bool isGroup = gameType == MoreGameTypes::None;
+        EXPECT_EQ(title->rowsAtChange == 0, isGroup);
+        EXPECT_EQ(panel->rowsAtChange == 0, isGroup);
         EXPECT_TRUE(list.visibleCells().empty());
     }
 }

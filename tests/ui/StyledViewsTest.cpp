@@ -96,12 +96,14 @@ TEST_F(AppViewTest, AssertsItsLookAtEveryLayout) {
     setBorderWidth(*view, 9);
     setBorderColorApp(*view, nullptr);
     view->layer()->setShadowOpacity(1);
+    view->layer()->setShadowColor(UIColor::whiteColor());
     setCornerRadius(*view, 12);
     view->setNeedsLayout();
     view->layoutIfNeeded();
     EXPECT_EQ(borderWidth(*view), 1);
     EXPECT_TRUE(*borderColorApp(*view) == *UIColor::whiteColor());
     EXPECT_EQ(view->layer()->shadowOpacity(), 0.3f);
+    EXPECT_TRUE(*view->layer()->shadowColor() == *UIColor::blackColor());
     EXPECT_FALSE(view->layer()->masksToBounds()) << "a shadow needs room outside";
 
     view->setEnableShadow(false);

@@ -103,7 +103,7 @@ Text layOut(const std::string& text, Weight weight, int pixels, int width) {
     PangoLayout* layout = sharedLayout();
     PangoFontDescription* font = pango_font_description_new();
     pango_font_description_set_family_static(font, "Inter");
-    pango_font_description_set_weight(font, weight == Weight::regular    ? PANGO_WEIGHT_NORMAL
+    pango_font_description_set_weight(font, weight == Weight::medium     ? PANGO_WEIGHT_MEDIUM
                                             : weight == Weight::semibold ? PANGO_WEIGHT_SEMIBOLD
                                                                          : PANGO_WEIGHT_BOLD);
     pango_font_description_set_absolute_size(font, pixels * PANGO_SCALE);
@@ -120,8 +120,8 @@ Text layOut(const std::string& text, Weight weight, int pixels, int width) {
     return made;
 }
 
-void setColor(cairo_t* cairo, unsigned rgb) {
-    cairo_set_source_rgb(cairo, (rgb >> 16) / 255.0, (rgb >> 8 & 0xFF) / 255.0, (rgb & 0xFF) / 255.0);
+void setColor(cairo_t* cairo, unsigned rgb, double alpha) {
+    cairo_set_source_rgba(cairo, (rgb >> 16) / 255.0, (rgb >> 8 & 0xFF) / 255.0, (rgb & 0xFF) / 255.0, alpha);
 }
 
 void draw(cairo_t* cairo, const Text& text, int x, int y, unsigned rgb) {

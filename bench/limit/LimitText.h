@@ -20,11 +20,11 @@ struct Text {
     int height = 0;
 };
 
-enum class Weight { regular, semibold, bold };
+enum class Weight { medium, semibold, bold };
 
 /// `width` 0: on one line. Fonts are opened at the first call, from two folders only.
 [[nodiscard]] Text layOut(const std::string& text, Weight weight, int pixels, int width);
 void draw(cairo_t* cairo, const Text& text, int x, int y, unsigned rgb);
-void setColor(cairo_t* cairo, unsigned rgb);
+void setColor(cairo_t* cairo, unsigned rgb, double alpha = 1);
 
 } // namespace limit

@@ -16,12 +16,12 @@ void Rows::layOutTo(int bottom) {
 void Rows::layOutNext() {
     const Section& section = m_sections[m_section];
     if (!m_next) {
-        add({m_bottom, headerHeight, nullptr, layOut(section.title, Weight::bold, points(15), 0), {}});
+        add({m_bottom, headerHeight, nullptr, layOut(section.title, Weight::bold, points(20), 0), {}});
         m_next = 0;
     } else if (*m_next < section.items.size()) {
         const Item& item = section.items[(*m_next)++];
-        Row row{m_bottom, 0, &item, layOut(item.title, Weight::semibold, points(16), textWidth),
-                layOut(item.subtitle, Weight::regular, points(13), textWidth)};
+        Row row{m_bottom, 0, &item, layOut(item.title, Weight::bold, points(17), textWidth),
+                layOut(item.subtitle, Weight::medium, points(15), textWidth)};
         const int texts = row.title.height + textGap + row.subtitle.height;
         row.height = std::max(points(68), texts + 2 * cardPadding) + 2 * cardMarginY;
         add(std::move(row));

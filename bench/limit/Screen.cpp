@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <utility>
 
 namespace limit {
@@ -17,6 +16,7 @@ constexpr unsigned selectedGreen = 0x4DA289;
 constexpr unsigned headerColor = 0x1E4D40;
 constexpr unsigned textColor = 0x16302A;
 constexpr unsigned greyColor = 0x56655F;
+constexpr unsigned quietFill = 0xD2E6DD;
 constexpr unsigned white = 0xFFFFFF;
 
 void roundedPath(cairo_t* cairo, double x, double y, double width, double height, double radius) {
@@ -32,12 +32,11 @@ void roundedPath(cairo_t* cairo, double x, double y, double width, double height
 } // namespace
 
 Screen::Screen(Frame& frame, std::filesystem::path bundle)
-    : m_frame(frame), m_cairo(frame.cairo()), m_bundle(std::move(bundle)),
-      m_underButton(static_cast<std::size_t>(buttonWidth) * buttonHeight) {}
+    : m_frame(frame), m_cairo(frame.cairo()), m_bundle(std::move(bundle)) {}
 
 void Screen::prepare() {
-    m_title = layOut("Truths & Dares", Weight::bold, points(18), 0);
-    m_button = makeButton();
+    m_title = layOut("Truths & Dares", Weight::bold, points(26), 0);
+    m_button = layOut("Who's Playing?", Weight::semibold, points(17), 0);
     m_arrow = image("list_arrow");
     m_chevron = image("drowdown_down");
 }
@@ -52,6 +51,7 @@ void Screen::paintAll() {
     paintHeader();
     paintBox();
     paintTable();
+    paintBar();
 }
 
 void Screen::paintChange() {
@@ -63,7 +63,7 @@ void Screen::paintHeader() {
     setColor(m_cairo, background);
     cairo_rectangle(m_cairo, 0, 0, screenWidth, boxTop);
     cairo_fill(m_cairo);
-    draw(m_cairo, m_title, (screenWidth - m_title.width) / 2, titleTop, headerColor);
+    draw(m_cairo, m_title, boxLeft, titleTop, headerColor);
 }
 
 void Screen::paintBox() {
@@ -86,8 +86,35 @@ void Screen::paintBox() {
 }
 
 void Screen::paintTable() {
-    paintRows(tableTop, screenHeight);
-    placeButton();
+    paintRows(tableTop, barTop);
+    fadeIn();
+}
+
+/// What scrolls under the box fades, in six steps of the ground's colour.
+void Screen::fadeIn() {
+    constexpr double alphas[] = {0.92, 0.80, 0.66, 0.50, 0.34, 0.18};
+    constexpr int step = points(2);
+    int top = tableTop;
+    for (const double alpha : alphas) {
+        setColor(m_cairo, background, alpha);
+        cairo_rectangle(m_cairo, 0, top, screenWidth, step);
+        cairo_fill(m_cairo);
+        top += step;
+    }
+}
+
+void Screen::paintBar() {
+    setColor(m_cairo, background);
+    cairo_rectangle(m_cairo, 0, barTop, screenWidth, screenHeight - barTop);
+    cairo_fill(m_cairo);
+    setColor(m_cairo, headerColor, 0.16);
+    cairo_rectangle(m_cairo, 0, barTop, screenWidth, points(1));
+    cairo_fill(m_cairo);
+    roundedPath(m_cairo, buttonLeft, buttonTop, buttonWidth, buttonHeight, points(14));
+    setColor(m_cairo, quietFill);
+    cairo_fill(m_cairo);
+    draw(m_cairo, m_button, (screenWidth - m_button.width) / 2, buttonTop + (buttonHeight - m_button.height) / 2,
+         headerColor);
 }
 
 bool Screen::scroll(int distance) {
@@ -98,14 +125,12 @@ bool Screen::scroll(int distance) {
         return whole;
     }
     m_offset = target;
-    liftButton();
-    m_frame.shift(tableTop, screenHeight, dy);
+    m_frame.shift(tableTop, barTop, dy);
     if (dy < 0) {
-        paintRows(screenHeight + dy, screenHeight);
-    } else {
-        paintRows(tableTop, tableTop + dy);
+        paintRows(barTop + dy, barTop);
     }
-    placeButton();
+    paintRows(tableTop, tableTop + softEdge + std::max(dy, 0)); // faded rows moved along
+    fadeIn();
     return whole;
 }
 
@@ -138,7 +163,12 @@ void Screen::paintRows(int top, int bottom) {
 
 void Screen::paintRow(const Row& row, int y, int top, int bottom) {
     if (row.item == nullptr) {
-        draw(m_cairo, row.title, points(20), y + (row.height - row.title.height) / 2, headerColor);
+        draw(m_cairo, row.title, boxLeft, y + (row.height - row.title.height) / 2, headerColor);
+        const int ruleLeft = boxLeft + row.title.width + points(10);
+        setColor(m_cairo, headerColor, 0.22);
+        cairo_rectangle(m_cairo, ruleLeft, y + row.height / 2 + points(1) / 2, cardLeft + cardWidth - ruleLeft,
+                        points(1));
+        cairo_fill(m_cairo);
         return;
     }
     const bool selected = row.item->isSelected;
@@ -174,21 +204,6 @@ void Screen::paintImage(cairo_surface_t* image, int x, int y) {
     cairo_paint(m_cairo);
 }
 
-void Screen::liftButton() {
-    for (int y = 0; y < buttonHeight; ++y) {
-        std::memcpy(m_frame.row(buttonTop + y) + buttonLeft,
-                    m_underButton.data() + static_cast<std::size_t>(y) * buttonWidth, buttonWidth * 4);
-    }
-}
-
-void Screen::placeButton() {
-    for (int y = 0; y < buttonHeight; ++y) {
-        std::memcpy(m_underButton.data() + static_cast<std::size_t>(y) * buttonWidth,
-                    m_frame.row(buttonTop + y) + buttonLeft, buttonWidth * 4);
-    }
-    paintImage(m_button, buttonLeft, buttonTop);
-}
-
 cairo_surface_t* Screen::image(const std::string& name) {
     const auto known = m_images.find(name);
     if (known != m_images.end()) {
@@ -196,18 +211,6 @@ cairo_surface_t* Screen::image(const std::string& name) {
     }
     const auto path = m_bundle / "Assets.xcassets" / (name + ".imageset") / (name + "@3x.png");
     return m_images.emplace(name, cairo_image_surface_create_from_png(path.c_str())).first->second;
-}
-
-cairo_surface_t* Screen::makeButton() {
-    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, buttonWidth, buttonHeight);
-    cairo_t* cairo = cairo_create(surface);
-    roundedPath(cairo, 0, 0, buttonWidth, buttonHeight, points(25));
-    setColor(cairo, green);
-    cairo_fill(cairo);
-    const Text title = layOut("Let's Play", Weight::semibold, points(17), 0);
-    draw(cairo, title, (buttonWidth - title.width) / 2, (buttonHeight - title.height) / 2, white);
-    cairo_destroy(cairo);
-    return surface;
 }
 
 } // namespace limit

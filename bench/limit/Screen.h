@@ -12,8 +12,8 @@
 
 namespace limit {
 
-/// Draws the category screen by hand. The pixels under the floating button are kept aside while it covers them, so that
-/// scrolling moves plain rows.
+/// Draws the category screen by hand. Scrolling moves the rows' pixels between the box and the bar; only what comes in
+/// and what fades under the box is painted.
 class Screen {
 public:
     Screen(Frame& frame, std::filesystem::path bundle);
@@ -36,10 +36,9 @@ private:
     void paintRow(const Row& row, int y, int top, int bottom);
     void paintCard(int y, int height, unsigned color, int top, int bottom);
     void paintImage(cairo_surface_t* image, int x, int y);
-    void liftButton();
-    void placeButton();
+    void fadeIn();
+    void paintBar();
     [[nodiscard]] cairo_surface_t* image(const std::string& name);
-    [[nodiscard]] cairo_surface_t* makeButton();
     [[nodiscard]] int greatestOffset();
 
     Frame& m_frame;
@@ -48,10 +47,9 @@ private:
     std::map<std::string, cairo_surface_t*, std::less<>> m_images;
     Text m_title;
     Text m_group;
-    cairo_surface_t* m_button = nullptr;
+    Text m_button;
     cairo_surface_t* m_arrow = nullptr;
     cairo_surface_t* m_chevron = nullptr;
-    std::vector<std::uint32_t> m_underButton;
     std::optional<Rows> m_rows;
     int m_offset = 0;
 };

@@ -12,7 +12,7 @@ constexpr int screenWidth = points(393);
 constexpr int screenHeight = points(852);
 
 constexpr int titleTop = 59;
-constexpr int titleHeight = 66;
+constexpr int titleHeight = 95;
 constexpr int boxLeft = points(16);
 constexpr int boxTop = titleTop + titleHeight + points(6);
 constexpr int boxWidth = screenWidth - 2 * boxLeft;
@@ -34,9 +34,11 @@ constexpr int textWidth = cardWidth - textLeft - points(8) - arrowSize - points(
 constexpr int cardPadding = points(10);
 constexpr int textGap = points(3);
 
-constexpr int buttonWidth = points(200);
+constexpr int softEdge = points(12); // the list's upper end, fading in steps of 2 points
+constexpr int buttonLeft = boxLeft;
+constexpr int buttonWidth = boxWidth;
 constexpr int buttonHeight = points(50);
-constexpr int buttonLeft = (screenWidth - buttonWidth + 1) / 2;
 constexpr int buttonTop = screenHeight - points(8) - buttonHeight;
+constexpr int barTop = buttonTop - points(8); // the list is seen down to here
 
 } // namespace limit

@@ -58,11 +58,25 @@ private:
         if (overlap.isEmpty()) {
             return;
         }
-        if (above) {
+        if (above && endsArea(sibling, overlap)) {
+            const CGRect area = m_move.area;
+            const bool atTop = overlap.minY() <= area.minY();
+            m_move.area = CGRectMake(area.minX(), atTop ? overlap.maxY() : area.minY(), area.size.width,
+                                     area.size.height - overlap.size.height);
+        } else if (above) {
             m_move.overlays.push_back(overlap);
         } else if (!m_covered) {
             m_move.canMovePixels = false; // something uneven shows through from below
         }
+    }
+
+    /// Whether a view hides all of the area's upper or lower end, as a bar does: nothing needs to move below it.
+    [[nodiscard]] bool endsArea(const UIView& view, const CGRect& overlap) const {
+        const CGRect& area = m_move.area;
+        const CGRect solid = view.convertRectToView(view.bounds(), nullptr).intersection(area);
+        const bool acrossIt = overlap == solid && overlap.minX() <= area.minX() && overlap.maxX() >= area.maxX();
+        return acrossIt && isOpaque(view) && view.alpha() >= 1 && view.layer()->cornerRadius() == 0 &&
+               (overlap.minY() <= area.minY() || overlap.maxY() >= area.maxY());
     }
 
     ScrollMove m_move;

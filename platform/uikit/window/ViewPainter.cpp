@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <typeinfo>
 
 namespace {
 
@@ -20,6 +21,12 @@ bool insideRounded(const CGRect& rect, CGFloat radius, CGPoint point) {
     const CGFloat x = std::clamp(point.x, rect.minX() + radius, rect.maxX() - radius);
     const CGFloat y = std::clamp(point.y, rect.minY() + radius, rect.maxY() - radius);
     return (point.x - x) * (point.x - x) + (point.y - y) * (point.y - y) <= radius * radius;
+}
+
+/// Whether a view shows its background and nothing else, so that fading it takes no group.
+bool isPlain(const UIView& view) {
+    return typeid(view) == typeid(UIView) && view.subviews().empty() && !view.layer()->hasBorder() &&
+           view.layer()->shadowRect().isEmpty();
 }
 
 /// A clip along a curve costs far more than one along a rectangle, and a clip that cuts nothing off is not needed.
@@ -46,13 +53,28 @@ void ViewPainter::paint(UIView& view, const CGRect& dirty) {
         return;
     }
     const CGPoint shift{view.frame().minX() - view.bounds().minX(), view.frame().minY() - view.bounds().minY()};
-    if (view.alpha() < 1) {
-        m_canvas.beginGroup(view.alpha());
-    } else {
-        m_canvas.save();
-    }
+    const CGRect inside = dirty.offsetBy(-shift.x, -shift.y);
+    m_canvas.save();
     m_canvas.translate(shift.x, shift.y);
-    paintSelf(view, dirty.offsetBy(-shift.x, -shift.y));
+    if (view.alpha() >= 1) {
+        paintSelf(view, inside);
+    } else if (isPlain(view)) {
+        paintBackground(view);
+    } else {
+        paintFaded(view, inside);
+    }
+    m_canvas.restore();
+}
+
+/// A group takes as much memory and time as there is room for it.
+void ViewPainter::paintFaded(UIView& view, const CGRect& dirty) {
+    const CGRect room = view.paintedRect().intersection(dirty);
+    if (room.isEmpty()) {
+        return;
+    }
+    m_canvas.clipRect(room.insetBy(-1, -1)); // what is antialiased reaches a little further
+    m_canvas.beginGroup(view.alpha());
+    paintSelf(view, dirty);
     m_canvas.restore();
 }
 
@@ -83,7 +105,9 @@ void ViewPainter::paintShadow(const UIView& view) {
 
 void ViewPainter::paintBackground(const UIView& view) {
     if (view.backgroundColor()) {
-        m_canvas.fillRoundedRect(view.bounds(), effectiveRadius(view), view.backgroundColor()->resolved(m_style));
+        RGBA color = view.backgroundColor()->resolved(m_style);
+        color.alpha *= isPlain(view) ? view.alpha() : 1; // every other view fades as a group
+        m_canvas.fillRoundedRect(view.bounds(), effectiveRadius(view), color);
     }
 }
 

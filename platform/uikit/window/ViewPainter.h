@@ -20,6 +20,7 @@ public:
     void paint(UIView& view, const CGRect& dirty);
 
 private:
+    void paintFaded(UIView& view, const CGRect& dirty);
     void paintSelf(UIView& view, const CGRect& dirty);
     void paintShadow(const UIView& view);
     void paintBackground(const UIView& view);

@@ -74,7 +74,10 @@ TEST_F(ViewPainterTest, LeavesOutWhatIsHiddenTransparentOrCovered) {
     clear->setAlpha(0);
     EXPECT_THAT(painted(), Not(HasSubstr("fill")));
     clear->setAlpha(0.25);
-    expectOrder({"0.25", "fill rect(0 0 10 10)"});
+    EXPECT_THAT(painted(), HasSubstr("fill rect(0 0 10 10) rgba(1 1 1 0.25)"));
+    static_cast<void>(add(CGRectMake(2, 2, 4, 4), clear)); // more than a background fades as a group of its size
+    expectOrder({"clip rect(-1 -1 12 12)", "0.25", "fill rect(0 0 10 10) rgba(1 1 1 1)"});
+    EXPECT_THAT(painted(CGRectMake(20, 20, 5, 5)), Not(HasSubstr("0.25")));
     window->setBackgroundColor(UIColor::grayColor());
     static_cast<void>(addCard(CGRectMake(0, 0, 320, 480)));
     const std::string inside = painted(CGRectMake(20, 20, 50, 50));

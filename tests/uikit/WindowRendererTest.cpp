@@ -79,6 +79,12 @@ TEST_F(WindowRendererTest, PicturesOfScrolledContentAreThoseOfAFullRepaint) {
             floating->setFrame(CGRectMake(10 + static_cast<double>(random() % 100), floating->frame().minY(), 200, 44));
         } else if (choice == 5) {
             floating->setHidden(!floating->isHidden());
+        } else if (choice == 6) { // a bar across an end of the list
+            floating->setFrame(CGRectMake(-5, step % 2 == 0 ? 380 : -10, 330, 110));
+            floating->layer()->setCornerRadius(0);
+            floating->setBackgroundColor(color(0.1, 0.4, 0.3));
+        } else if (choice == 7) {
+            floating->setAlpha(step % 2 == 0 ? 0.5 : 1);
         }
         renderer.render(*window);
         expectSameAsPaintedAnew();

@@ -6,25 +6,40 @@
 #include <fontconfig/fontconfig.h>
 #include <hb-ot.h>
 #include <pango/pangocairo.h>
+#include <pango/pangofc-fontmap.h>
 
 #include <string>
+#include <tuple>
 
 namespace {
 
-/// Names the folders so that fontconfig finds its ready-made cache of them, then refuses all of their files but ours.
+/// A collection of fonts, by what a fontconfig configuration says of it. Folders are named whole, so that fontconfig
+/// finds its ready-made cache of them, and what is not accepted is left out.
+struct Collection {
+    const char* folders;
+    const char* selection;
+};
+
+/// In the order in which a text looks for its characters.
+constexpr std::array<Collection, 3> collections{{
+    {R"(<dir>/usr/share/fonts/opentype/inter</dir> <dir>/usr/share/fonts/truetype/noto</dir>)",
+     R"(<rejectfont><glob>*</glob></rejectfont>
+        <acceptfont><glob>*/inter/Inter-*.otf</glob></acceptfont>
+        <acceptfont><glob>*/NotoColorEmoji.ttf</glob></acceptfont>)"},
+    {R"(<dir>/usr/share/fonts/opentype/inter</dir> <dir>/usr/share/fonts/truetype/noto</dir>)",
+     R"(<rejectfont><glob>*</glob></rejectfont>
+        <acceptfont><glob>*/inter/Inter-*.otf</glob></acceptfont>
+        <acceptfont><glob>*/NotoColorEmoji.ttf</glob></acceptfont>
+        <acceptfont><glob>*/noto/NotoSans*</glob></acceptfont>
+        <acceptfont><glob>*/noto/NotoSerifTibetan*</glob></acceptfont>)"},
+    {R"(<dir>/usr/share/fonts</dir> <dir>/usr/local/share/fonts</dir> <dir prefix="xdg">fonts</dir>)", ""},
+}};
+
+constexpr const char* cacheFolders = R"(<cachedir>/var/cache/fontconfig</cachedir>
+  <cachedir prefix="xdg">fontconfig</cachedir>)";
+
 /// Emoji are pictures of one size, which the last rule scales to the size of the text.
-constexpr const char* configuration = R"(<?xml version="1.0"?>
-<fontconfig>
-  <dir>/usr/share/fonts/opentype/inter</dir>
-  <dir>/usr/share/fonts/truetype/noto</dir>
-  <cachedir>/var/cache/fontconfig</cachedir>
-  <cachedir prefix="xdg">fontconfig</cachedir>
-  <selectfont>
-    <rejectfont><glob>*</glob></rejectfont>
-    <acceptfont><glob>*/inter/Inter-*.otf</glob></acceptfont>
-    <acceptfont><glob>*/NotoColorEmoji.ttf</glob></acceptfont>
-  </selectfont>
-  <match target="pattern">
+constexpr const char* emojiRules = R"(<match target="pattern">
     <test name="family"><string>emoji</string></test>
     <edit name="family" mode="prepend" binding="strong"><string>Noto Color Emoji</string></edit>
   </match>
@@ -42,8 +57,18 @@ constexpr const char* configuration = R"(<?xml version="1.0"?>
       </times>
     </edit>
     <edit name="size" mode="assign"><divide><name>size</name><name>pixelsizefixupfactor</name></divide></edit>
-  </match>
-</fontconfig>)";
+  </match>)";
+
+std::string configurationOf(const Collection& collection) {
+    return std::string("<?xml version=\"1.0\"?><fontconfig>")
+        .append(collection.folders)
+        .append(cacheFolders)
+        .append("<selectfont>")
+        .append(collection.selection)
+        .append("</selectfont>")
+        .append(emojiRules)
+        .append("</fontconfig>");
+}
 
 bool hasFamily(FcConfig* config, const char* family) {
     FcPattern* wanted = FcPatternBuild(nullptr, FC_FAMILY, FcTypeString, family, nullptr);
@@ -56,9 +81,10 @@ bool hasFamily(FcConfig* config, const char* family) {
     return any;
 }
 
-FcConfig* makeConfiguration() {
+FcConfig* makeConfiguration(const Collection& collection) {
     FcConfig* config = FcConfigCreate();
-    if (FcConfigParseAndLoadFromMemory(config, reinterpret_cast<const FcChar8*>(configuration), FcTrue) != FcTrue ||
+    const std::string text = configurationOf(collection);
+    if (FcConfigParseAndLoadFromMemory(config, reinterpret_cast<const FcChar8*>(text.c_str()), FcTrue) != FcTrue ||
         FcConfigBuildFonts(config) != FcTrue) {
         fatalError("the font configuration could not be loaded");
     }
@@ -67,6 +93,35 @@ FcConfig* makeConfiguration() {
                    "install the Debian packages fonts-inter and fonts-noto-color-emoji");
     }
     return config;
+}
+
+/// All characters that at least one of the fonts has.
+FcCharSet* makeCharacters(FcConfig* config) {
+    FcCharSet* all = FcCharSetCreate();
+    const FcFontSet* fonts = FcConfigGetFonts(config, FcSetSystem);
+    for (int i = 0; i < fonts->nfont; ++i) {
+        FcCharSet* some = nullptr;
+        if (FcPatternGetCharSet(fonts->fonts[i], FC_CHARSET, 0, &some) == FcResultMatch) {
+            FcCharSetMerge(all, some, nullptr);
+        }
+    }
+    return all;
+}
+
+bool needsNoGlyph(gunichar character) {
+    return g_unichar_isspace(character) != FALSE || g_unichar_iscntrl(character) != FALSE ||
+           pango_is_zero_width(character) != FALSE;
+}
+
+/// `text` is valid UTF-8.
+bool covers(const FcCharSet* characters, std::string_view text) {
+    for (const char* next = text.data(); next < text.data() + text.size(); next = g_utf8_next_char(next)) {
+        const gunichar character = g_utf8_get_char(next);
+        if (character >= 0x80 && FcCharSetHasChar(characters, character) == FcFalse && !needsNoGlyph(character)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 PangoContext* makeContext(PangoFontMap* fonts) {
@@ -103,15 +158,34 @@ FontLibrary& FontLibrary::shared() {
 }
 
 FontLibrary::FontLibrary() {
-    // Current for the whole process, and before the map is made: it would wait for the system's configuration (6 ms).
-    FcConfig* config = makeConfiguration();
-    FcConfigSetCurrent(config);
-    PangoFontMap* fonts = pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT);
-    pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(fonts), 72);
-    FcConfigDestroy(config); // fontconfig holds it
-    m_context = makeContext(fonts);
-    g_object_unref(fonts); // the context holds it
+    static_assert(std::tuple_size_v<decltype(m_fonts)> == collections.size());
+    open(0);
     m_metrics = measure();
+}
+
+void FontLibrary::open(std::size_t index) {
+    FcConfig* config = makeConfiguration(collections[index]);
+    if (index == 0) {
+        // Current for the whole process, and before a map is made: it would wait for the system's configuration (6 ms).
+        FcConfigSetCurrent(config);
+    }
+    PangoFontMap* map = pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT);
+    pango_fc_font_map_set_config(PANGO_FC_FONT_MAP(map), config);
+    pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map), 72);
+    m_fonts[index] = {makeContext(map), makeCharacters(config)};
+    g_object_unref(map);     // the context holds it
+    FcConfigDestroy(config); // the map holds it
+}
+
+PangoContext* FontLibrary::contextFor(std::string_view text) {
+    std::size_t index = 0;
+    while (index + 1 < m_fonts.size() && !covers(m_fonts[index].characters, text)) {
+        ++index;
+        if (m_fonts[index].context == nullptr) {
+            open(index);
+        }
+    }
+    return m_fonts[index].context;
 }
 
 PangoFontDescription* FontLibrary::makeDescription(const UIFont& font) {
@@ -130,7 +204,7 @@ PangoFontDescription* FontLibrary::makeDescription(const UIFont& font) {
 /// Every weight and slant of Inter has the same vertical metrics.
 FontLibrary::Metrics FontLibrary::measure() const {
     PangoFontDescription* description = makeDescription(UIFont(17, UIFontWeight::regular));
-    PangoFont* font = pango_context_load_font(m_context, description);
+    PangoFont* font = pango_context_load_font(m_fonts.front().context, description);
     pango_font_description_free(description);
     hb_font_t* shaper = pango_font_get_hb_font(font);
     int em = 0;

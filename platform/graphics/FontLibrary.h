@@ -2,13 +2,19 @@
 
 #include "platform/foundation/Geometry.h"
 
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+struct _FcCharSet;
 struct _PangoContext;
 struct _PangoFontDescription;
 class UIFont;
 
-/// The fonts of the interface: Inter, then Noto Color Emoji, and no other whatever the machine has, so that text looks
-/// and measures the same everywhere. Opened at the first text of a process and kept. Stops the program when a font is
-/// missing. For text layout and font metrics only.
+/// The fonts of texts: Inter and Noto Color Emoji, and no other whatever the machine has, so that text looks and
+/// measures the same everywhere. Only a text with a character that neither has is set in Inter and the Noto Sans of its
+/// script and, where that is missing too, in whatever font the machine has. Opened at the first text of a process that
+/// needs them, and kept. Stops the program when one of the first two is missing. For text layout and font metrics only.
 class FontLibrary {
 public:
     /// In ems.
@@ -20,15 +26,22 @@ public:
     static FontLibrary& shared();
 
     /// For layouts in points: one unit of a layout is one point, nothing is hinted or rounded.
-    [[nodiscard]] _PangoContext* context() const { return m_context; }
+    /// `text` is valid UTF-8.
+    [[nodiscard]] _PangoContext* contextFor(std::string_view text);
     [[nodiscard]] const Metrics& metrics() const { return m_metrics; }
     /// The caller frees it.
     [[nodiscard]] static _PangoFontDescription* makeDescription(const UIFont& font);
 
 private:
+    struct Fonts {
+        _PangoContext* context = nullptr; // until a text needs these fonts
+        _FcCharSet* characters = nullptr;
+    };
+
     FontLibrary();
+    void open(std::size_t index);
     [[nodiscard]] Metrics measure() const;
 
-    _PangoContext* m_context;
+    std::array<Fonts, 3> m_fonts;
     Metrics m_metrics;
 };

@@ -33,7 +33,7 @@ struct TextRequest {
 };
 
 /// Text broken into lines, measured and ready to draw at any scale; immutable, shared by whoever shows it. Lines have
-/// the height of the font, also where another script or an emoji stands.
+/// the height of the font, also where an emoji stands; all of them are higher when a script of the text needs it.
 class TextLayout {
     /// Only `make` has one.
     struct Key {

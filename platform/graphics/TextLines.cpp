@@ -63,6 +63,8 @@ public:
         m_longest = std::min(longestLine, widest);
         m_pieceLength = m_width.has_value() ? std::min(usualPiece, m_longest) : m_longest;
         m_text = m_width.has_value() ? m_text : firstBytes(m_text, widest);
+        m_result->ascent = m_font.ascender();
+        m_result->descent = -m_font.descender();
     }
 
     std::unique_ptr<TextLayout::Lines> run() {
@@ -176,7 +178,7 @@ std::string_view LineBreaker::directionMark() const {
 
 LineBreaker::Owner LineBreaker::makeLayout(std::string_view text) const {
     const std::string marked = std::string(directionMark()).append(text);
-    Owner layout(pango_layout_new(FontLibrary::shared().context()));
+    Owner layout(pango_layout_new(FontLibrary::shared().contextFor(marked)));
     PangoFontDescription* font = FontLibrary::makeDescription(m_font);
     pango_layout_set_font_description(layout.get(), font);
     pango_font_description_free(font);
@@ -190,14 +192,22 @@ LineBreaker::Owner LineBreaker::makeLayout(std::string_view text) const {
     return layout;
 }
 
+/// Letters that the interface's fonts lack may stand higher and hang lower than Inter's: they make the lines higher.
+/// The line height of their own font would not do, which is up to twice that of Inter.
 void LineBreaker::addLine(PangoLayoutLine* glyphs) {
+    PangoRectangle ink;
     PangoRectangle logical;
-    pango_layout_line_get_extents(glyphs, nullptr, &logical);
+    const bool isInterfaceFont = pango_layout_get_context(glyphs->layout) == FontLibrary::shared().contextFor({});
+    pango_layout_line_get_extents(glyphs, isInterfaceFont ? nullptr : &ink, &logical);
     TextLine line;
     line.glyphs = glyphs;
     line.width = points(logical.width);
     line.rightToLeft = pango_layout_line_get_resolved_direction(glyphs) == PANGO_DIRECTION_RTL;
     m_result->lines.push_back(line);
+    if (!isInterfaceFont) {
+        m_result->ascent = std::max(m_result->ascent, points(PANGO_ASCENT(ink)));
+        m_result->descent = std::max(m_result->descent, points(PANGO_DESCENT(ink)));
+    }
 }
 
 void LineBreaker::place() {
@@ -206,8 +216,6 @@ void LineBreaker::place() {
         widest = std::max(widest, line.width);
     }
     const CGFloat box = m_width.value_or(widest);
-    m_result->ascent = m_font.ascender();
-    m_result->descent = -m_font.descender();
     CGFloat y = 0;
     for (TextLine& line : m_result->lines) {
         const CGFloat room = std::max(0.0, box - line.width);

@@ -1,6 +1,7 @@
 #include "platform/graphics/TextLines.h"
 
 #include <gtest/gtest.h>
+#include <pango/pango.h>
 
 #include <cmath>
 #include <string>
@@ -95,13 +96,28 @@ TEST(TextLayoutTest, WithoutTruncationTheRestIsLeftOut) {
     EXPECT_EQ(TextLayout::make(request)->size().width, 165);
 }
 
-TEST(TextLayoutTest, EmojiAndOtherScriptsKeepTheHeightOfTheLine) {
-    for (const char* text : {"Truth 😀", "👩‍👩‍👧‍👦", "Правда", "Ấ", "שלום", "e\u0301\u0301\u0301"}) {
+TEST(TextLayoutTest, EmojiAndAccentsKeepTheHeightOfTheLine) {
+    for (const char* text : {"Truth 😀", "👩‍👩‍👧‍👦", "Правда", "Ấ", "e\u0301\u0301\u0301"}) {
         EXPECT_DOUBLE_EQ(TextLayout::make(body(text))->size().height, lineHeight()) << text;
     }
     EXPECT_LT(widthOf("😀"), 30);
     EXPECT_LT(widthOf("👩‍👩‍👧‍👦"), 30);
     EXPECT_NEAR(widthOf("e\u0301"), widthOf("é"), 0.01);
+}
+
+TEST(TextLayoutTest, EveryScriptIsShownInLettersThatStandWithinTheirLine) {
+    for (const char* text : {"שלום", "لعبة المساء", "ที่ให้ทุกคน", "हल्की-फुल्की", "இனிய தொடக்கம்", "ქართული", "abc क 😀"}) {
+        const auto layout = TextLayout::make(body(text));
+        const TextLayout::Lines& lines = layout->lines();
+        PangoRectangle ink;
+        pango_layout_line_get_extents(lines.lines.front().glyphs, &ink, nullptr);
+        EXPECT_EQ(pango_layout_get_unknown_glyphs_count(lines.owners.front().get()), 0) << text;
+        EXPECT_LE(PANGO_ASCENT(ink), lines.ascent * PANGO_SCALE) << text;
+        EXPECT_LE(PANGO_DESCENT(ink), lines.descent * PANGO_SCALE) << text;
+        EXPECT_GE(layout->size().height, lineHeight()) << text;
+        EXPECT_LT(layout->size().height, 1.5 * lineHeight()) << text;
+    }
+    EXPECT_NEAR(widthOf("क Truth") - widthOf("क"), widthOf(" Truth"), 0.5) << "in the same letters as elsewhere";
 }
 
 TEST(TextLayoutTest, BrokenBytesAndZerosAreShownAndUnusableWidthsCountAsUnbounded) {

@@ -177,7 +177,9 @@ TEST_F(MessagesViewControllerTest, IsKeptByItsOutstandingRequest) {
     const std::weak_ptr<MessagesViewController> weak = controller;
     controller = nullptr;
     EXPECT_FALSE(weak.expired());
-    loop.advance(1s);
+    loop.advance(499ms);
+    EXPECT_EQ(host->requests, 0);
+    loop.advance(1ms);
     EXPECT_EQ(host->requests, 1);
     EXPECT_TRUE(weak.expired());
     EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\nscreen\n");

@@ -209,6 +209,7 @@ TEST_F(DrawingViewTest, ShowsThePencilBesideTheFingerWhileItIsDown) {
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(icon->image(), catalog->images["pencil"]);
     EXPECT_EQ(icon->contentMode(), UIViewContentMode::scaleAspectFill);
+    EXPECT_FALSE(icon->clipsToBounds());
     EXPECT_EQ(icon->frame(), CGRectMake(100 + 90 - 50, 200 - 90 - 107.5, 100, 215));
     EXPECT_FALSE(icon->isHidden());
     move({120, 200});

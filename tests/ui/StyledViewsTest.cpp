@@ -1,5 +1,6 @@
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/uikit/UIKitClasses.h"
+#include "platform/uikit/window/UIWindow.h"
 #include "ui/AppView.h"
 #include "ui/DrawingView.h"
 #include "ui/GenericButton.h"
@@ -52,14 +53,9 @@ TEST_F(KitClasses, CanBeNamedByInterfaceFiles) {
     setByKey(*canvas, "strokeColor", color(UIColor::blueColor()));
     EXPECT_TRUE(canvas->showPencil());
     EXPECT_EQ(canvas->strokeWidth(), 7);
-    const auto container = std::make_shared<AppView>();
-    setByKey(*container, "strokeColor", color(UIColor::blueColor()));
-    EXPECT_EQ(setByKey(*canvas, "strokeColor", color(nullptr)), Acceptance::wrongValue);
-    EXPECT_EQ(setByKey(*container, "strokeColor", color(nullptr)), Acceptance::wrongValue);
     EXPECT_TRUE(*canvas->strokeColor() == *UIColor::blueColor());
-    EXPECT_TRUE(*container->strokeColor() == *UIColor::blueColor());
     EXPECT_DEATH(canvas->setStrokeColor(nullptr), "DrawingView: the strokeColor is null");
-    EXPECT_DEATH(container->setStrokeColor(nullptr), "AppView: the strokeColor is null");
+    EXPECT_DEATH(std::make_shared<AppView>()->setStrokeColor(nullptr), "AppView: the strokeColor is null");
     EXPECT_NE(ClassRegistry::shared().classOf(*canvas).outlet("delegate"), nullptr);
 }
 
@@ -111,6 +107,20 @@ TEST_F(AppViewTest, AssertsItsLookAtEveryLayout) {
     view->setNeedsLayout();
     view->layoutIfNeeded();
     EXPECT_TRUE(view->layer()->masksToBounds());
+}
+
+TEST_F(AppViewTest, IsNotPaintedAgainForAnEqualColour) {
+    const auto window = std::make_shared<UIWindow>(CGRectMake(0, 0, 90, 90));
+    const auto view = std::make_shared<AppView>(CGRectMake(0, 0, 9, 9));
+    window->addSubview(view);
+    const auto paint = [&](CGFloat red) {
+        view->setStrokeColor(UIColor::colorWithRedGreenBlueAlpha(red, 0, 0, 1));
+        view->setBackgroundColor(UIColor::colorWithRedGreenBlueAlpha(red, 0, 0, 1));
+        view->layer()->setShadowColor(UIColor::colorWithRedGreenBlueAlpha(red, 0, 0, 1));
+        return !window->takeChanges().empty();
+    };
+    EXPECT_TRUE(paint(0.5));
+    EXPECT_FALSE(paint(0.5));
 }
 
 TEST_F(LayerProperties, AreSetByKeyOnAnyView) {

@@ -9,6 +9,20 @@
 enum class UIFontWeight { ultraLight, thin, light, regular, medium, semibold, bold, heavy, black };
 enum class FontSlant { upright, italic };
 
+/// How large the reader wants texts to be; `large` is what phones come with.
+enum class UIContentSizeCategory {
+    extraSmall,
+    small,
+    medium,
+    large,
+    extraLarge,
+    extraExtraLarge,
+    extraExtraExtraLarge,
+    accessibilityMedium,
+    accessibilityLarge,
+    accessibilityExtraLarge,
+};
+
 /// A size and weight of the interface's typeface (Inter), immutable. All metrics are in points, unhinted.
 class UIFont : public NSObject {
 public:
@@ -19,7 +33,10 @@ public:
     [[nodiscard]] static std::shared_ptr<UIFont> boldSystemFontOfSize(CGFloat size);
     [[nodiscard]] static std::shared_ptr<UIFont> italicSystemFontOfSize(CGFloat size);
     /// By the style's name in interface files ("UICTFontTextStyleBody"); null when unknown.
-    [[nodiscard]] static std::shared_ptr<UIFont> preferredFontForTextStyle(std::string_view style);
+    [[nodiscard]] static std::shared_ptr<UIFont>
+    preferredFontForTextStyle(std::string_view style, UIContentSizeCategory category = UIContentSizeCategory::large);
+    /// Empty for a font that was not made for a text style.
+    [[nodiscard]] std::string_view textStyle() const { return m_textStyle; }
 
     [[nodiscard]] CGFloat pointSize() const { return m_pointSize; }
     [[nodiscard]] UIFontWeight weight() const { return m_weight; }
@@ -37,4 +54,5 @@ private:
     CGFloat m_pointSize;
     UIFontWeight m_weight;
     FontSlant m_slant;
+    std::string_view m_textStyle; // of those that last as long as the program
 };

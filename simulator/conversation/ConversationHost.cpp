@@ -47,6 +47,7 @@ ConversationHost::ConversationHost(Device device, const std::vector<std::string>
         m_people.emplace_back(name, NSUUID::UUID());
     }
     UIScreen::mainScreen().configure(m_device.size, m_device.scale);
+    UIScreen::mainScreen().setContentSizeCategory(m_device.textSize);
     m_window = std::make_shared<UIWindow>(m_device.compactFrame());
 }
 

@@ -56,3 +56,15 @@ Result<Device> deviceNamed(const std::string& name) {
     return Failure{"unknown device '" + name + "'" + suggestion(name, names) +
                    " (se, 8, 8plus, 15, 15max, or a size such as 390x844@3, from 100 points and scale 1 to 3)"};
 }
+
+const std::vector<std::string>& textSizeNames() {
+    static const std::vector<std::string> names{"xSmall",         "small",         "medium",   "large",
+                                                "xLarge",         "xxLarge",       "xxxLarge", "accessibility1",
+                                                "accessibility2", "accessibility3"};
+    return names;
+}
+
+UIContentSizeCategory textSizeNamed(const std::string& name) {
+    const std::vector<std::string>& names = textSizeNames();
+    return static_cast<UIContentSizeCategory>(std::find(names.begin(), names.end(), name) - names.begin());
+}

@@ -70,6 +70,15 @@ FlowAction readSetAppearance(const FlowValue& value) {
     };
 }
 
+FlowAction readSetTextSize(const FlowValue& value) {
+    const std::string name = value.word(textSizeNames());
+    return [name](FlowPlayer& player) -> std::optional<Failure> {
+        player.host().window().setContentSizeCategory(textSizeNamed(name));
+        player.host().settle();
+        return std::nullopt;
+    };
+}
+
 } // namespace
 
 FlowAction readTakeScreenshot(const FlowValue& value) {
@@ -88,6 +97,7 @@ const std::vector<FlowCommand>& pictureCommands() {
         {"takeScreenshot", readTakeScreenshot},
         {"assertScreenshot", readAssertScreenshot},
         {"setAppearance", readSetAppearance},
+        {"setTextSize", readSetTextSize},
     };
     return commands;
 }

@@ -96,6 +96,7 @@ Result<std::vector<Device>> devicesOf(const GalleryOptions& options) {
             return device.failure();
         }
         devices.push_back(device.value());
+        devices.back().textSize = textSizeNamed(options.textSize);
     }
     return devices;
 }

@@ -15,6 +15,11 @@ void addBundleOptions(CLI::App& command, BundleOptions& options) {
         .add_option("--content", options.content,
                     "Shows this content file for the group it is named after, or else for \"Adult (18+)\"")
         ->type_name("FILE");
+    command
+        .add_option("--text-size", options.textSize,
+                    "The reader's text size, from xSmall over large (default) to xxxLarge, accessibility1 to 3")
+        ->check(CLI::IsMember(textSizeNames()))
+        ->option_text("SIZE");
 }
 
 void addDeviceOption(CLI::App& command, BundleOptions& options) {
@@ -47,7 +52,9 @@ void PreparedBundle::openFor(const Flow& flow) const {
 }
 
 Device PreparedBundle::deviceFor(const Flow& flow) const {
-    return device ? *device : deviceNamed(flow.device.empty() ? "15" : flow.device).value();
+    Device shown = device ? *device : deviceNamed(flow.device.empty() ? "15" : flow.device).value();
+    shown.textSize = textSize;
+    return shown;
 }
 
 Result<PreparedBundle> prepareBundle(const BundleOptions& options) {
@@ -59,6 +66,7 @@ Result<PreparedBundle> prepareBundle(const BundleOptions& options) {
         }
         bundle.device = device.value();
     }
+    bundle.textSize = textSizeNamed(options.textSize);
     bundle.folder = options.bundle.empty() ? besideProgram("TruthsAndDares.appex") : options.bundle;
     std::error_code error;
     if (!fs::exists(bundle.folder / "Info.plist", error)) {

@@ -10,13 +10,15 @@ struct BundleOptions {
     std::filesystem::path bundle;       // empty: the one that was built beside the program
     std::string device;                 // empty: each flow's own, or 15
     std::optional<std::string> content; // a content file to show
+    std::string textSize = "large";     // that the reader has set
 };
 
 /// The bundle that a command's flows are played on, perhaps with a content file of somebody's own. Made by
 /// prepareBundle() before the first flow.
 struct PreparedBundle {
     std::filesystem::path folder;
-    std::optional<Device> device;            // of the command line; then it stands in for a flow's own
+    std::optional<Device> device; // of the command line; then it stands in for a flow's own
+    UIContentSizeCategory textSize = UIContentSizeCategory::large;
     std::vector<ResourceOverride> overrides; // for every flow
     BundleFindings findings;
 
@@ -25,7 +27,7 @@ struct PreparedBundle {
     [[nodiscard]] Device deviceFor(const Flow& flow) const;
 };
 
-/// Adds --bundle and --content.
+/// Adds --bundle, --content and --text-size.
 void addBundleOptions(CLI::App& command, BundleOptions& options);
 /// Adds --device.
 void addDeviceOption(CLI::App& command, BundleOptions& options);

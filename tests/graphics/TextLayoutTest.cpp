@@ -37,6 +37,8 @@ TEST(UIFontTest, HasTheMetricsOfInterAndTheSizesOfTextStyles) {
     EXPECT_NEAR(font->descender(), -24.12, 0.05);
     EXPECT_EQ(*UIFont::preferredFontForTextStyle("UICTFontTextStyleHeadline"), UIFont(17, UIFontWeight::semibold));
     EXPECT_EQ(UIFont::preferredFontForTextStyle("UICTFontTextStyleShout"), nullptr);
+    EXPECT_EQ(*UIFont::preferredFontForTextStyle("UICTFontTextStyleSubhead", UIContentSizeCategory::accessibilityLarge),
+              UIFont(30, UIFontWeight::regular));
     TextRequest bold = body(sentence);
     bold.font = UIFont::boldSystemFontOfSize(17);
     EXPECT_GT(TextLayout::make(bold)->size().width, widthOf(sentence));

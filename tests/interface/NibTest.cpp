@@ -72,6 +72,19 @@ TEST_F(Nib, ReadsAFileAgainThatHasChanged) {
     EXPECT_EQ(classNameOf(*instantiate("Test").value()[0]), "UIButton");
 }
 
+TEST_F(Nib, ALabelOfOneLineShrinksItsTextAsFarAsItsFileAllows) {
+    const auto label =
+        first<UILabel>(R"(<label id="l" text="Everybody Plays" adjustsFontSizeToFit="YES" minimumScaleFactor="0.5"/>)");
+    ASSERT_TRUE(label);
+    const CGSize natural = label->textLayout(std::nullopt)->size();
+    const auto heightIn = [&](CGFloat share) {
+        return label->textLayoutFitting({natural.width * share, natural.height})->size().height / natural.height;
+    };
+    EXPECT_EQ(heightIn(1), 1);
+    EXPECT_NEAR(heightIn(0.8), 0.8, 0.01);
+    EXPECT_NEAR(heightIn(0.3), 0.5, 0.01);
+}
+
 TEST_F(Nib, ConnectsItsOwnerAndGivesTopLevelObjectsInFileOrder) {
     const auto owner = first<StandInModeCell>("<tableViewCell customClass=\"ModeTblCell\"/>");
     const std::string owned = R"(<placeholder placeholderIdentifier="IBFilesOwner" id="-1" customClass="ModeTblCell">

@@ -5,6 +5,7 @@
 #include "platform/uikit/window/UIScreen.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -52,6 +53,11 @@ UILabel::UILabel(const NSCoder& coder)
                                                        {"middleTruncation", NSLineBreakMode::byTruncatingTail}})
             .value_or(m_lineBreakMode);
     m_numberOfLines = std::max(0, static_cast<int>(coder.number("numberOfLines").value_or(m_numberOfLines)));
+    if (coder.boolean("adjustsFontSizeToFit").value_or(false)) {
+        m_minimumScaleFactor = std::clamp(coder.number("minimumScaleFactor").value_or(0), 0.0, 1.0);
+    }
+    m_adjustsFontForContentSizeCategory = coder.boolean("adjustsFontForContentSizeCategory").value_or(false);
+    contentSizeCategoryDidChange();
 }
 
 void UILabel::setText(const std::optional<std::string>& text) {
@@ -75,9 +81,8 @@ void UILabel::setAttributedText(const std::optional<NSMutableAttributedString>& 
 }
 
 void UILabel::setFont(const std::shared_ptr<UIFont>& font) {
-    const std::shared_ptr<UIFont> wanted = orDefault(font);
-    if (!(*m_font == *wanted)) {
-        m_font = wanted;
+    const std::shared_ptr<UIFont> before = std::exchange(m_font, orDefault(font));
+    if (!(*m_font == *before)) {
         contentChanged();
     }
 }
@@ -107,6 +112,12 @@ void UILabel::setNumberOfLines(int lines) {
 void UILabel::contentChanged() {
     invalidateIntrinsicContentSize();
     setNeedsDisplay();
+}
+
+void UILabel::contentSizeCategoryDidChange() {
+    if (m_adjustsFontForContentSizeCategory && !m_font->textStyle().empty()) {
+        setFont(UIFont::preferredFontForTextStyle(m_font->textStyle(), UIScreen::mainScreen().contentSizeCategory()));
+    }
 }
 
 // Measuring.
@@ -158,8 +169,23 @@ std::shared_ptr<const TextLayout> UILabel::textLayout(std::optional<CGFloat> wid
 
 // Drawing.
 
+/// How much smaller the font must be for the whole line, which grows with it, to have room.
+CGFloat UILabel::scaleFitting(CGSize size) const {
+    if (m_minimumScaleFactor >= 1 || m_numberOfLines != 1) {
+        return 1;
+    }
+    const CGSize natural = textLayout(std::nullopt)->size();
+    const CGFloat fitting = std::min(size.width / natural.width, (size.height + roundingRoom) / natural.height);
+    return std::clamp(fitting, m_minimumScaleFactor, 1.0);
+}
+
 std::shared_ptr<const TextLayout> UILabel::textLayoutFitting(CGSize size) const {
     std::shared_ptr<const TextLayout> layout = textLayout(size.width);
+    if (const CGFloat scale = layout ? scaleFitting(size) : 1; scale < 1) {
+        TextRequest request = textRequest(size.width);
+        request.font = std::make_shared<UIFont>(m_font->pointSize() * scale, m_font->weight(), m_font->slant());
+        return TextLayout::make(request);
+    }
     if (!layout || layout->lineCount() <= 1 || layout->size().height <= size.height + roundingRoom) {
         return layout;
     }

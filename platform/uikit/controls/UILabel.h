@@ -22,6 +22,7 @@ public:
     [[nodiscard]] const std::optional<NSMutableAttributedString>& attributedText() const { return m_attributed; }
     void setAttributedText(const std::optional<NSMutableAttributedString>& text);
     [[nodiscard]] std::shared_ptr<UIFont> font() const { return m_font; }
+    /// In a label that an interface file has follow the reader's text size, the font of a text style keeps doing so.
     void setFont(const std::shared_ptr<UIFont>& font);
     /// Never null: no colour gives the platform's label colour.
     [[nodiscard]] std::shared_ptr<UIColor> textColor() const { return m_textColor; }
@@ -38,13 +39,15 @@ public:
     [[nodiscard]] std::optional<CGFloat> lastBaseline(CGSize size) const override;
     /// The text laid out for a width (absent = unbounded). Null without text.
     [[nodiscard]] std::shared_ptr<const TextLayout> textLayout(std::optional<CGFloat> width) const;
-    /// The text as it is drawn in a box of that size: with fewer lines where its height does not hold all. Null without
-    /// text.
+    /// The text as it is drawn in a box of that size: smaller, if the label may shrink its one line, or with fewer
+    /// lines where its height does not hold all. Null without text.
     [[nodiscard]] std::shared_ptr<const TextLayout> textLayoutFitting(CGSize size) const;
     void drawRect(const CGRect& rect) override;
+    void contentSizeCategoryDidChange() override;
 
 private:
     void contentChanged();
+    [[nodiscard]] CGFloat scaleFitting(CGSize size) const;
     [[nodiscard]] TextRequest textRequest(std::optional<CGFloat> width) const;
     [[nodiscard]] CGFloat topOfText(const TextLayout& layout, CGSize size) const;
 
@@ -55,4 +58,6 @@ private:
     NSTextAlignment m_alignment = NSTextAlignment::natural;
     NSLineBreakMode m_lineBreakMode = NSLineBreakMode::byTruncatingTail;
     int m_numberOfLines = 1;
+    CGFloat m_minimumScaleFactor = 1; // of the font, in a label of one line; 1 = never shrinks
+    bool m_adjustsFontForContentSizeCategory = false;
 };

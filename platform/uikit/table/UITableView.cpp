@@ -41,6 +41,12 @@ void UITableView::reloadData() {
     setNeedsLayout();
 }
 
+void UITableView::contentSizeCategoryDidChange() {
+    m_reusable.clear();
+    m_measuredWidth = neverMeasured;
+    setNeedsLayout();
+}
+
 // Questions.
 
 std::shared_ptr<TableRows> UITableView::rows() {

@@ -72,6 +72,8 @@ public:
     [[nodiscard]] std::optional<NSIndexPath> indexPathForSelectedRow() const { return m_selected; }
 
     void layoutSubviews() override;
+    /// Rows are measured again, and the topmost keeps its place. Cells that wait for a row would miss the change.
+    void contentSizeCategoryDidChange() override;
     void touchesBeganWithEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesMovedWithEvent(const TouchSet& touches, UIEvent* event) override;
     void touchesEndedWithEvent(const TouchSet& touches, UIEvent* event) override;
@@ -104,6 +106,7 @@ private:
         m_views; // of the items that are seen, cells and headers; null for what has no view
     std::optional<NSIndexPath> m_selected;
     std::optional<NSIndexPath> m_touched;
-    CGFloat m_measuredWidth = 0;
+    static constexpr CGFloat neverMeasured = -1;
+    CGFloat m_measuredWidth = 0; // that the heights of rows are for
     bool m_layingOut = false;
 };

@@ -173,6 +173,8 @@ public:
     /// after some rounds the work left waits for the next call. A clean tree costs one look at its top.
     void layoutIfNeeded();
     virtual void layoutSubviews() {} // overrides call the base class first
+    /// The reader has set another text size, which the screen knows. Sent to every view of a window.
+    virtual void contentSizeCategoryDidChange() {}
     /// Whether this view's subviews are laid out apart from the tree above it (scroll views, whose content has
     /// coordinates of its own). Such a view is solved as the root of its own system.
     [[nodiscard]] virtual bool isLayoutRoot() const { return false; }

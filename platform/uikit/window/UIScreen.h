@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/foundation/PixelGrid.h"
+#include "platform/graphics/UIFont.h"
 
-/// The device's one screen. The host describes it before the extension starts; it does not change afterwards.
+/// The device's one screen, and how large its reader wants texts to be. The host describes it before the extension
+/// starts; only the text size changes afterwards.
 class UIScreen {
 public:
     [[nodiscard]] static UIScreen& mainScreen() {
@@ -16,6 +18,9 @@ public:
     [[nodiscard]] CGFloat scale() const { return m_grid.scale; }
     /// Where lengths in points fall on its pixels.
     [[nodiscard]] const PixelGrid& grid() const { return m_grid; }
+    /// Of texts that follow it. A window sets it, see there.
+    [[nodiscard]] UIContentSizeCategory contentSizeCategory() const { return m_contentSizeCategory; }
+    void setContentSizeCategory(UIContentSizeCategory category) { m_contentSizeCategory = category; }
     /// For the host; `scale` is greater than 0.
     void configure(CGSize points, CGFloat scale) {
         m_bounds = {{0, 0}, points};
@@ -25,4 +30,5 @@ public:
 private:
     CGRect m_bounds{{0, 0}, {393, 852}};
     PixelGrid m_grid{3};
+    UIContentSizeCategory m_contentSizeCategory = UIContentSizeCategory::large;
 };

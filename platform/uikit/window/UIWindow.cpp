@@ -1,6 +1,7 @@
 #include "platform/uikit/window/UIWindow.h"
 
 #include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <algorithm>
 #include <utility>
@@ -8,6 +9,13 @@
 namespace {
 
 constexpr std::size_t mostChanges = 64;
+
+void tellContentSizeCategory(UIView& view) {
+    view.contentSizeCategoryDidChange();
+    for (const std::shared_ptr<UIView>& inside : view.subviews()) {
+        tellContentSizeCategory(*inside);
+    }
+}
 
 } // namespace
 
@@ -100,6 +108,13 @@ void UIWindow::setUserInterfaceStyle(UIUserInterfaceStyle style) {
     if (m_style != style) {
         m_style = style;
         setNeedsDisplay();
+    }
+}
+
+void UIWindow::setContentSizeCategory(UIContentSizeCategory category) {
+    if (UIScreen::mainScreen().contentSizeCategory() != category) {
+        UIScreen::mainScreen().setContentSizeCategory(category);
+        tellContentSizeCategory(*this);
     }
 }
 

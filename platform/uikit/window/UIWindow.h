@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/graphics/UIColor.h"
+#include "platform/graphics/UIFont.h"
 #include "platform/uikit/view/UIView.h"
 #include "platform/uikit/window/ScrollMove.h"
 #include "platform/uikit/window/UITouch.h"
@@ -34,6 +35,8 @@ public:
     void setWindowSafeAreaInsets(const UIEdgeInsets& insets);
     [[nodiscard]] UIUserInterfaceStyle userInterfaceStyle() const { return m_style; }
     void setUserInterfaceStyle(UIUserInterfaceStyle style);
+    /// The reader has set another text size: for the screen, and for all that this window shows.
+    void setContentSizeCategory(UIContentSizeCategory category);
 
     /// True when something was marked for layout since the last pass.
     [[nodiscard]] bool needsLayout() const { return isLayoutDue(); }

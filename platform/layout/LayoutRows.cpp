@@ -102,6 +102,7 @@ void LayoutRows::addConstraint(int index, const LayoutConstraint& constraint) {
     }
     const double sign = constraint.relation == LayoutRelation::lessThanOrEqual ? -1 : 1;
     const double factor = -sign * within(constraint.multiplier, largestFactor);
+    row.expression.terms.reserve(4); // of two ends
     row.expression.constant = -sign * within(constraint.constant, largestLength);
     addAttribute(row.expression, constraint.first, constraint.firstAttribute, sign);
     addAttribute(row.expression, constraint.second, constraint.secondAttribute, factor);

@@ -59,7 +59,9 @@ LayoutResult LayoutSolver::solve() {
     }
     fulfilWishes();
     findAmbiguities();
-    settleOpenVariables();
+    if (!m_result.ambiguities.empty()) {
+        settleOpenVariables();
+    }
     placeFrames();
     std::stable_sort(m_result.conflicts.begin(), m_result.conflicts.end(),
                      [](const LayoutConflict& a, const LayoutConflict& b) { return a.constraint < b.constraint; });

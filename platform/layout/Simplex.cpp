@@ -70,8 +70,8 @@ bool Simplex::equate(int variable, const LinearExpression& expression) {
 void Simplex::setRow(int variable, const LinearExpression& expression) {
     at(variable).row = reduced(expression);
     at(variable).hasRow = true;
+    const int one = componentOf(variable);
     for (const LinearTerm& term : at(variable).row.terms) {
-        const int one = componentOf(variable);
         const int other = componentOf(term.variable);
         if (one != other && mayMove(term.variable)) {
             at(other).parent = one;
@@ -84,6 +84,7 @@ void Simplex::setRow(int variable, const LinearExpression& expression) {
 LinearExpression Simplex::reduced(const LinearExpression& expression) {
     LinearExpression result;
     result.constant = expression.constant;
+    result.terms.reserve(expression.terms.size());
     for (const LinearTerm& term : expression.terms) {
         if (at(term.variable).hasRow) {
             result.add(row(term.variable), term.coefficient);

@@ -135,6 +135,15 @@ TEST(TableRows, AreEstimatedAgainForAnotherWidthWhereTheOneAtTheTopEdgeStays) {
     EXPECT_EQ(rows.shown().front().top - window.top, 87 - 102);
 }
 
+TEST(TableRows, CountWhatIsBoundlesslyTallAsTheTallest) {
+    constexpr Pixels boundless = 1'000'000'000'000'000;
+    TableRows rows(estimate);
+    rows.addSection(boundless, 1, boundless);
+    TableWindow window{.top = TableRows::tallestItem, .height = 10};
+    EXPECT_TRUE(rows.layOut(window, [](NSIndexPath) { return boundless; }));
+    EXPECT_EQ(rows.height(), 3 * TableRows::tallestItem);
+}
+
 TEST(TableRows, EndALayoutThatIsNotAnsweredOrFindsTooMany) {
     TableRows rows = tableOf({{5, 1'000'000, 2}});
     TableWindow unanswered{.height = 100};
@@ -148,7 +157,7 @@ TEST(TableRows, EndALayoutThatIsNotAnsweredOrFindsTooMany) {
     EXPECT_EQ(rows.shown()[1].height, varied({0, TableWindow::mostAsked}));
 }
 
-TEST(TableRows, AreMoreThanMemoryWouldHoldAndNoTallerThanTheTallest) {
+TEST(TableRows, AreMoreThanMemoryWouldHold) {
     TableRows rows = tableOf({{-4, 1'000'000'000, 0}, {90, 1'000'000'000, 60}, {90, 1'000'000'000, -1}});
     EXPECT_EQ(rows.height(), estimate * 2'000'000'000LL + 90 + 60 + 90);
     EXPECT_FALSE(rows.item({2, 0})) << "beyond what a table holds";
@@ -156,10 +165,4 @@ TEST(TableRows, AreMoreThanMemoryWouldHoldAndNoTallerThanTheTallest) {
     ASSERT_TRUE(rows.layOut(window, [](NSIndexPath) { return 78; }));
     const TableItem last = rows.item({1, 999'999'999}).value();
     EXPECT_EQ(last, (TableItem{{1, 999'999'999}, estimate * 1'999'999'999LL + 90, 78}));
-    constexpr Pixels boundless = 1'000'000'000'000'000;
-    TableRows tall(estimate);
-    tall.addSection(boundless, 1, boundless);
-    TableWindow below{.top = TableRows::tallestItem, .height = 10};
-    EXPECT_TRUE(tall.layOut(below, [](NSIndexPath) { return boundless; }));
-    EXPECT_EQ(tall.height(), 3 * TableRows::tallestItem);
 }

@@ -97,12 +97,12 @@ TEST_F(WindowRendererTest, AStepPaintsTheExposedStripAndNothingTwice) {
     renderer.render(*window);
     const CGFloat strip = 300 * 20;           // the lowest rows, where a part of the floating view is
     const CGFloat around = 200 * (440 - 380); // the rest of it, and where it was moved to
-    EXPECT_EQ(renderer.paintedPixels(), static_cast<std::size_t>((strip + around) * scale * scale));
+    EXPECT_EQ(renderer.lastFrame().paintedPixels(), static_cast<std::size_t>((strip + around) * scale * scale));
     floating->setHidden(true);
     renderer.render(*window);
     scroll->setContentOffset({0, 40});
     EXPECT_TRUE(renderer.render(*window));
-    EXPECT_EQ(renderer.paintedPixels(), 300u * scale * 20u * scale);
+    EXPECT_EQ(renderer.lastFrame().paintedPixels(), 300u * scale * 20u * scale);
 }
 
 TEST_F(WindowRendererTest, ABorderAroundScrolledContentStaysInPlace) {
@@ -125,7 +125,7 @@ TEST_F(WindowRendererTest, ContentOverSomethingUnevenIsPaintedAnew) {
     scroll->setContentOffset({0, 33});
     renderer.render(*window);
     expectSameAsPaintedAnew();
-    EXPECT_GE(renderer.paintedPixels(), 300u * scale * 400u * scale);
+    EXPECT_GE(renderer.lastFrame().paintedPixels(), 300u * scale * 400u * scale);
 }
 
 TEST_F(WindowRendererTest, OnlyWhatChangedIsPainted) {
@@ -134,10 +134,10 @@ TEST_F(WindowRendererTest, OnlyWhatChangedIsPainted) {
     labels[0]->setText(labels[0]->text()); // says the same
     scroll->setContentOffset(scroll->contentOffset());
     EXPECT_FALSE(renderer.render(*window));
-    EXPECT_EQ(renderer.paintedPixels(), 0u);
+    EXPECT_EQ(renderer.lastFrame().paintedPixels(), 0u);
     labels[1]->setText("short");
     renderer.render(*window);
-    EXPECT_GT(renderer.paintedPixels(), 0u);
-    EXPECT_LE(renderer.paintedPixels(), 240u * scale * 54u * scale);
+    EXPECT_GT(renderer.lastFrame().paintedPixels(), 0u);
+    EXPECT_LE(renderer.lastFrame().paintedPixels(), 240u * scale * 54u * scale);
     expectSameAsPaintedAnew();
 }

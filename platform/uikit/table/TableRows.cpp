@@ -37,14 +37,19 @@ std::optional<TableItem> TableRows::item(NSIndexPath path) const {
     if (path.row == TableItem::header) {
         return TableItem{path, topOfSection(section), section.header};
     }
-    const Pixels above = section.heightAbove + section.header;
     if (path.row == TableItem::footer) {
-        return TableItem{path, above + topOfRow(section.firstRow + section.rows), section.footer};
+        const Pixels rowsEnd = topOfRow(section.firstRow + section.rows);
+        return TableItem{path, section.heightAbove + section.header + rowsEnd, section.footer};
     }
     if (path.row < 0 || path.row >= section.rows) {
         return std::nullopt;
     }
+    return rowIn(section, path);
+}
+
+TableItem TableRows::rowIn(const Section& section, NSIndexPath path) const {
     const RowNumber row = section.firstRow + path.row;
+    const Pixels above = section.heightAbove + section.header;
     const MeasuredRow& last = lastMeasured([row](const MeasuredRow& measured) { return measured.row <= row; });
     return last.row == row ? TableItem{path, above + last.top, last.height}
                            : TableItem{path, above + topOfRow(row), m_estimate, false};

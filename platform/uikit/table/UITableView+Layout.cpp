@@ -48,8 +48,9 @@ bool UITableView::layoutRows() {
         return false; // reloaded while they were counted
     }
     const PixelGrid& grid = UIScreen::mainScreen().grid();
-    TableWindow window{.top = grid.nearest(contentOffset().y),
-                       .height = std::clamp<Pixels>(grid.holding(bounds().size.height), 0, tallestWindow)};
+    TableWindow window;
+    window.top = grid.nearest(contentOffset().y);
+    window.height = std::clamp<Pixels>(grid.holding(bounds().size.height), 0, tallestWindow);
     if (m_measuredWidth != bounds().size.width) {
         m_measuredWidth = bounds().size.width;
         rows->forgetHeights(window);

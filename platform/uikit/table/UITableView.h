@@ -80,6 +80,8 @@ public:
     void touchesCancelledWithEvent(const TouchSet& touches, UIEvent* event) override;
 
 private:
+    using Views = std::map<NSIndexPath, std::shared_ptr<UIView>>;
+
     [[nodiscard]] std::shared_ptr<TableRows> rows();
     [[nodiscard]] CGRect rectOf(const TableItem& item) const;
 
@@ -102,8 +104,7 @@ private:
     CGFloat m_sectionFooterHeight = UITableViewAutomaticDimension;
     std::map<std::string, std::shared_ptr<UINib>> m_nibs;
     std::map<std::string, std::vector<std::shared_ptr<UITableViewCell>>> m_reusable;
-    std::map<NSIndexPath, std::shared_ptr<UIView>>
-        m_views; // of the items that are seen, cells and headers; null for what has no view
+    Views m_views; // of the items that are seen, cells and headers; null for what has no view
     std::optional<NSIndexPath> m_selected;
     std::optional<NSIndexPath> m_touched;
     static constexpr CGFloat neverMeasured = -1;

@@ -14,6 +14,14 @@ PixelRect limitsOf(const Bitmap& bitmap) {
 
 } // namespace
 
+std::size_t WindowFrame::paintedPixels() const {
+    std::size_t pixels = 0;
+    for (const PixelRect& rect : painted) {
+        pixels += rect.area();
+    }
+    return pixels;
+}
+
 WindowRenderer::WindowRenderer(CGSize size, int scale)
     : m_grid{static_cast<CGFloat>(scale)},
       m_bitmap(static_cast<int>(m_grid.nearest(size.width)), static_cast<int>(m_grid.nearest(size.height))) {}
@@ -22,6 +30,7 @@ bool WindowRenderer::render(UIWindow& window) {
     window.layoutIfNeeded();
     const std::vector<WindowChange> changes = window.takeChanges();
     DirtyRegion dirty(limitsOf(m_bitmap));
+    m_lastFrame = {};
     if (m_paintAll) {
         dirty.add(limitsOf(m_bitmap));
     } else {
@@ -30,11 +39,11 @@ bool WindowRenderer::render(UIWindow& window) {
         }
     }
     m_paintAll = false;
-    m_paintedPixels = 0;
-    for (const PixelRect& rect : dirty.rects()) {
+    m_lastFrame.painted = dirty.rects();
+    for (const PixelRect& rect : m_lastFrame.painted) {
         paint(window, rect);
     }
-    return !dirty.rects().empty();
+    return !m_lastFrame.painted.empty();
 }
 
 void WindowRenderer::take(const WindowChange& change, DirtyRegion& dirty) {
@@ -56,6 +65,7 @@ void WindowRenderer::move(const ScrollMove& plan, CGFloat distance, DirtyRegion&
     }
     const int dy = static_cast<int>(pixels);
     m_bitmap.scrollRows(area, dy);
+    m_lastFrame.moves.push_back({area, dy});
     dirty.shift(area, dy);
     dirty.add({area.x, dy > 0 ? area.y : area.y + area.height + dy, area.width, std::abs(dy)});
     for (const CGRect& overlay : plan.overlays) {
@@ -70,6 +80,7 @@ void WindowRenderer::paint(UIWindow& window, const PixelRect& rect) {
     CairoCanvas canvas(m_bitmap, static_cast<int>(m_grid.scale));
     const CGRect area = m_grid.points(rect);
     canvas.clipRect(area);
-    ViewPainter(canvas, window.userInterfaceStyle()).paint(window, area);
-    m_paintedPixels += rect.area();
+    const CGPoint origin = window.frame().origin; // of the window on its screen
+    canvas.translate(-origin.x, -origin.y);
+    ViewPainter(canvas, window.userInterfaceStyle()).paint(window, area.offsetBy(origin));
 }

@@ -5,10 +5,23 @@
 #include "platform/uikit/window/DirtyRegion.h"
 
 #include <cstddef>
+#include <vector>
 
 class UIWindow;
 struct ScrollMove;
 struct WindowChange;
+
+/// What a frame did to the picture, in device pixels: first its moves, in order, then what it painted.
+struct WindowFrame {
+    struct Move {
+        PixelRect area;
+        int dy = 0; // how far its content went down within it
+    };
+    std::vector<Move> moves;
+    std::vector<PixelRect> painted;
+
+    [[nodiscard]] std::size_t paintedPixels() const;
+};
 
 /// Keeps a picture of a window up to date: moves the pixels of what was scrolled and paints what changed, nothing else.
 /// The picture is byte for byte what painting everything anew would give, as long as nothing curved stands half out of
@@ -26,8 +39,8 @@ public:
     void populate() { m_bitmap.populate(); }
 
     [[nodiscard]] const Bitmap& bitmap() const { return m_bitmap; }
-    /// For measurements: the device pixels that the last frame painted.
-    [[nodiscard]] std::size_t paintedPixels() const { return m_paintedPixels; }
+    /// For whoever shows the picture elsewhere.
+    [[nodiscard]] const WindowFrame& lastFrame() const { return m_lastFrame; }
 
 private:
     void take(const WindowChange& change, DirtyRegion& dirty);
@@ -37,5 +50,5 @@ private:
     PixelGrid m_grid;
     Bitmap m_bitmap;
     bool m_paintAll = true;
-    std::size_t m_paintedPixels = 0;
+    WindowFrame m_lastFrame;
 };

@@ -226,13 +226,13 @@ void MainRunLoop::postToMain(Duration due, dispatch_block_t block) {
 void MainRunLoop::postToBackground(Duration due, qos_class_t qualityOfService, dispatch_block_t block) {
     BackgroundBlock work{qualityOfService, std::move(block)};
     std::unique_lock lock(m_mutex);
-    if (m_clock == Clock::realTime && due <= nowLocked()) {
+    const Duration begin = due + m_latency;
+    if (m_clock == Clock::realTime && begin <= nowLocked()) {
         lock.unlock();
         startWork(std::move(work), 0);
         return;
     }
-    const Duration latency = m_clock == Clock::virtualTime ? m_latency : Duration{0};
-    m_background.emplace(nextKeyLocked(due + latency), std::move(work));
+    m_background.emplace(nextKeyLocked(begin), std::move(work));
     lock.unlock();
     wake();
 }

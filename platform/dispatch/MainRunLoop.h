@@ -31,7 +31,7 @@ public:
     /// Since the clock was chosen or reset. Any thread.
     [[nodiscard]] Duration now() const;
 
-    /// How long after dispatch background work begins, on the virtual clock. Zero: in the loop's next turn.
+    /// How long after dispatch background work begins. Zero: in the loop's next turn, or at once on the real clock.
     void setBackgroundLatency(Duration latency);
     /// Called after every turn; the host lays out its window there.
     void setTurnObserver(std::function<void()> observer);

@@ -91,6 +91,13 @@ void ConversationHost::receive(const std::shared_ptr<MSMessage>& message) {
     m_controller->didReceiveMessageConversation(message, conversation());
 }
 
+void ConversationHost::arrive(ArrivedMessage message) {
+    m_arrivedMessages.push_back(std::move(message));
+    if (m_controller) {
+        receive(makeMessage(m_arrivedMessages.back().from, m_arrivedMessages.back().link));
+    }
+}
+
 void ConversationHost::startSending() {
     note("sending", "the player starts sending a message");
     m_controller->didStartSendingMessageConversation(draft(), conversation());

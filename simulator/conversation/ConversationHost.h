@@ -14,6 +14,13 @@ struct Event {
     std::string text;
 };
 
+/// What somebody else has sent while the conversation was shown.
+struct ArrivedMessage {
+    std::string from;
+    std::string text;
+    std::optional<NSURL> link; // of a bubble that opens the extension
+};
+
 /// "compact" or "expanded".
 [[nodiscard]] const char* nameOf(MSMessagesAppPresentationStyle style);
 
@@ -50,11 +57,15 @@ public:
     /// anew.
     [[nodiscard]] const std::optional<NSURL>& openedLink() const { return m_openedLink; }
     void forgetOpenedLink() { m_openedLink.reset(); }
+    /// For the transcript around the extension, in order.
+    [[nodiscard]] const std::vector<ArrivedMessage>& arrivedMessages() const { return m_arrivedMessages; }
 
     /// Opens the extension, or makes it active once more; `bubble` is the message it is opened from, may be null.
     /// Content begins to load in the next turn.
     void activate(const std::shared_ptr<MSMessage>& bubble);
     void receive(const std::shared_ptr<MSMessage>& message);
+    /// Puts a message into the transcript; an extension that is open receives it.
+    void arrive(ArrivedMessage message);
     void startSending();
     void cancelSending();
     void resign();
@@ -96,4 +107,5 @@ private:
     std::vector<StyleRequest> m_styleRequests;
     std::vector<OpenedLink> m_links;
     std::optional<NSURL> m_openedLink;
+    std::vector<ArrivedMessage> m_arrivedMessages;
 };

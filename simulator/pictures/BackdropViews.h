@@ -2,7 +2,7 @@
 
 #include "platform/graphics/UIBezierPath.h"
 #include "platform/uikit/controls/UILabel.h"
-#include "simulator/conversation/Device.h"
+#include "simulator/conversation/ConversationHost.h"
 
 // The views that the conversation around the extension is put together from.
 
@@ -38,7 +38,8 @@ void centre(UIView& view, CGPoint middle);
 
 /// The phone's own line at the top of the screen: time, reception and battery, arranged as on that device.
 [[nodiscard]] std::shared_ptr<UIView> makeStatusBar(const Device& device);
-/// The latest messages of a quiet conversation, the newest at the bottom; as many as fit as a whole.
-[[nodiscard]] std::shared_ptr<UIView> makeTranscript(const CGRect& frame);
+/// The latest messages of a quiet conversation and those that arrived since, the newest at the bottom; as many as fit
+/// as a whole.
+[[nodiscard]] std::shared_ptr<UIView> makeTranscript(const CGRect& frame, const std::vector<ArrivedMessage>& arrived);
 /// What the phone shows while a link is opened: where it leads and what it says, on a card at the top of the screen.
 [[nodiscard]] std::shared_ptr<UIView> makeHandOverCard(const Device& device, const NSURL& link);

@@ -13,6 +13,8 @@ constexpr CGSize grip{36, 5};
 std::shared_ptr<UIView> makeGrip(CGPoint middle) {
     const auto view = area({{0, 0}, grip}, systemColor("systemGray3Color"), grip.height / 2);
     view->setFrame(CGRectMake(middle.x - grip.width / 2, middle.y - grip.height / 2, grip.width, grip.height));
+    view->setAccessibilityIdentifier(handleIdentifier);
+    view->setAccessibilityLabel("Handle of the extension");
     return view;
 }
 
@@ -62,6 +64,8 @@ std::shared_ptr<UIView> makeInputRow(const Device& device, CGFloat top) {
     const auto plus = std::make_shared<GlyphView>(CGRectMake(0, 0, 34, 34), systemColor("systemGrayColor"));
     plus->addShape(CGPath::withRoundedRect(CGRectMake(10, 15.75, 14, 2.5), 1.25));
     plus->addShape(CGPath::withRoundedRect(CGRectMake(15.75, 10, 2.5, 14), 1.25));
+    add->setAccessibilityIdentifier(extensionButtonIdentifier);
+    add->setAccessibilityLabel("Truths & Dares");
     add->addSubview(plus);
     row->addSubview(add);
 
@@ -75,11 +79,17 @@ std::shared_ptr<UIView> makeInputRow(const Device& device, CGFloat top) {
     return row;
 }
 
-void addCompactParts(UIView& screen, const Device& device, CGFloat barBottom) {
+void addMessages(UIView& screen, const ConversationHost& host, CGFloat top, CGFloat bottom) {
+    const CGFloat inputTop = bottom - inputHeight;
+    screen.addSubview(makeTranscript(CGRectMake(0, top, host.device().size.width, std::max(0.0, inputTop - top)),
+                                     host.arrivedMessages()));
+    screen.addSubview(makeInputRow(host.device(), inputTop));
+}
+
+void addCompactParts(UIView& screen, const ConversationHost& host, CGFloat barBottom) {
+    const Device& device = host.device();
     const CGFloat gripTop = device.compactFrame().minY() - gripHeight;
-    const CGFloat inputTop = gripTop - inputHeight;
-    screen.addSubview(makeTranscript(CGRectMake(0, barBottom, device.size.width, std::max(0.0, inputTop - barBottom))));
-    screen.addSubview(makeInputRow(device, inputTop));
+    addMessages(screen, host, barBottom, gripTop);
     screen.addSubview(area(CGRectMake(0, gripTop, device.size.width, gripHeight), systemColor("systemGray6Color")));
     screen.addSubview(makeHairline(device, gripTop));
     screen.addSubview(makeGrip({device.size.width / 2, gripTop + gripHeight / 2}));
@@ -97,16 +107,18 @@ std::shared_ptr<UIView> makeHomeIndicator(const Device& device) {
 
 } // namespace
 
-ConversationBackdrop makeConversation(const Device& device, MSMessagesAppPresentationStyle style,
-                                      const std::optional<NSURL>& openedLink) {
-    const bool expanded = style == MSMessagesAppPresentationStyle::expanded;
+ConversationBackdrop makeConversation(const ConversationHost& host) {
+    const Device& device = host.device();
+    const bool expanded = host.isOpen() && host.style() == MSMessagesAppPresentationStyle::expanded;
     const CGFloat width = device.size.width;
     const CGFloat barTop = device.safeArea.top;
     const CGFloat barBottom = device.expandedFrame().minY();
     const CGFloat row = expanded ? barTop + 20 : (barTop + barBottom) / 2;
     auto screen = area(CGRectMake(0, 0, width, device.size.height), systemColor("systemBackgroundColor"));
-    if (!expanded) {
-        addCompactParts(*screen, device, barBottom);
+    if (!host.isOpen()) {
+        addMessages(*screen, host, barBottom, device.size.height - device.safeArea.bottom);
+    } else if (!expanded) {
+        addCompactParts(*screen, host, barBottom);
     }
     screen->addSubview(area(CGRectMake(0, 0, width, barBottom), systemColor("secondarySystemBackgroundColor")));
     screen->addSubview(makeStatusBar(device));
@@ -117,5 +129,6 @@ ConversationBackdrop makeConversation(const Device& device, MSMessagesAppPresent
     } else {
         screen->addSubview(makeHairline(device, barBottom - 1.0 / device.scale));
     }
-    return {screen, openedLink ? makeHandOverCard(device, *openedLink) : nullptr, makeHomeIndicator(device)};
+    return {screen, host.openedLink() ? makeHandOverCard(device, *host.openedLink()) : nullptr,
+            makeHomeIndicator(device)};
 }

@@ -1,12 +1,6 @@
 #pragma once
 
-#include "platform/foundation/NSURL.h"
-#include "platform/messages/MSMessagesAppViewController.h"
-#include "simulator/conversation/Device.h"
-
-#include <optional>
-
-class UIView;
+#include "simulator/conversation/ConversationHost.h"
 
 /// The Messages app around the extension, as views in the screen's coordinates. The extension's frame is left free
 /// between the two layers.
@@ -16,5 +10,10 @@ struct ConversationBackdrop {
     std::shared_ptr<UIView> above; // the home indicator; null on devices without one
 };
 
-[[nodiscard]] ConversationBackdrop makeConversation(const Device& device, MSMessagesAppPresentationStyle style,
-                                                    const std::optional<NSURL>& openedLink);
+/// What a finger can touch there, by accessibility identifier; a bubble with a link is "bubble" and its index.
+inline constexpr const char* handleIdentifier = "handle";
+inline constexpr const char* extensionButtonIdentifier = "extension";
+inline constexpr const char* bubbleIdentifier = "bubble ";
+
+/// As the host stands at this moment: without the extension, or around its compact or its expanded frame.
+[[nodiscard]] ConversationBackdrop makeConversation(const ConversationHost& host);

@@ -7,7 +7,7 @@ using Style = MSMessagesAppPresentationStyle;
 
 using ConversationHostTest = ConversationTest;
 
-TEST_F(ConversationHostTest, AnswersAStyleRequestAfterItWithBothTransitionCallbacks) {
+TEST_F(ConversationHostTest, AnswersAStyleRequestWithBothTransitionCallbacks) {
     host->activate(nullptr);
     host->advance(499ms);
     EXPECT_TRUE(host->styleRequests().empty());
@@ -17,10 +17,24 @@ TEST_F(ConversationHostTest, AnswersAStyleRequestAfterItWithBothTransitionCallba
     EXPECT_EQ(support::takeStandardOutput(), "willBecomeActive\nwillTransition\ndidTransition\n");
     EXPECT_EQ(host->window().frame(), host->device().expandedFrame());
     EXPECT_EQ(host->controller()->view()->bounds().size, host->device().expandedFrame().size);
-    host->controller()->requestPresentationStyle(Style::compact);
-    EXPECT_EQ(host->style(), Style::expanded) << "not inside the request";
-    host->settle();
+}
+
+TEST_F(ConversationHostTest, DoesNotAnswerInsideTheRequest) {
+    host->activate(nullptr);
+    host->controller()->requestPresentationStyle(Style::expanded);
     EXPECT_EQ(host->style(), Style::compact);
+    host->settle();
+    EXPECT_EQ(host->style(), Style::expanded);
+}
+
+TEST_F(ConversationHostTest, KeepsNothingOfTheExtensionOnceItIsClosed) {
+    host->activate(nullptr);
+    host->advance(1s);
+    const std::weak_ptr<UIViewController> controller = host->controller();
+    const std::weak_ptr<UIViewController> screen = host->controller()->childViewControllers().at(0);
+    host->close();
+    EXPECT_TRUE(controller.expired());
+    EXPECT_TRUE(screen.expired());
 }
 
 TEST(DeviceTest, IsKnownByNameOrDescribedBySize) {

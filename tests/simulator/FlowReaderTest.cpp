@@ -74,11 +74,13 @@ TEST(FlowReaderTest, ReportsWhatIsWrongWithItsPlace) {
     for (const auto& [text, problem] : cases) {
         EXPECT_THAT(problemsIn(text), ElementsAre(std::string("bad.yaml:") + problem)) << text;
     }
-    EXPECT_THAT(problemsIn("- tapon: x\n- wait: soon\n"), SizeIs(2)) << "all at once";
-    EXPECT_THAT(problemsIn("- " + std::string(20000, '[') + "\n"), SizeIs(1)) << "would exhaust the stack";
 }
 
-TEST(FlowReaderTest, TakesTheSettingsIfAnyAndTheCommandsInOrder) {
+TEST(FlowReaderTest, ReportsEveryProblemAtOnce) {
+    EXPECT_THAT(problemsIn("- tapon: x\n- wait: soon\n"), SizeIs(2));
+}
+
+TEST(FlowReaderTest, TakesTheSettingsAndTheCommandsInOrder) {
     const auto flow = read("name: It's \"here\" # 'not a quote\n"
                            "participants: []\n"
                            "withoutResource: [Friends.json]\n"
@@ -95,10 +97,17 @@ TEST(FlowReaderTest, TakesTheSettingsIfAnyAndTheCommandsInOrder) {
     ASSERT_EQ(flow->steps.size(), 2u);
     EXPECT_EQ(flow->steps[0].command, "launchApp");
     EXPECT_EQ(flow->steps[1].place.line, 7);
-    const auto without = read("\xEF\xBB\xBF- launchApp\r\n- resign\r\n");
-    ASSERT_TRUE(without);
-    EXPECT_EQ(without->name, "good");
-    EXPECT_EQ(without->steps.size(), 2u);
+}
+
+TEST(FlowReaderTest, NeedsNoSettings) {
+    const auto flow = read("\xEF\xBB\xBF- launchApp\r\n- resign\r\n");
+    ASSERT_TRUE(flow);
+    EXPECT_EQ(flow->name, "good");
+    EXPECT_EQ(flow->steps.size(), 2u);
+}
+
+TEST(FlowReaderTest, RefusesNestingThatWouldExhaustTheStack) {
+    EXPECT_EQ(problemsIn("- " + std::string(20000, '[') + "\n").size(), 1u);
 }
 
 TEST(FlowReaderTest, ReadsAllFlowsOfAFolderAndTellsOfEachThatIsWrong) {

@@ -83,6 +83,19 @@ TEST_F(PreparedBundleTest, CountsTheIconsThatTheCatalogueLacks) {
     EXPECT_THAT(warnings, HasSubstr("Couple.json: warning: the asset catalogue lacks 10 more of the icons"));
 }
 
+TEST_F(PreparedBundleTest, OpensAnExtensionWithBrokenPicturesAndTellsOfEachSetOnce) {
+    const std::filesystem::path set = folder.path() / "Assets.xcassets" / "list_arrow.imageset";
+    for (const auto& file : std::filesystem::directory_iterator(set)) {
+        if (file.path().extension() == ".png") {
+            folder.write(std::filesystem::relative(file.path(), folder.path()).string(), "no picture");
+        }
+    }
+    const std::string warnings = complaint();
+    EXPECT_THAT(warnings, ContainsRegex("list_arrow.imageset/Contents.json:[0-9]+:[0-9]+: warning: .*cannot be drawn"));
+    EXPECT_EQ(std::count(warnings.begin(), warnings.end(), '\n'), 1);
+    EXPECT_TRUE(canLaunch());
+}
+
 TEST_F(PreparedBundleTest, ShowsAContentFileForTheGroupItIsNamedAfterOrElseTheFirst) {
     for (const auto& [file, shown] : {std::pair("MyList", "Adult (18+)"), std::pair("Family", "Family"),
                                       std::pair("Dating", "Adult (18+)")}) { // nobody could choose Dating on screen
@@ -93,7 +106,7 @@ TEST_F(PreparedBundleTest, ShowsAContentFileForTheGroupItIsNamedAfterOrElseTheFi
     }
 }
 
-TEST_F(PreparedBundleTest, TellsOfAContentFileThatCannotBeReadAndRefusesOneAskedForOrNoMainStoryboard) {
+TEST_F(PreparedBundleTest, TellsOfAContentFileThatCannotBeReadAndRefusesOneThatIsAskedFor) {
     std::filesystem::remove(folder.path() / "Couple.json");
     std::filesystem::create_directory(folder.path() / "Couple.json");
     EXPECT_THAT(complaint(), ContainsRegex("Couple.json: error: .*it is a folder"));
@@ -101,6 +114,9 @@ TEST_F(PreparedBundleTest, TellsOfAContentFileThatCannotBeReadAndRefusesOneAsked
     options.content = (folder.path() / "Couple.json").string();
     EXPECT_THAT(complaint(), HasSubstr("it is a folder"));
     EXPECT_FALSE(bundle);
+}
+
+TEST_F(PreparedBundleTest, RefusesABundleWhoseMainStoryboardIsNotThere) {
     edit("Info.plist", "<string>MainInterface</string>", "<string>Interface</string>");
     EXPECT_THAT(complaint(), HasSubstr("NSExtensionMainStoryboard"));
     EXPECT_FALSE(bundle);

@@ -1,0 +1,45 @@
+#include "simulator/live/FileWatch.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::uint64_t fingerprintOf(const fs::path& file) {
+    std::error_code error;
+    const auto time = fs::last_write_time(file, error).time_since_epoch().count();
+    const auto size = fs::is_regular_file(file, error) ? fs::file_size(file, error) : 0;
+    const std::string text = file.string() + '\n' + std::to_string(time) + '\n' + std::to_string(size);
+    return std::hash<std::string>()(text);
+}
+
+} // namespace
+
+FileWatch::FileWatch(std::vector<fs::path> watched) : m_watched(std::move(watched)), m_seen(look()) {}
+
+/// A sum, for a folder names its files in any order.
+std::uint64_t FileWatch::look() const {
+    std::uint64_t sum = 0;
+    for (const fs::path& path : m_watched) {
+        sum += fingerprintOf(path);
+        std::error_code error;
+        for (auto file = fs::recursive_directory_iterator(path, error); !error && file != fs::end(file);
+             file.increment(error)) {
+            sum += fingerprintOf(file->path());
+        }
+    }
+    return sum;
+}
+
+bool FileWatch::hasChanged() {
+    const auto now = std::chrono::steady_clock::now();
+    if (now < m_next) {
+        return false;
+    }
+    m_next = now + pause;
+    const std::uint64_t seen = look();
+    return std::exchange(m_seen, seen) != seen;
+}

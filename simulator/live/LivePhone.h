@@ -1,0 +1,91 @@
+#pragma once
+
+#include "platform/uikit/window/UITouch.h"
+#include "simulator/check/BundleCheck.h"
+#include "simulator/conversation/ConversationHost.h"
+#include "simulator/conversation/ElementSearch.h"
+#include "simulator/live/LiveScreen.h"
+
+/// What is shown, as the command line says.
+struct LiveShow {
+    std::string title;
+    std::string scene; // a developer scene in the extension's stead; empty: none
+    Device device;
+    std::vector<std::string> participants;
+    std::function<Result<BundleFindings>()> open; // makes it the main bundle and checks it
+    std::function<void()> wake;                   // called from any thread when the main queue has work
+};
+
+/// A phone in real time: the conversation with the extension, one finger, and the settings that a person can change.
+/// Places are points of its screen. Made by the command; used on the main thread between turns of the run loop, whose
+/// real clock it chooses.
+class LivePhone {
+public:
+    explicit LivePhone(LiveShow show);
+    ~LivePhone();
+    LivePhone(const LivePhone&) = delete;
+    LivePhone& operator=(const LivePhone&) = delete;
+
+    [[nodiscard]] const LiveShow& show() const { return m_show; }
+    [[nodiscard]] ConversationHost& host() const { return *m_host; }
+    [[nodiscard]] LiveScreen& screen() { return *m_screen; }
+    [[nodiscard]] const Findings& findings() const { return m_findings; }
+    [[nodiscard]] int loadingTakes() const { return m_loadingTakes; }
+    /// Grows with every beginning; hosts and screens of an earlier one are gone.
+    [[nodiscard]] int run() const { return m_run; }
+
+    /// Everything from the beginning.
+    void restart();
+    /// The files behind it have changed. With errors in them, the screen stays as it is until they are mended;
+    /// otherwise it begins again, and goes on with the same group, presentation and place in the list.
+    void reload();
+    /// What waited for the content to be there.
+    void afterTurn();
+
+    void setDevice(const Device& device);
+    void setAppearance(UIUserInterfaceStyle appearance);
+    /// None: the extension is closed.
+    void setPresentation(std::optional<MSMessagesAppPresentationStyle> presentation);
+    /// Taps the list of groups and the group.
+    void setGroup(const std::string& group);
+    void setLoadingTakes(int milliseconds);
+    void setParticipants(std::vector<std::string> participants);
+    void arrive(ArrivedMessage message);
+
+    void touch(UITouchPhase phase, CGPoint place);
+    void tap(CGPoint place);
+    void wheel(CGPoint place, CGFloat down);
+    void type(const std::string& text);
+
+private:
+    /// What a reload brings back.
+    struct Kept {
+        std::optional<std::string> group;
+        std::optional<CGPoint> offset;
+        bool isCompact = false;
+    };
+
+    void begin();
+    void startClock();
+    void openBundle();
+    void end();
+    [[nodiscard]] bool canTouchExtension(CGPoint place) const;
+    [[nodiscard]] CGPoint inWindow(CGPoint place) const;
+    void report(CGPoint place, UITouchPhase phase);
+    void finishGesture(CGPoint start, CGPoint end);
+    void tapSurroundings(const std::string& identifier);
+    void openFrom(std::size_t arrived);
+    bool tapElement(const Selector& selector);
+
+    LiveShow m_show;
+    UIUserInterfaceStyle m_appearance = UIUserInterfaceStyle::light;
+    int m_loadingTakes = 0; // milliseconds
+    Findings m_findings;
+    bool m_canLaunch = false;
+    int m_run = 0;
+    std::shared_ptr<ConversationHost> m_host;
+    std::optional<LiveScreen> m_screen;
+    std::shared_ptr<UITouch> m_touch;      // a finger on the extension
+    std::optional<CGPoint> m_gestureStart; // a finger beside it
+    std::optional<Kept> m_kept;
+};

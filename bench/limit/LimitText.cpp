@@ -103,7 +103,7 @@ Text layOut(const std::string& text, Weight weight, int pixels, int width) {
     PangoLayout* layout = sharedLayout();
     PangoFontDescription* font = pango_font_description_new();
     pango_font_description_set_family_static(font, "Inter");
-    pango_font_description_set_weight(font, weight == Weight::medium     ? PANGO_WEIGHT_MEDIUM
+    pango_font_description_set_weight(font, weight == Weight::regular    ? PANGO_WEIGHT_NORMAL
                                             : weight == Weight::semibold ? PANGO_WEIGHT_SEMIBOLD
                                                                          : PANGO_WEIGHT_BOLD);
     pango_font_description_set_absolute_size(font, pixels * PANGO_SCALE);

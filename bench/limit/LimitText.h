@@ -20,7 +20,7 @@ struct Text {
     int height = 0;
 };
 
-enum class Weight { medium, semibold, bold };
+enum class Weight { regular, semibold, bold };
 
 /// `width` 0: on one line. Fonts are opened at the first call, from two folders only.
 [[nodiscard]] Text layOut(const std::string& text, Weight weight, int pixels, int width);

@@ -20,8 +20,8 @@ void Rows::layOutNext() {
         m_next = 0;
     } else if (*m_next < section.items.size()) {
         const Item& item = section.items[(*m_next)++];
-        Row row{m_bottom, 0, &item, layOut(item.title, Weight::bold, points(17), textWidth),
-                layOut(item.subtitle, Weight::medium, points(15), textWidth)};
+        Row row{m_bottom, 0, &item, layOut(item.title, Weight::semibold, points(17), textWidth),
+                layOut(item.subtitle, Weight::regular, points(15), textWidth)};
         const int texts = row.title.height + textGap + row.subtitle.height;
         row.height = std::max(points(68), texts + 2 * cardPadding) + 2 * cardMarginY;
         add(std::move(row));

@@ -2,6 +2,8 @@
 
 #include "platform/foundation/Finding.h"
 
+#include <string_view>
+
 struct FlowEntry;
 
 /// One value of a flow file as it was written, and where.
@@ -20,6 +22,6 @@ struct FlowEntry {
     FlowNode value;
 };
 
-/// The YAML documents of a flow file. Stricter than YAML where YAML is silent: a key written twice, a tab as
-/// indentation and a quote that is not closed on its own line are problems, too. Empty when a problem was added.
-[[nodiscard]] std::vector<FlowNode> readFlowDocuments(const std::string& text, std::vector<Failure>& problems);
+/// The YAML documents of a flow file. Stricter than YAML: keys are words and written once, a text ends on its line
+/// unless it is a block, and there are no references, tags or directives. Empty when a problem was added.
+[[nodiscard]] std::vector<FlowNode> readFlowDocuments(std::string_view text, std::vector<Failure>& problems);

@@ -69,13 +69,18 @@ void LiveSession::gone(PageId page) {
 }
 
 void LiveSession::said(PageId page, const std::string& text) {
-    if (m_pages.count(page) == 0) {
+    const auto known = m_pages.find(page);
+    if (known == m_pages.end()) {
         return; // it was refused, and this was on its way
     }
     Result<PageMessage> message = PageMessage::parse(text);
     if (!message) {
         m_out.refuse(page, message.failure().what);
         return;
+    }
+    if (message.value().type() != "shown") {
+        ++known->second.heard;
+        known->second.isSettled = false;
     }
     const auto handler = handlers().find(message.value().type());
     if (handler == handlers().end()) {
@@ -236,6 +241,7 @@ void LiveSession::update() {
         tellIfNew(m_findings, findingsMessage(m_phone.findings()));
         sendPictures();
         tellElements();
+        tellSettled();
     }
 }
 
@@ -258,6 +264,7 @@ void LiveSession::sendPictures() {
         page.pending.add(change, {0, 0, screen.width(), screen.height()});
         if (!page.isUnderWay && !page.pending.isEmpty()) {
             page.isUnderWay = true;
+            page.isSettled = false;
             m_out.bytes(id, page.pending.take(screen, ++page.lastNumber));
         }
     }
@@ -279,6 +286,16 @@ void LiveSession::tellTrees() {
         if (tree != page.tree) {
             m_out.text(id, tree);
             page.tree = std::move(tree);
+        }
+    }
+}
+
+/// Everything that followed from what a page did has then been told, and shown.
+void LiveSession::tellSettled() {
+    for (auto& [id, page] : m_pages) {
+        if (!page.isSettled && !page.isUnderWay && page.pending.isEmpty() && !m_elementsAreDue) {
+            page.isSettled = true;
+            m_out.text(id, settledMessage(page.heard));
         }
     }
 }

@@ -38,7 +38,9 @@ private:
         std::uint32_t lastNumber = 0;
         bool isUnderWay = false; // the picture of that number
         bool inspects = false;
-        std::string tree; // as last told
+        std::string tree;        // as last told
+        std::uint32_t heard = 0; // messages, those about pictures aside
+        bool isSettled = false;  // and has been told so
     };
     using Handler = void (LiveSession::*)(PageServer::PageId, PageMessage&);
 
@@ -59,6 +61,7 @@ private:
     void tellEvents();
     void tellElements();
     void tellTrees();
+    void tellSettled();
     void sendPictures();
     [[nodiscard]] std::int64_t milliseconds() const;
 

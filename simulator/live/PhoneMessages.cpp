@@ -94,6 +94,10 @@ std::string styleRequestMessage(std::int64_t milliseconds, const ConversationHos
                                         {"changed", request.changed}});
 }
 
+std::string settledMessage(std::uint32_t heard) {
+    return json::serialize(json::object{{"type", "settled"}, {"heard", heard}});
+}
+
 std::string findingsMessage(const Findings& findings) {
     json::array list;
     for (const Finding& finding : findings) {

@@ -1,13 +1,16 @@
 """What the browser tests share: a phone of its own for each test, and a real browser that looks at it."""
 
-import base64
-import json
+import hashlib
 import os
+import pathlib
 import re
+import struct
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
+import zlib
 
 from selenium import webdriver
 from selenium.webdriver.chrome.options import Options
@@ -17,18 +20,20 @@ from selenium.webdriver.common.by import By
 from selenium.webdriver.support.ui import Select
 
 PARLOR = sys.argv.pop(1) if len(sys.argv) > 1 else os.environ["PARLOR"]
-PATIENCE = 60  # seconds until a condition must have come about, on a busy machine
+BUNDLE = pathlib.Path(PARLOR).parents[2] / "TruthsAndDares.appex"
+PATIENCE = 120  # seconds until a condition must have come about, on a busy machine
 
 
 def wait_until(condition, what):
     """Returns what the condition gives as soon as that counts as true."""
     end = time.monotonic() + PATIENCE
-    while time.monotonic() < end:
+    while True:
         result = condition()
         if result:
             return result
+        if time.monotonic() > end:
+            raise AssertionError(f"did not come about: {what}")
         time.sleep(0.02)
-    raise AssertionError(f"did not come about: {what}")
 
 
 class Phone:
@@ -37,7 +42,7 @@ class Phone:
     def __init__(self, *arguments):
         self.process = subprocess.Popen(
             [PARLOR, "open", "--no-browser", *arguments],
-            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+            stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
         self.told = []
         while True:
             line = self.process.stderr.readline()
@@ -53,33 +58,80 @@ class Phone:
     def end(self):
         """The exit status, and what it said on standard error since the address."""
         self.process.terminate()
-        output, errors = self.process.communicate(timeout=PATIENCE)
-        self.debug_lines = output
+        _, errors = self.process.communicate(timeout=PATIENCE)
         return self.process.returncode, errors
 
 
-def make_browser(width=1280, height=1000, dark=False):
+def make_browser():
     options = Options()
-    for argument in ("--headless=new", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage",
-                     f"--window-size={width},{height}", "--force-device-scale-factor=1"):
+    for argument in ("--headless=new", "--disable-gpu", "--disable-dev-shm-usage", "--force-device-scale-factor=1",
+                     "--window-size=1280,1000", "--disable-background-timer-throttling",
+                     "--disable-renderer-backgrounding", "--disable-backgrounding-occluded-windows"):
         options.add_argument(argument)
+    if os.geteuid() == 0:
+        options.add_argument("--no-sandbox")  # which Chromium refuses to set up for root
     options.binary_location = "/usr/bin/chromium"
     options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
     browser = webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
-    if dark:
-        browser.execute_cdp_cmd("Emulation.setEmulatedMedia",
-                                {"features": [{"name": "prefers-color-scheme", "value": "dark"}]})
+    browser.set_script_timeout(PATIENCE)
+    browser.set_page_load_timeout(PATIENCE)
     return browser
+
+
+def digest(width, height, pixels):
+    return f"{width} x {height} {hashlib.sha256(pixels).hexdigest()}"
+
+
+def digest_of_png(path):
+    """Of a picture that Parlor wrote: red, green, blue, alpha, 8 bits a channel, no filters."""
+    data = pathlib.Path(path).read_bytes()
+    at, compressed = 8, b""
+    while at < len(data):
+        length, kind = struct.unpack(">I4s", data[at:at + 8])
+        body = data[at + 8:at + 8 + length]
+        if kind == b"IHDR":
+            width, height, depth, colour = struct.unpack(">IIBB", body[:10])
+        elif kind == b"IDAT":
+            compressed += body
+        at += 12 + length
+    channels = {2: 3, 6: 4}[colour]
+    rows = zlib.decompress(compressed)
+    stride = 1 + width * channels
+    assert depth == 8 and not any(rows[::stride]), "another depth, or rows with filters"
+    pixels = b"".join(rows[y * stride + 1:(y + 1) * stride] for y in range(height))
+    if channels == 3:
+        whole = bytearray(b"\xff" * (width * height * 4))
+        for channel in range(3):
+            whole[channel::4] = pixels[channel::3]
+        pixels = bytes(whole)
+    return digest(width, height, pixels)
+
+
+shots = {}  # digests by arguments
+
+
+def shot(*arguments):
+    """The digest of what `parlor shot` takes."""
+    if arguments not in shots or "--content" in arguments or "--bundle" in arguments:
+        with tempfile.TemporaryDirectory() as folder:
+            file = pathlib.Path(folder) / "shot.png"
+            subprocess.run([PARLOR, "shot", "-o", file, *arguments], check=True, capture_output=True)
+            shots[arguments] = digest_of_png(file)
+    return shots[arguments]
 
 
 class Page:
     """The page of a phone in the browser's current window."""
 
-    def __init__(self, browser, phone):
+    def __init__(self, browser, phone, presentation="expanded"):
         self.browser = browser
         self.address = phone.address
         browser.get(phone.address)
-        self.wait_for_group("Adult (18+)")
+        self.wait_for("presentation", presentation)
+        self.settle()
+
+    def run(self, script, *arguments):
+        return self.browser.execute_script(script, *arguments)
 
     def element(self, name):
         return self.browser.find_element(By.ID, name)
@@ -88,68 +140,73 @@ class Page:
         return self.element(name).get_attribute("textContent")
 
     def value(self, name):
-        return self.element(name).get_property("value")
+        return self.run("return document.getElementById(arguments[0]).value", name)
+
+    def wait_for(self, control, value):
+        wait_until(lambda: self.value(control) == value, f"{control} is {value}")
+
+    def settle(self):
+        """Waits until the phone has told all that followed from what was done."""
+        wait_until(lambda: self.run("return document.getElementById('phone').ariaBusy") == "false", "a settled phone")
 
     def choose(self, name, value):
         Select(self.element(name)).select_by_value(value)
+        self.settle()
 
-    def wait_for_group(self, group):
-        wait_until(lambda: self.value("group") == group, f"the group {group}")
+    def press(self, *keys):
+        ActionChains(self.browser).send_keys(*keys).perform()
+        self.settle()
 
-    def wait_for_presentation(self, name):
-        wait_until(lambda: self.value("presentation") == name, f"the presentation {name}")
+    def part(self, label, role=""):
+        """The button that stands for a part of the phone whose label begins so."""
+        return wait_until(lambda: self.run(
+            """return [...document.querySelectorAll('#elements .element')].find((part) =>
+                   part.textContent.startsWith(arguments[0]) && part.dataset.key.startsWith(arguments[1])) ?? null""",
+            label, role), f"a part '{label}' on the phone")
 
-    def find_part(self, label):
-        """The button that stands for a part of the phone whose label begins so; None when there is none."""
-        return self.browser.execute_script(
-            "return [...document.querySelectorAll('#elements .element')]"
-            ".find((part) => part.textContent.startsWith(arguments[0])) ?? null", label)
+    def has_part(self, label):
+        self.settle()
+        return self.run("return [...document.querySelectorAll('#elements .element')]"
+                        ".some((part) => part.textContent.startsWith(arguments[0]))", label)
 
-    def part(self, label):
-        return wait_until(lambda: self.find_part(label), f"a part '{label}' on the phone")
+    def first_row(self):
+        return self.part("", "row ").get_attribute("textContent")
 
-    def middle_of(self, label):
-        """Where a part's middle is, from the middle of the phone, as pointer actions count."""
-        return wait_until(lambda: self.browser.execute_script(
-            """const part = [...document.querySelectorAll('#elements .element')]
-                   .find((known) => known.textContent.startsWith(arguments[0]));
-               if (!part) return null;
-               const phone = document.getElementById('phone').getBoundingClientRect();
-               const box = part.getBoundingClientRect();
-               return [Math.round(box.x + box.width / 2 - phone.x - phone.width / 2),
-                       Math.round(box.y + box.height / 2 - phone.y - phone.height / 2)];""", label),
-            f"a part '{label}' on the phone")
+    def at(self, label):
+        """Actions that begin in the middle of a part, on a settled phone."""
+        part = self.part(label)
+        self.settle()
+        return ActionChains(self.browser, duration=50).move_to_element(part)
 
     def click(self, label):
-        x, y = self.middle_of(label)
-        ActionChains(self.browser).move_to_element_with_offset(self.element("phone"), x, y).click().perform()
+        self.at(label).click().perform()
+        self.settle()
 
-    def drag(self, label, down):
-        x, y = self.middle_of(label)
-        actions = ActionChains(self.browser, duration=50).move_to_element_with_offset(self.element("phone"), x, y)
-        actions.click_and_hold().move_by_offset(0, down // 2).move_by_offset(0, down - down // 2).release().perform()
+    def drag(self, label, down, right=0):
+        self.at(label).click_and_hold().move_by_offset(right, down // 2).move_by_offset(right, down - down // 2) \
+            .release().perform()
+        self.settle()
 
     def links(self):
-        return [json.loads(text) for text in self.browser.execute_script(
-            "return [...document.querySelectorAll('#out .card dl')].map((card) =>"
-            " JSON.stringify([...card.querySelectorAll('dd')].map((item) => item.textContent)))")]
+        """The values of each opened link's items."""
+        return self.run("return [...document.querySelectorAll('#out .card dl')].map((card) =>"
+                        " [...card.querySelectorAll('dd')].map((item) => item.textContent))")
 
     def pixels(self):
-        """(width, height, red-green-blue bytes) of the phone, read back from the page's canvas."""
-        width, height, data = self.browser.execute_script(
-            """const canvas = window.phonePixels;
+        """The digest of the phone's pixels, read back from the page's canvas."""
+        width, height, pixels = self.browser.execute_async_script(
+            """const done = arguments[0];
+               const canvas = window.phonePixels;
                const {data} = canvas.getContext('2d').getImageData(0, 0, canvas.width, canvas.height);
-               let text = '';
-               for (let at = 0; at < data.length; at += 32768) {
-                   text += String.fromCharCode(...data.subarray(at, at + 32768));
-               }
-               return [canvas.width, canvas.height, btoa(text)];""")
-        return width, height, base64.b64decode(data)
+               crypto.subtle.digest('SHA-256', data).then((sum) => done([canvas.width, canvas.height,
+                   [...new Uint8Array(sum)].map((byte) => byte.toString(16).padStart(2, '0')).join('')]));""")
+        return f"{width} x {height} {pixels}"
 
     def complaints(self):
         """Errors of this page; that of an earlier test may have missed its phone."""
+        place = self.address.removeprefix("http:")
         return [entry["message"] for entry in self.browser.get_log("browser")
-                if entry["level"] == "SEVERE" and self.address in entry["message"]]
+                if entry["level"] == "SEVERE" and place in entry["message"]]
 
 
 class BrowserTest(unittest.TestCase):
@@ -162,6 +219,13 @@ class BrowserTest(unittest.TestCase):
         cls.browser.quit()
 
     def open(self, *arguments):
+        """A phone; when the test is over, no page asks for it any more before it ends."""
         phone = Phone(*arguments)
         self.addCleanup(lambda: phone.process.poll() is None and phone.end())
+        self.addCleanup(lambda: self.browser.get("about:blank"))
         return phone
+
+    def assert_shows(self, page, *arguments):
+        """The picture may still be on its way when nothing was done in the page: then it is waited for."""
+        wanted = shot(*arguments)
+        wait_until(lambda: page.pixels() == wanted, f"the pixels of parlor shot {' '.join(arguments)}")

@@ -14,11 +14,13 @@ export class Carrier {
         this.#connect();
     }
 
-    /** Dropped while there is no connection: the phone tells its whole state to a page that comes back. */
+    /** False while there is no connection: the phone tells its whole state to a page that comes back. */
     send(message) {
-        if (this.#socket.readyState === WebSocket.OPEN) {
+        const isOpen = this.#socket.readyState === WebSocket.OPEN;
+        if (isOpen) {
             this.#socket.send(JSON.stringify(message));
         }
+        return isOpen;
     }
 
     #connect() {

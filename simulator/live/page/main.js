@@ -9,7 +9,14 @@ import { Phone } from './phone.js';
 import { openPanel } from './tabs.js';
 
 const element = (id) => document.getElementById(id);
-const send = (message) => carrier.send(message);
+let asked = 0; // messages that the phone has to answer
+
+function send(message) {
+    if (carrier.send(message) && message.type !== 'shown') {
+        asked += 1;
+        phone.busy = true;
+    }
+}
 
 const phone = new Phone(send);
 const controls = new Controls(send);
@@ -30,6 +37,7 @@ const receivers = {
     link: (link) => outcome.link(link),
     styleRequest: (request) => outcome.styleRequest(request),
     findings: ({ list }) => (outcome.findings = list),
+    settled: ({ heard }) => (phone.busy = heard !== asked),
 };
 
 const carrier = new Carrier({
@@ -38,6 +46,8 @@ const carrier = new Carrier({
     connected(connected) {
         element('connection').textContent = connected ? 'Connected' : 'Not connected. Is Parlor still running?';
         document.body.classList.toggle('lost', !connected);
+        asked = 0;
+        phone.busy = true;
         if (connected) {
             outcome.clear(); // the phone tells everything anew to a page that comes
             send({ type: 'inspect', on: inspecting });

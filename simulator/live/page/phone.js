@@ -45,7 +45,13 @@ export class Phone {
         return this.#pixels.canvas;
     }
 
+    /** While the phone has not answered all that was done. */
+    set busy(busy) {
+        this.#box.setAttribute('aria-busy', String(busy));
+    }
+
     show(buffer) {
+        this.busy = true; // until it is told that nothing follows
         const picture = readPicture(buffer);
         this.#pixels.apply(picture);
         this.#draw(areasOf(picture));

@@ -19,9 +19,8 @@ void Finger::tap(CGPoint point) {
     report(touch);
 }
 
-void Finger::drag(const std::vector<CGPoint>& points, const std::function<void()>& beforeLifting) {
-    constexpr int steps = 20; // a line
-    const std::chrono::milliseconds pause(400 / (steps * (points.size() - 1)));
+void Finger::drag(const std::vector<CGPoint>& points, const std::function<void()>& beforeLifting, int steps) {
+    const std::chrono::milliseconds pause(400 / (steps * static_cast<int>(points.size() - 1)));
     const auto touch = std::make_shared<UITouch>(points.front());
     report(touch);
     for (std::size_t i = 1; i < points.size(); ++i) {

@@ -15,9 +15,11 @@ public:
     explicit Finger(ConversationHost& host) : m_host(host) {}
 
     void tap(CGPoint point);
-    /// Down at the first point, along straight lines to the last, up. Takes 400 virtual milliseconds.
-    /// `beforeLifting` is called while the finger is still down.
-    void drag(const std::vector<CGPoint>& points, const std::function<void()>& beforeLifting = {});
+    /// Down at the first point, along straight lines to the last, up. Takes 400 virtual milliseconds. The finger is
+    /// seen so many times on each line; `beforeLifting` is called while it is still down.
+    void drag(const std::vector<CGPoint>& points, const std::function<void()>& beforeLifting = {},
+              int steps = stepsOfALine);
+    static constexpr int stepsOfALine = 20;
 
     /// A text as single presses of keys.
     [[nodiscard]] static std::vector<std::string> keystrokes(const std::string& text);

@@ -12,6 +12,7 @@ int readLoadingTime(const FlowValue& value) {
 
 struct Bubble {
     std::string from = "A";
+    std::optional<std::string> text;
     std::optional<NSURL> url;
 };
 
@@ -19,6 +20,7 @@ Bubble readBubbleKeys(const FlowValue& value) {
     Bubble bubble;
     if (value.isMap()) {
         bubble.from = value.requiredText("from");
+        bubble.text = value.find("text", &FlowValue::text);
         if (const auto url = value.find("url")) {
             const std::string text = url->name();
             bubble.url = NSURL::URLWithString(text);
@@ -76,9 +78,22 @@ FlowAction readOpenBubble(const FlowValue& value) {
 }
 
 FlowAction readReceiveMessage(const FlowValue& value) {
-    value.allowOnly({"from", "url"});
-    return whenOpen([bubble = readBubbleKeys(value)](ConversationHost& host) {
-        host.receive(host.makeMessage(bubble.from, bubble.url));
+    value.allowOnly({"from", "text", "url"});
+    const Bubble bubble = readBubbleKeys(value);
+    if (bubble.text) { // it shows in the conversation, whether the extension is open or not
+        return [bubble](FlowPlayer& player) -> std::optional<Failure> {
+            player.host().arrive({bubble.from, *bubble.text, bubble.url});
+            return std::nullopt;
+        };
+    }
+    return whenOpen([bubble](ConversationHost& host) { host.receive(host.makeMessage(bubble.from, bubble.url)); });
+}
+
+FlowAction readClose(const FlowValue& value) {
+    value.expectNothing();
+    return whenOpen([](ConversationHost& host) {
+        host.resign();
+        host.close();
     });
 }
 
@@ -106,6 +121,7 @@ const std::vector<FlowCommand>& hostCommands() {
         {"startSending", readCall<&ConversationHost::startSending>},
         {"cancelSending", readCall<&ConversationHost::cancelSending>},
         {"resign", readCall<&ConversationHost::resign>},
+        {"close", readClose},
         {"setStyle", readSetStyle},
         {"wait", readWait},
         {"waitForAnimationToEnd", readWaitForAnimationToEnd},

@@ -5,29 +5,33 @@
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
 
+#include <algorithm>
 #include <map>
 
 namespace {
 
-using Stroke = std::vector<FlowPoint>;
+struct Stroke {
+    std::vector<FlowPoint> points;
+    int steps = Finger::stepsOfALine;
+};
 
 /// From where to where each direction goes, in per cent of the window.
 Stroke strokeTowards(const std::string& direction) {
     static std::map<std::string, Stroke> strokes{
-        {"UP", {{50, 50, true}, {50, 10, true}}},
-        {"DOWN", {{50, 20, true}, {50, 90, true}}},
-        {"LEFT", {{90, 50, true}, {10, 50, true}}},
-        {"RIGHT", {{10, 50, true}, {90, 50, true}}},
+        {"UP", {{{50, 50, true}, {50, 10, true}}}},
+        {"DOWN", {{{50, 20, true}, {50, 90, true}}}},
+        {"LEFT", {{{90, 50, true}, {10, 50, true}}}},
+        {"RIGHT", {{{10, 50, true}, {90, 50, true}}}},
     };
     return strokes[direction];
 }
 
 void drag(FlowPlayer& player, const Stroke& stroke, const std::function<void()>& beforeLifting = {}) {
     std::vector<CGPoint> points;
-    for (const FlowPoint& point : stroke) {
+    for (const FlowPoint& point : stroke.points) {
         points.push_back(point.in(player.host().window().bounds().size));
     }
-    Finger(player.host()).drag(points, beforeLifting);
+    Finger(player.host()).drag(points, beforeLifting, stroke.steps);
 }
 
 std::optional<Failure> tapElement(FlowPlayer& player, const Selector& selector) {
@@ -59,7 +63,7 @@ std::optional<Failure> tapPlace(FlowPlayer& player, const FlowPoint& place) {
 
 /// For scrolling the finger keeps clear of what stands above a list.
 Stroke strokeThatScrolls(const std::string& direction) {
-    return direction == "DOWN" ? Stroke{{50, 35, true}, {50, 90, true}} : strokeTowards(direction);
+    return direction == "DOWN" ? Stroke{{{50, 35, true}, {50, 90, true}}} : strokeTowards(direction);
 }
 
 /// What a scroll can change; equal before and after when the end is reached.
@@ -85,18 +89,20 @@ std::optional<Failure> scrollTo(FlowPlayer& player, const Selector& selector, co
 Stroke readStroke(const FlowValue& value) {
     Stroke stroke;
     for (const FlowValue& point : value.list()) {
-        stroke.push_back(point.point());
+        stroke.points.push_back(point.point());
     }
-    if (stroke.size() < 2) {
+    if (stroke.points.size() < 2) {
         value.complain("a swipe needs two points at least");
     }
     return stroke;
 }
 
 Stroke readSwipeMap(const FlowValue& value) {
-    value.allowOnly({"direction", "start", "end", "points", "takeScreenshot"});
+    value.allowOnly({"direction", "start", "end", "points", "steps", "takeScreenshot"});
     if (const auto points = value.find("points")) {
-        return readStroke(*points);
+        Stroke stroke = readStroke(*points);
+        stroke.steps = std::max(1, value.find("steps", &FlowValue::count).value_or(stroke.steps));
+        return stroke;
     }
     if (const auto direction = value.find("direction")) {
         return strokeTowards(direction->word({"UP", "DOWN", "LEFT", "RIGHT"}));
@@ -107,7 +113,7 @@ Stroke readSwipeMap(const FlowValue& value) {
         value.complain("'direction', 'points', or 'start' and 'end', must say where the finger goes");
         return {};
     }
-    return {start->point(), end->point()};
+    return {{start->point(), end->point()}};
 }
 
 FlowAction readTapOn(const FlowValue& value) {

@@ -64,6 +64,18 @@ TEST_F(FlowPlayerTest, FailsWhatDoesNotHold) {
                             HasSubstr("the link has no item 'colour'")));
 }
 
+TEST_F(FlowPlayerTest, ClosesTheExtensionAndShowsWhatArrivesMeanwhile) {
+    EXPECT_THAT(failuresOf("- launchApp\n"
+                           "- receiveMessage: {from: A, text: Hi}\n"
+                           "- assertDebug: [willBecomeActive, didReceive]\n"
+                           "- close\n"
+                           "- tapOn: Friends\n"
+                           "- receiveMessage: {from: A, text: Still there}\n"
+                           "- resign\n"),
+                ElementsAre(HasSubstr("tapOn: the extension has not been opened yet"),
+                            HasSubstr("resign: the extension has not been opened yet")));
+}
+
 TEST_F(FlowPlayerTest, RecordsATreeOnceAndThenComparesWithIt) {
     const std::string flow = "- launchApp\n- wait: 600\n- assertTree: tree.txt\n";
     EXPECT_THAT(failuresOf(flow), ElementsAre(HasSubstr("has been recorded")));

@@ -1,6 +1,7 @@
 #include "simulator/flows/FlowCommands.h"
 
 #include "simulator/flows/FlowPlayer.h"
+#include "simulator/pictures/PictureFile.h"
 #include "simulator/pictures/ScreenPicture.h"
 
 namespace {

@@ -1,6 +1,7 @@
 #include "simulator/pictures/PictureComparison.h"
 
 #include "platform/graphics/PNG.h"
+#include "simulator/pictures/PictureFile.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -85,17 +86,6 @@ std::optional<Failure> record(const Bitmap& picture, const fs::path& golden) {
 }
 
 } // namespace
-
-std::optional<Failure> savePicture(const Bitmap& picture, const fs::path& file) {
-    std::error_code error;
-    if (file.has_parent_path()) {
-        fs::create_directories(file.parent_path(), error);
-    }
-    if (const std::optional<Failure> failure = writePNG(picture, file.string())) {
-        return Failure{"cannot write " + file.string() + ": " + failure->what};
-    }
-    return std::nullopt;
-}
 
 std::optional<Failure> compareWithGolden(const Bitmap& actual, const fs::path& golden, const std::string& name,
                                          const PictureSettings& settings) {

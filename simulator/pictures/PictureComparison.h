@@ -17,6 +17,3 @@ struct PictureSettings {
 /// What differs is left as NAME.expected.png, NAME.actual.png and NAME.diff.png in the output folder.
 [[nodiscard]] std::optional<Failure> compareWithGolden(const Bitmap& actual, const std::filesystem::path& golden,
                                                        const std::string& name, const PictureSettings& settings);
-
-/// Writes a picture, with the folders it needs. Absent when it was written.
-[[nodiscard]] std::optional<Failure> savePicture(const Bitmap& picture, const std::filesystem::path& file);

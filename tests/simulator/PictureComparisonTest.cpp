@@ -1,6 +1,7 @@
 #include "simulator/pictures/PictureComparison.h"
 
 #include "platform/graphics/PNG.h"
+#include "simulator/pictures/PictureFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

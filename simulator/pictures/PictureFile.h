@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/foundation/Finding.h"
+#include "platform/graphics/Bitmap.h"
+
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+// Files that are there whole or not at all: whoever looks, or stops the program, meanwhile never finds half of one. The
+// folders they need are made. Absent when the file was written.
+
+[[nodiscard]] std::optional<Failure> writeWholeFile(std::string_view bytes, const std::filesystem::path& file);
+/// As PNG.
+[[nodiscard]] std::optional<Failure> savePicture(const Bitmap& picture, const std::filesystem::path& file);

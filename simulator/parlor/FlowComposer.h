@@ -13,6 +13,8 @@ public:
     void addStep(std::string name, FlowAction run) { m_flow.steps.push_back({{}, std::move(name), std::move(run)}); }
     /// Shows another group than the first by tapping.
     void choose(const std::string& group);
+    /// A list without modes has nothing to tap, which is no failure.
+    void tapFirstMode();
     void openDropdown() { add("- tapOn: {id: btnDropdown}\n"); }
 
     [[nodiscard]] const Flow& flow() const { return m_flow; }

@@ -1,91 +1,122 @@
 #include "content/DropdownRows.h"
-#include "simulator/flows/FlowPlayer.h"
-#include "simulator/parlor/FlowComposer.h"
-#include "simulator/parlor/PreparedBundle.h"
+#include "simulator/parlor/OwnProcess.h"
+#include "simulator/parlor/Shot.h"
 #include "simulator/pictures/ContactSheet.h"
 #include "simulator/pictures/GalleryFolder.h"
+#include "simulator/pictures/GalleryPage.h"
+#include "simulator/pictures/PictureFile.h"
 #include "simulator/pictures/ScreenPicture.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <iostream>
 
 namespace {
 
-constexpr const char* sheetName = "gallery.png";
-
 constexpr const char* examples = "Examples:\n"
                                  "  parlor gallery -o out/gallery\n"
                                  "  parlor gallery -o out/gallery --device se --device 15max\n";
+
+/// A list in scripts that the interface's own font does not have: that of the tree when the command is given there.
+std::string scriptsList() {
+    const std::string list = "flows/scripts/Family.json";
+    std::error_code error;
+    return std::filesystem::exists(list, error) ? list : besideProgram(list).string();
+}
 
 /// Which phones a gallery shows and where it goes.
 struct GalleryOptions : BundleOptions {
     std::vector<std::string> devices; // empty: the usual one
     std::filesystem::path folder;
     bool force = false; // also overwrites what is not its own
+    std::string part;   // "light" or "dark": takes these pictures of one device, for another process; empty: all
 };
 
-/// Takes the pictures of one device: of each group and of the open list of groups, light and dark.
-class Visit {
-public:
-    Visit(GalleryFolder& folder, Device device) : m_folder(folder), m_device(std::move(device)) {}
+struct Scene {
+    std::string name;
+    Shot shot; // without device and appearance
+};
 
-    /// What failed on the way, if anything did; a failure when a picture could not be written.
-    CommandResult play(const PreparedBundle& bundle) {
-        FlowComposer flow;
-        for (const std::string& group : playerGroupTitles()) {
-            flow.choose(group);
-            show(flow, group);
-        }
-        flow.openDropdown();
-        show(flow, "Dropdown open");
-        bundle.openFor(flow.flow());
-        const Findings failures = FlowPlayer(flow.flow(), m_device).play().failures;
-        if (m_unwritten) {
-            return *m_unwritten;
-        }
-        if (!failures.empty()) { // the others follow from the first
-            std::cerr << "parlor: " << failures.front().what << '\n';
-        }
-        return failures;
+/// All that a designer wants to have seen before the screen goes out.
+std::vector<Scene> allScenes(const GalleryOptions& options) {
+    Shot usual;
+    static_cast<BundleOptions&>(usual) = options;
+    std::vector<Scene> scenes;
+    const auto add = [&](const std::string& name) -> Shot& { return scenes.emplace_back(Scene{name, usual}).shot; };
+    for (const std::string& group : playerGroupTitles()) {
+        add(group).group = group;
     }
-    /// Hands over one row of the contact sheet for each appearance.
-    void moveRowsTo(std::vector<ContactSheet>& rows) {
-        rows.push_back(std::move(m_light));
-        rows.push_back(std::move(m_dark));
+    add("List of groups").openDropdown = true;
+    add("Compact").style = "compact";
+    Shot& compactList = add("Compact, list of groups");
+    compactList.style = "compact";
+    compactList.openDropdown = true;
+    for (const std::string place : {"middle", "end"}) {
+        add("Scrolled to the " + place).scroll = place;
+    }
+    for (const std::string size : {"xSmall", "xxxLarge", "accessibility1", "accessibility3"}) {
+        add("Text size " + size).textSize = size;
+    }
+    add("Five scripts").content = scriptsList();
+    add("After a tap on a mode").tapFirst = true;
+    return scenes;
+}
+
+/// Everything of one device in one appearance, which one process takes.
+class Sheet {
+public:
+    Sheet(const std::vector<Scene>& scenes, const Device& device, bool dark) : m_device(device), m_dark(dark) {
+        for (const Scene& scene : scenes) {
+            Shot& shot = m_scenes.emplace_back(scene).shot;
+            shot.device = device.name;
+            shot.dark = dark;
+        }
+    }
+
+    [[nodiscard]] const std::vector<Scene>& scenes() const { return m_scenes; }
+    [[nodiscard]] std::string name() const { return fileOf("sheet"); }
+    [[nodiscard]] GalleryPicture picture(const Scene& scene) const {
+        const std::string file = fileOf(scene.name);
+        return {file, appearance(), scene.shot.commandLine(file)};
+    }
+    [[nodiscard]] const std::string& deviceName() const { return m_device.name; }
+    [[nodiscard]] std::string appearance() const { return m_dark ? "dark" : "light"; }
+
+    [[nodiscard]] CommandResult take(const PreparedBundle& bundle, const std::filesystem::path& folder) const {
+        ContactSheet sheet;
+        for (const Scene& scene : m_scenes) {
+            CommandResult result = takeScene(scene, bundle, folder, sheet);
+            if (!result || !result.value().empty()) {
+                return result;
+            }
+        }
+        const std::optional<Failure> failure = savePicture(sheet.picture(), folder / name());
+        return failure ? CommandResult(*failure) : Findings();
     }
 
 private:
-    void show(FlowComposer& flow, const std::string& what) {
-        for (const std::string appearance : {"light", "dark"}) {
-            flow.add("- setAppearance: " + appearance + "\n");
-            flow.addStep("picture", [this, what, appearance](FlowPlayer& player) {
-                if (!m_unwritten) {
-                    m_unwritten = addPicture(player.host(), what, appearance);
-                }
-                return std::nullopt;
-            });
-        }
+    [[nodiscard]] std::string fileOf(const std::string& what) const {
+        return m_device.name + "-" + appearance() + "-" + fileNameOf(what) + ".png";
     }
 
     /// Takes the picture for the folder and, at one pixel a point, for the sheet.
-    std::optional<Failure> addPicture(ConversationHost& host, const std::string& what, const std::string& appearance) {
-        const std::string name = m_device.name + "-" + appearance + "-" + fileNameOf(what) + ".png";
-        std::optional<Failure> failure = m_folder.save(takePicture(host, PictureExtent::screen), name);
-        if (!failure) {
-            const std::string caption = what + ", " + appearance + ", " + m_device.name;
-            ContactSheet& sheet = appearance == "dark" ? m_dark : m_light;
-            sheet.add(takePicture(host, PictureExtent::screen, 1), caption);
-            m_folder.show(name, caption);
+    [[nodiscard]] CommandResult takeScene(const Scene& scene, PreparedBundle bundle,
+                                          const std::filesystem::path& folder, ContactSheet& sheet) const {
+        std::optional<Failure> failure = bundle.fitTo(scene.shot);
+        if (failure) {
+            return *failure;
         }
-        return failure;
+        Findings findings = playShot(scene.shot, bundle, [&](ConversationHost& host) {
+            failure = savePicture(takePicture(host, PictureExtent::screen), folder / fileOf(scene.name));
+            sheet.add(takePicture(host, PictureExtent::screen, 1), scene.name);
+        });
+        return failure ? CommandResult(*failure) : findings;
     }
 
-    GalleryFolder& m_folder;
     Device m_device;
-    ContactSheet m_light;
-    ContactSheet m_dark;
-    std::optional<Failure> m_unwritten; // the first picture that could not be written
+    bool m_dark;
+    std::vector<Scene> m_scenes;
 };
 
 Result<std::vector<Device>> devicesOf(const GalleryOptions& options) {
@@ -95,61 +126,126 @@ Result<std::vector<Device>> devicesOf(const GalleryOptions& options) {
         if (!device) {
             return device.failure();
         }
-        devices.push_back(device.value());
-        devices.back().textSize = textSizeNamed(options.textSize);
+        const auto isSame = [&](const Device& known) { return known.name == device.value().name; };
+        if (std::none_of(devices.begin(), devices.end(), isSame)) {
+            devices.push_back(device.value());
+        }
     }
     return devices;
 }
 
-CommandResult fillFolder(GalleryFolder& folder, const std::vector<Device>& devices, const PreparedBundle& bundle) {
-    std::vector<ContactSheet> rows;
+/// The light sheet and the dark one of each device, one after the other.
+std::vector<Sheet> sheetsOf(const std::vector<Device>& devices, const std::vector<Scene>& scenes) {
+    std::vector<Sheet> sheets;
     for (const Device& device : devices) {
-        Visit visit(folder, device);
-        CommandResult seen = visit.play(bundle);
-        if (!seen || !seen.value().empty()) {
-            return seen;
+        for (const bool dark : {false, true}) {
+            sheets.emplace_back(scenes, device, dark);
         }
-        visit.moveRowsTo(rows);
     }
-    std::optional<Failure> failure = folder.save(ContactSheet::stack(rows), sheetName);
-    failure = failure ? failure : folder.savePage();
-    return failure ? CommandResult(*failure) : Findings();
+    return sheets;
+}
+
+std::vector<std::string> filesOf(const std::vector<Sheet>& sheets) {
+    std::vector<std::string> files;
+    for (const Sheet& sheet : sheets) {
+        files.push_back(sheet.name());
+        for (const Scene& scene : sheet.scenes()) {
+            files.push_back(sheet.picture(scene).file);
+        }
+    }
+    return files;
+}
+
+std::string pageFor(const std::vector<Device>& devices, const std::vector<Sheet>& sheets) {
+    std::vector<GalleryDevice> shown;
+    for (std::size_t i = 0; i < devices.size(); ++i) {
+        const Sheet& light = sheets[2 * i];
+        const Sheet& dark = sheets[2 * i + 1];
+        GalleryDevice& device = shown.emplace_back(GalleryDevice{devices[i], {}, {}});
+        for (const Sheet& sheet : {light, dark}) {
+            device.sheets.push_back({sheet.name(), sheet.appearance(), ""});
+        }
+        for (std::size_t j = 0; j < light.scenes().size(); ++j) {
+            device.scenes.push_back(
+                {light.scenes()[j].name, {light.picture(light.scenes()[j]), dark.picture(dark.scenes()[j])}});
+        }
+    }
+    return galleryPage(shown);
+}
+
+/// Each sheet takes a process of its own, which is this command for a part.
+CommandResult takeInOwnProcesses(const std::vector<Sheet>& sheets, const GalleryOptions& options) {
+    std::vector<std::vector<std::string>> argumentLists;
+    for (const Sheet& sheet : sheets) {
+        std::vector<std::string> arguments{"gallery",          "--output",       options.folder.string(),
+                                           "--text-size",      options.textSize, "--device",
+                                           sheet.deviceName(), "--part",         sheet.appearance()};
+        if (!options.bundle.empty()) {
+            arguments.insert(arguments.end(), {"--bundle", options.bundle.string()});
+        }
+        if (options.content) {
+            arguments.insert(arguments.end(), {"--content", *options.content});
+        }
+        argumentLists.push_back(std::move(arguments));
+    }
+    return runInOwnProcesses(argumentLists);
+}
+
+/// What is wrong with the bundle has been told by the process that this one is a part of.
+CommandResult takePart(const GalleryOptions& options, const std::vector<Sheet>& sheets) {
+    const Result<PreparedBundle> bundle = prepareBundle(options);
+    if (!bundle) {
+        return bundle.failure();
+    }
+    CommandResult result = sheets[options.part == "dark" ? 1 : 0].take(bundle.value(), options.folder);
+    if (result) {
+        tell(result.value());
+    }
+    return result;
+}
+
+CommandResult takeAll(const GalleryOptions& options, const std::vector<Device>& devices,
+                      const std::vector<Sheet>& sheets) {
+    GalleryFolder folder(options.folder, options.force ? Overwriting::everything : Overwriting::own);
+    if (const std::optional<Failure> refusal = folder.claim(filesOf(sheets))) {
+        return *refusal;
+    }
+    return withBundle(options, [&](const PreparedBundle&) -> CommandResult {
+        CommandResult result = takeInOwnProcesses(sheets, options);
+        if (!result || !result.value().empty()) {
+            return result;
+        }
+        if (const std::optional<Failure> failure = folder.savePage(pageFor(devices, sheets))) {
+            return *failure;
+        }
+        std::cerr << "parlor: gallery " << (options.folder / "index.html").string() << '\n';
+        return result;
+    });
 }
 
 CommandResult makeGallery(const GalleryOptions& options) {
-    if (options.folder.empty()) {
-        return Failure{"the gallery needs a folder"};
-    }
     const Result<std::vector<Device>> devices = devicesOf(options);
     if (!devices) {
         return devices.failure();
     }
-    GalleryFolder folder(options.folder, options.force ? Overwriting::everything : Overwriting::own);
-    for (const char* name : {sheetName, "index.html"}) {
-        if (const std::optional<Failure> refusal = folder.refusal(name)) {
-            return *refusal;
-        }
-    }
-    return withBundle(options, [&](const PreparedBundle& bundle) {
-        CommandResult result = fillFolder(folder, devices.value(), bundle);
-        if (result && result.value().empty()) {
-            std::cerr << "parlor: gallery " << (options.folder / "index.html").string() << ", all on one sheet "
-                      << (options.folder / sheetName).string() << '\n';
-        }
-        return result;
-    });
+    const std::vector<Sheet> sheets = sheetsOf(devices.value(), allScenes(options));
+    return options.part.empty() ? takeAll(options, devices.value(), sheets) : takePart(options, sheets);
 }
 
 } // namespace
 
 ParlorCommand addGalleryCommand(CLI::App& app) {
     const auto gallery = std::make_shared<GalleryOptions>();
-    CLI::App* line = app.add_subcommand("gallery", "Takes pictures of everything, with a page and a contact sheet");
-    line->add_option("-o,--output", gallery->folder, "Where the pictures go")->type_name("DIR")->required();
+    CLI::App* line = app.add_subcommand("gallery", "Takes pictures of everything, with a page to look through");
+    line->add_option("-o,--output", gallery->folder, "Where the pictures go")
+        ->check([](const std::string& folder) { return folder.empty() ? "the gallery needs a folder" : ""; })
+        ->type_name("DIR")
+        ->required();
     addBundleOptions(*line, *gallery);
     line->add_option("--device", gallery->devices, "As for run; may be given several times (default: 15)")
         ->type_name("NAME");
     line->add_flag("--force", gallery->force, "Also overwrites files that are not of an earlier gallery");
+    line->add_option("--part", gallery->part)->check(CLI::IsMember({"light", "dark"}))->group(""); // not for people
     line->footer(examples);
     return {line, [gallery] { return makeGallery(*gallery); }};
 }

@@ -45,6 +45,21 @@ std::string groupFor(const fs::path& content) {
     return named != groups.end() ? *named : groups.front();
 }
 
+std::optional<Failure> PreparedBundle::fitTo(const BundleOptions& options) {
+    if (!options.device.empty()) {
+        const Result<Device> named = deviceNamed(options.device);
+        if (!named) {
+            return named.failure();
+        }
+        device = named.value();
+    }
+    textSize = textSizeNamed(options.textSize);
+    if (options.content) {
+        overrides = {{groupFor(*options.content) + ".json", options.content}};
+    }
+    return std::nullopt;
+}
+
 void PreparedBundle::openFor(const Flow& flow) const {
     std::vector<ResourceOverride> all = overrides;
     all.insert(all.end(), flow.overrides.begin(), flow.overrides.end());
@@ -59,21 +74,13 @@ Device PreparedBundle::deviceFor(const Flow& flow) const {
 
 Result<PreparedBundle> prepareBundle(const BundleOptions& options) {
     PreparedBundle bundle;
-    if (!options.device.empty()) {
-        const Result<Device> device = deviceNamed(options.device);
-        if (!device) {
-            return device.failure();
-        }
-        bundle.device = device.value();
+    if (const std::optional<Failure> failure = bundle.fitTo(options)) {
+        return *failure;
     }
-    bundle.textSize = textSizeNamed(options.textSize);
     bundle.folder = options.bundle.empty() ? besideProgram("TruthsAndDares.appex") : options.bundle;
     std::error_code error;
     if (!fs::exists(bundle.folder / "Info.plist", error)) {
         return Failure{bundle.folder.string() + " is no extension bundle: it has no Info.plist"};
-    }
-    if (options.content) {
-        bundle.overrides.push_back({groupFor(*options.content) + ".json", options.content});
     }
     openExtensionBundle(bundle.folder, bundle.overrides);
     Result<BundleFindings> findings = checkMainBundle(options.content);

@@ -22,6 +22,8 @@ struct PreparedBundle {
     std::vector<ResourceOverride> overrides; // for every flow
     BundleFindings findings;
 
+    /// Takes device, text size and content file from the options; why that cannot be, else.
+    [[nodiscard]] std::optional<Failure> fitTo(const BundleOptions& options);
     /// Makes it the main bundle, as the flow wants it.
     void openFor(const Flow& flow) const;
     [[nodiscard]] Device deviceFor(const Flow& flow) const;

@@ -1,7 +1,3 @@
-#include "game/CategoriesVC.h"
-#include "platform/uikit/table/UITableViewCell.h"
-#include "simulator/conversation/Finger.h"
-#include "simulator/conversation/ScreenNarrator.h"
 #include "simulator/flows/FlowPlayer.h"
 #include "simulator/parlor/FlowComposer.h"
 #include "simulator/parlor/PreparedBundle.h"
@@ -35,24 +31,6 @@ struct RunOptions : BundleOptions {
     bool quiet = false;
 };
 
-/// A list without modes has nothing to tap, which is no failure.
-std::optional<Failure> tapFirstMode(FlowPlayer& player) {
-    const CategoriesVC* screen = shownCategoryScreen(player.host());
-    const auto cells =
-        screen != nullptr ? screen->tableView->visibleCells() : std::vector<std::shared_ptr<UITableViewCell>>();
-    if (cells.empty()) {
-        player.host().note("tap", "there is no mode to tap");
-        return std::nullopt;
-    }
-    const std::optional<CGPoint> point = ScreenElement(player.host().window(), cells.front()).pointToTouch();
-    if (!point) {
-        return Failure{"the first mode cannot be tapped"};
-    }
-    player.host().note("tap", "tapped the first mode");
-    Finger(player.host()).tap(*point);
-    return std::nullopt;
-}
-
 /// What is played for somebody's own content file when no flow is named: the group that the file is shown for is chosen
 /// and the first of its modes is tapped.
 Flow contentFlow(const std::string& content) {
@@ -60,7 +38,7 @@ Flow contentFlow(const std::string& content) {
     FlowComposer composer;
     composer.choose(group);
     composer.add("- takeScreenshot: content\n");
-    composer.addStep("tap", tapFirstMode);
+    composer.tapFirstMode();
     Flow flow = composer.flow();
     flow.file = content;
     flow.name = "Your content, as the list of " + group;

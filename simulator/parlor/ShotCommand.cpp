@@ -1,10 +1,7 @@
 #include "content/DropdownRows.h"
-#include "game/CategoriesVC.h"
 #include "platform/graphics/PNG.h"
-#include "simulator/conversation/ScreenNarrator.h"
-#include "simulator/flows/FlowPlayer.h"
-#include "simulator/parlor/FlowComposer.h"
-#include "simulator/parlor/PreparedBundle.h"
+#include "simulator/parlor/Shot.h"
+#include "simulator/pictures/PictureFile.h"
 #include "simulator/pictures/ScreenPicture.h"
 
 #include <CLI/CLI.hpp>
@@ -21,49 +18,10 @@ constexpr const char* examples = "Examples:\n"
                                  "\n"
                                  "A file that exists and is no PNG picture is left alone.\n";
 
-/// What one picture is to show.
-struct ShotOptions : BundleOptions {
-    std::optional<std::string> group; // absent: the one the content file is named after, or the first
-    bool dark = false;
-    std::string style = "expanded";
-    bool openDropdown = false;
-    double scroll = 0; // points, of the list of modes
-    bool bare = false;
-    std::string file; // "-": standard output
-};
-
 /// A mistyped name must not cost somebody a file.
 bool isForeign(const std::string& file) {
     std::error_code error;
     return file != "-" && std::filesystem::exists(file, error) && !readPNGSize(file);
-}
-
-void scrollModes(const FlowPlayer& player, double distance) {
-    if (const CategoriesVC* screen = shownCategoryScreen(player.host())) {
-        const CGPoint start = screen->tableView->contentOffset();
-        screen->tableView->setContentOffset({start.x, start.y + distance});
-    }
-}
-
-FlowComposer flowFor(const ShotOptions& shot, std::optional<Bitmap>& picture) {
-    FlowComposer flow;
-    flow.choose(shot.group.value_or(groupFor(shot.content.value_or(""))));
-    if (shot.dark) {
-        flow.add("- setAppearance: dark\n");
-    }
-    flow.add("- setStyle: " + shot.style + "\n");
-    flow.addStep("scroll", [distance = shot.scroll](FlowPlayer& player) {
-        scrollModes(player, distance);
-        return std::nullopt;
-    });
-    if (shot.openDropdown) {
-        flow.openDropdown();
-    }
-    flow.addStep("picture", [&picture, bare = shot.bare](FlowPlayer& player) {
-        picture = takePicture(player.host(), bare ? PictureExtent::extension : PictureExtent::screen);
-        return std::nullopt;
-    });
-    return flow;
 }
 
 std::optional<Failure> writeToStandardOutput(const Bitmap& picture) {
@@ -83,45 +41,47 @@ std::optional<Failure> deliver(const Bitmap& picture, const std::string& file) {
     return failure;
 }
 
-CommandResult shoot(const ShotOptions& shot, const PreparedBundle& bundle) {
+CommandResult shoot(const Shot& shot, const std::string& file, const PreparedBundle& bundle) {
     std::optional<Bitmap> picture;
-    const FlowComposer composed = flowFor(shot, picture);
-    const Flow& flow = composed.flow();
     Findings failures;
     {
         std::optional<OutputAside> aside;
-        if (shot.file == "-") {
+        if (file == "-") {
             aside.emplace();
         }
-        bundle.openFor(flow);
-        failures = FlowPlayer(flow, bundle.deviceFor(flow)).play().failures;
+        failures = playShot(shot, bundle, [&](ConversationHost& host) {
+            picture = takePicture(host, shot.bare ? PictureExtent::extension : PictureExtent::screen);
+        });
     }
     for (const Finding& failure : failures) {
         std::cerr << "parlor: " << failure.what << '\n';
     }
-    const std::optional<Failure> failure = deliver(*picture, shot.file);
+    const std::optional<Failure> failure = deliver(*picture, file);
     return failure ? CommandResult(*failure) : failures;
 }
 
-CommandResult takeShot(const ShotOptions& shot) {
-    if (isForeign(shot.file)) {
-        return Failure{shot.file + " exists and is no PNG picture; it is left alone"};
+CommandResult takeShot(const Shot& shot, const std::string& file) {
+    if (isForeign(file)) {
+        return Failure{file + " exists and is no PNG picture; it is left alone"};
     }
-    return withBundle(shot, [&](const PreparedBundle& bundle) { return shoot(shot, bundle); });
+    return withBundle(shot, [&](const PreparedBundle& bundle) { return shoot(shot, file, bundle); });
 }
 
-/// Empty when the text is a finite number, else what to say.
-std::string finiteNumber(const std::string& text) {
+/// Empty when the text says how far to scroll, else what to say.
+std::string scrollDistance(const std::string& text) {
     double number = 0;
-    return CLI::detail::lexical_cast(text, number) && std::isfinite(number) ? "" : text + " is no distance";
+    const bool isWord = text == "middle" || text == "end";
+    const bool isNumber = CLI::detail::lexical_cast(text, number) && std::isfinite(number);
+    return isWord || isNumber ? "" : text + " is no distance";
 }
 
 } // namespace
 
 ParlorCommand addShotCommand(CLI::App& app) {
-    const auto shot = std::make_shared<ShotOptions>();
+    const auto shot = std::make_shared<Shot>();
+    const auto file = std::make_shared<std::string>();
     CLI::App* line = app.add_subcommand("shot", "Takes a picture of the screen");
-    line->add_option("-o,--output", shot->file, "The PNG file; - for standard output")->type_name("FILE")->required();
+    line->add_option("-o,--output", *file, "The PNG file; - for standard output")->type_name("FILE")->required();
     addBundleOptions(*line, *shot);
     addDeviceOption(*line, *shot);
     line->add_option("--group", shot->group, "Adult (18+), Friends, Couple or Family")
@@ -132,10 +92,11 @@ ParlorCommand addShotCommand(CLI::App& app) {
         ->check(CLI::IsMember({"compact", "expanded"}))
         ->option_text("STYLE");
     line->add_flag("--open-dropdown", shot->openDropdown, "With the list of groups open");
-    line->add_option("--scroll", shot->scroll, "How far the modes are scrolled")
-        ->check(finiteNumber)
-        ->type_name("POINTS");
+    line->add_option("--scroll", shot->scroll, "How far the modes are scrolled: points, middle or end")
+        ->check(scrollDistance)
+        ->option_text("POINTS");
+    line->add_flag("--tap-first", shot->tapFirst, "After a tap on the first mode in view: its link is handed over");
     line->add_flag("--bare", shot->bare, "Without the conversation around the extension");
     line->footer(examples);
-    return {line, [shot] { return takeShot(*shot); }};
+    return {line, [shot, file] { return takeShot(*shot, *file); }};
 }

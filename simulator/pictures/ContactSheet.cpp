@@ -10,6 +10,7 @@ namespace {
 
 constexpr int gap = 24;
 constexpr int captionHeight = 28;
+constexpr int columns = 5;
 
 void copyInto(Bitmap& sheet, const Bitmap& picture, int left, int top) {
     for (int y = 0; y < picture.height(); ++y) {
@@ -19,47 +20,22 @@ void copyInto(Bitmap& sheet, const Bitmap& picture, int left, int top) {
 
 } // namespace
 
-int ContactSheet::width() const {
-    int width = gap;
-    for (const Cell& cell : m_cells) {
-        width += cell.picture.width() + gap;
-    }
-    return width;
-}
-
-int ContactSheet::height() const {
-    int height = 0;
-    for (const Cell& cell : m_cells) {
-        height = std::max(height, cell.picture.height());
-    }
-    return height + captionHeight + gap;
-}
-
-void ContactSheet::paint(Bitmap& sheet, int top) const {
-    int left = gap;
-    for (const Cell& cell : m_cells) {
+Bitmap ContactSheet::picture() const {
+    const int count = static_cast<int>(m_cells.size());
+    const int across = m_cells.front().picture.width() + gap;
+    const int down = captionHeight + m_cells.front().picture.height() + gap;
+    Bitmap sheet(gap + std::min(count, columns) * across, gap + (count + columns - 1) / columns * down);
+    CairoCanvas(sheet, 1).fillRect(CGRectMake(0, 0, sheet.width(), sheet.height()),
+                                   systemColor("systemGray5Color")->components());
+    for (int i = 0; i < count; ++i) {
+        const Cell& cell = m_cells[static_cast<std::size_t>(i)];
+        const int left = gap + i % columns * across;
+        const int top = gap + i / columns * down;
         const auto label = caption(cell.caption, 13, UIFontWeight::medium, systemColor("darkGrayColor"));
         label->setFrame(label->bounds().offsetBy(left, top));
         CairoCanvas canvas(sheet, 1);
         ViewPainter(canvas, UIUserInterfaceStyle::light).paint(*label, label->frame());
         copyInto(sheet, cell.picture, left, top + captionHeight);
-        left += cell.picture.width() + gap;
-    }
-}
-
-Bitmap ContactSheet::stack(const std::vector<ContactSheet>& rows) {
-    int width = 0;
-    int height = gap;
-    for (const ContactSheet& row : rows) {
-        width = std::max(width, row.width());
-        height += row.height();
-    }
-    Bitmap sheet(width, height);
-    CairoCanvas(sheet, 1).fillRect(CGRectMake(0, 0, width, height), systemColor("systemGray5Color")->components());
-    int top = gap;
-    for (const ContactSheet& row : rows) {
-        row.paint(sheet, top);
-        top += row.height();
     }
     return sheet;
 }

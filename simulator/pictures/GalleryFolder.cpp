@@ -1,35 +1,24 @@
 #include "simulator/pictures/GalleryFolder.h"
 
 #include "platform/foundation/FileReading.h"
-#include "simulator/pictures/PictureComparison.h"
+#include "simulator/pictures/GalleryPage.h"
+#include "simulator/pictures/PictureFile.h"
 
 #include <cctype>
-#include <fstream>
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
 
 namespace {
 
 constexpr const char* pageName = "index.html";
-constexpr const char* generator = R"(<meta name="generator" content="parlor gallery">)";
-
-constexpr const char* head = R"(
-<style>
-body { font: 15px/1.4 system-ui, sans-serif; margin: 24px; background: #e5e5ea; color: #333; }
-main { display: flex; flex-wrap: wrap; gap: 24px; }
-figure { margin: 0; width: 260px; }
-figcaption { margin-bottom: 8px; }
-img { width: 100%; display: block; border-radius: 12px; }
-</style>
-<h1>Truths &amp; Dares</h1>
-<p><a href="gallery.png">All on one sheet</a></p>
-<main>
-)";
 
 } // namespace
 
 GalleryFolder::GalleryFolder(std::filesystem::path folder, Overwriting overwriting)
     : m_folder(std::move(folder)), m_overwriting(overwriting) {
     const Result<std::string> page = readWholeFile(m_folder / pageName);
-    if (!page || page.value().find(generator) == std::string::npos) {
+    if (!page || page.value().find(galleryMark) == std::string::npos) {
         return;
     }
     m_earlier.insert(pageName);
@@ -41,6 +30,23 @@ GalleryFolder::GalleryFolder(std::filesystem::path folder, Overwriting overwriti
     }
 }
 
+std::optional<Failure> GalleryFolder::claim(const std::vector<std::string>& names) {
+    std::error_code error;
+    std::filesystem::create_directories(m_folder, error);
+    if (error || access(m_folder.c_str(), W_OK | X_OK) != 0) {
+        const std::string reason = error ? error.message() : std::strerror(errno);
+        return Failure{"cannot write into " + m_folder.string() + ": " + reason};
+    }
+    m_claimed.insert(names.begin(), names.end());
+    m_claimed.insert(pageName);
+    for (const std::string& name : m_claimed) {
+        if (std::optional<Failure> failure = refusal(name)) {
+            return failure;
+        }
+    }
+    return std::nullopt;
+}
+
 std::optional<Failure> GalleryFolder::refusal(const std::string& name) const {
     std::error_code error;
     const bool isFree = m_earlier.contains(name) || !std::filesystem::exists(m_folder / name, error);
@@ -50,41 +56,18 @@ std::optional<Failure> GalleryFolder::refusal(const std::string& name) const {
     return Failure{(m_folder / name).string() + " is not of an earlier gallery; --force overwrites it"};
 }
 
-std::optional<Failure> GalleryFolder::save(const Bitmap& picture, const std::string& name) {
-    std::optional<Failure> failure = refusal(name);
-    m_written.insert(name);
-    return failure ? failure : savePicture(picture, m_folder / name);
-}
-
-std::optional<Failure> GalleryFolder::savePage() {
-    if (std::optional<Failure> failure = refusal(pageName)) {
+std::optional<Failure> GalleryFolder::savePage(const std::string& html) const {
+    if (std::optional<Failure> failure = writeWholeFile(html, m_folder / pageName)) {
         return failure;
     }
-    const std::filesystem::path path = m_folder / pageName;
-    std::ofstream page(path, std::ios::binary);
-    page << "<!DOCTYPE html>\n<html lang=\"en\">\n<meta charset=\"utf-8\">\n"
-         << generator << "\n<title>Truths &amp; Dares</title>" << head;
-    for (const Shown& shown : m_shown) {
-        page << "<figure><figcaption>" << shown.caption << "</figcaption><a href=\"" << shown.name << "\"><img src=\""
-             << shown.name << "\" alt=\"" << shown.caption << "\" loading=\"lazy\"></a></figure>\n";
-    }
-    page << "</main>\n</html>\n";
-    page.close();
-    if (!page) {
-        return Failure{"cannot write " + path.string()};
-    }
-    removeEarlierPictures();
-    return std::nullopt;
-}
-
-void GalleryFolder::removeEarlierPictures() const {
     for (const std::string& name : m_earlier) {
         const bool isOurs = name.ends_with(".png") && std::filesystem::path(name).filename() == name;
-        if (isOurs && !m_written.contains(name)) {
+        if (isOurs && !m_claimed.contains(name)) {
             std::error_code error; // one that stays does no harm
             std::filesystem::remove(m_folder / name, error);
         }
     }
+    return std::nullopt;
 }
 
 std::string fileNameOf(const std::string& text) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/foundation/Result.h"
-#include "platform/graphics/Bitmap.h"
+#include "platform/foundation/Finding.h"
 
 #include <filesystem>
 #include <optional>
@@ -17,27 +16,19 @@ class GalleryFolder {
 public:
     GalleryFolder(std::filesystem::path folder, Overwriting overwriting);
 
-    /// Why a file of that name may not be written; absent when it may.
-    [[nodiscard]] std::optional<Failure> refusal(const std::string& name) const;
-    [[nodiscard]] std::optional<Failure> save(const Bitmap& picture, const std::string& name);
-    /// Lists a picture on the page.
-    void show(const std::string& name, const std::string& caption) { m_shown.push_back({name, caption}); }
+    /// Makes room for pictures of these names and the page; why that cannot be, else. Nothing is written yet.
+    [[nodiscard]] std::optional<Failure> claim(const std::vector<std::string>& names);
     /// Writes the page, index.html, and removes the pictures that only the earlier page shows: without a page that
     /// names them they would count as somebody else's. The last thing to do.
-    [[nodiscard]] std::optional<Failure> savePage();
+    [[nodiscard]] std::optional<Failure> savePage(const std::string& html) const;
 
 private:
-    struct Shown {
-        std::string name;
-        std::string caption;
-    };
-    void removeEarlierPictures() const;
+    [[nodiscard]] std::optional<Failure> refusal(const std::string& name) const;
 
     std::filesystem::path m_folder;
     Overwriting m_overwriting;
     std::set<std::string> m_earlier; // what the earlier page names, itself included; empty: there is none of ours
-    std::set<std::string> m_written;
-    std::vector<Shown> m_shown;
+    std::set<std::string> m_claimed;
 };
 
 /// A text as part of a file's name: small letters and digits, "adult-18".

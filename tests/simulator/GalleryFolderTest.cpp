@@ -1,6 +1,7 @@
 #include "simulator/pictures/GalleryFolder.h"
 
 #include "platform/foundation/FileReading.h"
+#include "simulator/pictures/GalleryPage.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -12,12 +13,15 @@ protected:
     /// A whole gallery; whether all of it could be written.
     bool makeGallery(const std::vector<std::string>& names, Overwriting overwriting = Overwriting::own) const {
         GalleryFolder gallery(folder.path(), overwriting);
-        bool isWhole = !gallery.save(Bitmap(1, 1), "gallery.png");
-        for (const std::string& name : names) {
-            gallery.show(name, "");
-            isWhole = !gallery.save(Bitmap(1, 1), name) && isWhole;
+        if (gallery.claim(names)) {
+            return false;
         }
-        return !gallery.savePage() && isWhole;
+        GalleryDevice device{deviceNamed("15").value(), {}, {}};
+        for (const std::string& name : names) {
+            folder.write(name, "a picture");
+            device.sheets.push_back({name, "light", ""});
+        }
+        return !gallery.savePage(galleryPage({device}));
     }
     [[nodiscard]] bool has(const std::string& name) const { return std::filesystem::exists(folder.path() / name); }
 
@@ -26,11 +30,11 @@ protected:
 };
 
 TEST_F(GalleryFolderTest, LeavesFilesOfOthersAloneUnlessForced) {
-    for (const std::string name : {"a.png", "gallery.png", "index.html"}) {
+    for (const std::string name : {"a.png", "index.html"}) {
         folder.write(name, "somebody's");
-        EXPECT_TRUE(GalleryFolder(folder.path(), Overwriting::own).refusal(name)) << name;
-        EXPECT_FALSE(makeGallery({"a.png"})) << name;
+        EXPECT_FALSE(makeGallery({"a.png", "b.png"})) << name;
         EXPECT_EQ(readWholeFile(folder.path() / name).value(), "somebody's");
+        EXPECT_FALSE(has("b.png")) << "nothing is written when not all may be";
         EXPECT_TRUE(makeGallery({"a.png"}, Overwriting::everything));
         EXPECT_TRUE(makeGallery({"a.png"})) << "now it is its own";
         for (const auto& file : std::filesystem::directory_iterator(folder.path())) {
@@ -42,13 +46,20 @@ TEST_F(GalleryFolderTest, LeavesFilesOfOthersAloneUnlessForced) {
 TEST_F(GalleryFolderTest, RemovesThePicturesThatOnlyItsEarlierPageShows) {
     const std::filesystem::path outside = outer.write("up.png", "somebody's");
     folder.write("c.png", "somebody's");
-    GalleryFolder editedByHand(folder.path(), Overwriting::own);
-    editedByHand.show("../" + outer.path().filename().string() + "/up.png", "");
-    EXPECT_FALSE(editedByHand.savePage());
+    GalleryDevice editedByHand{deviceNamed("15").value(), {}, {}};
+    editedByHand.sheets.push_back({"../" + outer.path().filename().string() + "/up.png", "light", ""});
+    EXPECT_FALSE(GalleryFolder(folder.path(), Overwriting::own).savePage(galleryPage({editedByHand})));
     EXPECT_TRUE(makeGallery({"a.png", "b.png"}) && has("b.png"));
     EXPECT_TRUE(makeGallery({"a.png"}));
-    EXPECT_TRUE(has("a.png") && has("gallery.png") && !has("b.png"));
+    EXPECT_TRUE(has("a.png") && !has("b.png"));
     EXPECT_TRUE(has("c.png") && std::filesystem::exists(outside));
+}
+
+TEST_F(GalleryFolderTest, NamesAFolderThatCannotBe) {
+    folder.write("file", "");
+    const std::optional<Failure> failure = GalleryFolder(folder.path() / "file" / "in it", Overwriting::own).claim({});
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->what, "cannot write into " + (folder.path() / "file" / "in it").string() + ": Not a directory");
 }
 
 TEST_F(GalleryFolderTest, NamesFilesInSmallLettersAndDigits) {

@@ -162,12 +162,12 @@ class CanvasScene {
 public:
     CanvasScene() {
         openBundleOnly();
-        m_window.addSubview(m_canvas);
+        m_window->addSubview(m_canvas);
         m_canvas->setStrokeWidth(6);
-        m_window.layoutIfNeeded();
+        m_window->layoutIfNeeded();
     }
-    void render() { m_renderer.render(m_window); }
-    UIWindow& window() { return m_window; }
+    void render() { m_renderer.render(*m_window); }
+    UIWindow& window() { return *m_window; }
 
     void begin(int stroke) {
         m_finger = std::make_shared<UITouch>(point(stroke, 0));
@@ -199,43 +199,57 @@ private:
     }
     void send() {
         UIEvent event(TouchSet{m_finger});
-        m_window.sendEvent(event);
+        m_window->sendEvent(event);
         MainRunLoop::shared().runUntilIdle();
     }
 
-    UIWindow m_window{CGRect{{0, 0}, bench::screenSize}};
+    std::shared_ptr<UIWindow> m_window = std::make_shared<UIWindow>(CGRect{{0, 0}, bench::screenSize});
     std::shared_ptr<DrawingView> m_canvas = std::make_shared<DrawingView>(CGRect{{0, 0}, bench::screenSize});
     std::shared_ptr<UITouch> m_finger;
     WindowRenderer m_renderer{bench::screenSize, bench::screenScale};
 };
 
-/// Over 1,000 strokes of 100 points: one move of a further stroke (its 50th point), with the frame that shows it.
+/// Over strokes of 100 points: one move of a further stroke (its 50th point and on), with the frame that shows it.
 void canvasMove(benchmark::State& state) {
+    const int strokes = static_cast<int>(state.range(0));
     CanvasScene scene;
-    scene.draw(1000, 100);
+    scene.draw(strokes, 100);
     scene.render();
-    scene.begin(1000);
+    scene.begin(strokes);
     int step = 0;
     for (; step < 50; ++step) {
-        scene.move(1000, step);
+        scene.move(strokes, step);
     }
     scene.render();
     for (auto _ : state) {
-        scene.move(1000, step++ % 100);
+        scene.move(strokes, step++ % 100);
         scene.render();
     }
 }
-BENCHMARK(canvasMove)->Iterations(50)->Unit(benchmark::kMillisecond);
+BENCHMARK(canvasMove)->Arg(10)->Arg(100)->Arg(1000)->Iterations(50)->Unit(benchmark::kMillisecond);
 
+/// All pixels anew, the drawing known.
 void canvasRedraw(benchmark::State& state) {
     CanvasScene scene;
-    scene.draw(1000, 100);
+    scene.draw(static_cast<int>(state.range(0)), 100);
+    scene.render();
     for (auto _ : state) {
         scene.window().setNeedsDisplay();
         scene.render();
     }
 }
-BENCHMARK(canvasRedraw)->Unit(benchmark::kMillisecond);
+BENCHMARK(canvasRedraw)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
+
+/// The first time that all strokes are drawn.
+void canvasFirstDraw(benchmark::State& state) {
+    CanvasScene scene;
+    scene.draw(static_cast<int>(state.range(0)), 100);
+    for (auto _ : state) {
+        WindowRenderer renderer(bench::screenSize, bench::screenScale);
+        renderer.render(scene.window());
+    }
+}
+BENCHMARK(canvasFirstDraw)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

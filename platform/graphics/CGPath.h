@@ -30,6 +30,10 @@ struct StrokeStyle {
     CGFloat width = 1;
     CGLineJoin join = CGLineJoin::miter;
     CGLineCap cap = CGLineCap::butt;
+
+    /// How far from its path a stroke can reach, in points.
+    [[nodiscard]] CGFloat reach() const { return width * (join == CGLineJoin::miter ? 5 : 0.75); }
+    friend bool operator==(const StrokeStyle&, const StrokeStyle&) = default;
 };
 
 /// A shape as a list of pieces, by value. Remembers when it is one plain or rounded rectangle, which canvases draw

@@ -11,13 +11,13 @@
 class UIBezierPath : public NSObject {
 public:
     UIBezierPath() = default;
-    explicit UIBezierPath(CGPath path) : m_path(std::move(path)) {}
+    explicit UIBezierPath(CGPath path) : m_path(std::make_shared<CGPath>(std::move(path))) {}
 
     [[nodiscard]] static std::shared_ptr<UIBezierPath> bezierPath() { return std::make_shared<UIBezierPath>(); }
 
-    void moveToPoint(CGPoint point) { m_path.moveTo(point); }
-    void addLineToPoint(CGPoint point) { m_path.addLineTo(point); }
-    void addQuadCurveToPointControlPoint(CGPoint end, CGPoint control) { m_path.addQuadCurveTo(end, control); }
+    void moveToPoint(CGPoint point) { changing().moveTo(point); }
+    void addLineToPoint(CGPoint point) { changing().addLineTo(point); }
+    void addQuadCurveToPointControlPoint(CGPoint end, CGPoint control) { changing().addQuadCurveTo(end, control); }
 
     void setLineWidth(CGFloat width) { m_style.width = width; }
     void setLineJoinStyle(CGLineJoin join) { m_style.join = join; }
@@ -27,6 +27,9 @@ public:
     void fill() const;
 
 private:
-    CGPath m_path;
+    /// What was drawn is shared with whoever keeps the drawing, so it is copied before it changes.
+    [[nodiscard]] CGPath& changing();
+
+    std::shared_ptr<CGPath> m_path = std::make_shared<CGPath>();
     StrokeStyle m_style;
 };

@@ -46,7 +46,7 @@ std::string cellNibOf(const std::string& identifier) {
 class WatchedLabel : public UILabel {
 public:
     explicit WatchedLabel(UITableView& list) : UILabel(CGRectMake(0, 0, 9, 9)), m_list(list) {}
-    void invalidate(const CGRect&) override { rowsAtChange = m_list.visibleCells().size(); }
+    void invalidate(const CGRect&, UIView*) override { rowsAtChange = m_list.visibleCells().size(); }
     std::size_t rowsAtChange = 0;
 
 private:

@@ -43,6 +43,27 @@ void CairoCanvas::drawImage(const UIImage& image, const CGRect& rect) {
     cairo_surface_destroy(surface);
 }
 
+std::optional<PixelRect> CairoCanvas::wholePixelsOf(const CGRect& rect) const {
+    const std::optional<CGRect> bounds = deviceBounds(rect);
+    if (!bounds.has_value() || cairoSteps.snapped(*bounds) != wholePixels.snapped(*bounds) ||
+        std::any_of(m_roundedClips.begin(), m_roundedClips.end(),
+                    [&](const RoundedRect& shape) { return touchesCorner(shape, *bounds); })) {
+        return std::nullopt;
+    }
+    return wholePixels.inside(wholePixels.snapped(*bounds));
+}
+
+void CairoCanvas::replacePixels(const Bitmap& pixels, const PixelRect& area) {
+    cairo_surface_t* surface = surfaceOver(pixels);
+    cairo_save(m_context.get());
+    cairo_set_source_surface(m_context.get(), surface, area.x, area.y);
+    cairo_set_operator(m_context.get(), CAIRO_OPERATOR_SOURCE);
+    cairo_rectangle(m_context.get(), area.x, area.y, area.width, area.height);
+    cairo_fill(m_context.get());
+    cairo_restore(m_context.get());
+    cairo_surface_destroy(surface);
+}
+
 /// Makes one unit one pixel of the image: on whole pixels of the device when the image has as many as its place there.
 void CairoCanvas::placeImage(const CGRect& rect, const Bitmap& pixels) {
     const CGRect box = toDevice(rect);

@@ -54,8 +54,7 @@ std::optional<CGRect> CairoCanvas::withoutCorners(const CGPath& path) const {
 void CairoCanvas::strokePath(const CGPath& path, const RGBA& color, const StrokeStyle& style) {
     static constexpr cairo_line_join_t joins[] = {CAIRO_LINE_JOIN_MITER, CAIRO_LINE_JOIN_ROUND, CAIRO_LINE_JOIN_BEVEL};
     static constexpr cairo_line_cap_t caps[] = {CAIRO_LINE_CAP_BUTT, CAIRO_LINE_CAP_ROUND, CAIRO_LINE_CAP_SQUARE};
-    const CGFloat reach = style.width * (style.join == CGLineJoin::miter ? 5 : 1);
-    const std::optional<CGRect> bounds = deviceBounds(path.boundingBox().insetBy(-reach, -reach));
+    const std::optional<CGRect> bounds = deviceBounds(path.boundingBox().insetBy(-style.reach(), -style.reach()));
     if (path.isEmpty() || !bounds.has_value() || !(color.alpha > 0) || !(style.width > 0)) {
         return;
     }

@@ -101,6 +101,12 @@ CairoCanvas::CairoCanvas(Bitmap& bitmap, CGFloat scale) : m_scale(scale), m_stat
     cairo_set_antialias(m_context.get(), CAIRO_ANTIALIAS_GRAY);
 }
 
+CairoCanvas::CairoCanvas(Bitmap& bitmap, const CairoCanvas& like, const PixelRect& area)
+    : CairoCanvas(bitmap, like.m_scale) {
+    cairo_surface_set_device_offset(cairo_get_target(m_context.get()), -area.x, -area.y);
+    m_states.back().origin = like.m_states.back().origin;
+}
+
 CairoCanvas::~CairoCanvas() = default;
 
 void CairoCanvas::save() {

@@ -23,6 +23,8 @@ class CairoCanvas : public Canvas {
 public:
     /// `scale` in device pixels a point.
     CairoCanvas(Bitmap& bitmap, CGFloat scale);
+    /// Draws what another one would draw now into a bitmap of its own, which shows `area` of the other's pixels.
+    CairoCanvas(Bitmap& bitmap, const CairoCanvas& like, const PixelRect& area);
     ~CairoCanvas() override;
 
     void save() override;
@@ -35,6 +37,15 @@ public:
     void drawShadow(const CGPath& path, const RGBA& color, CGSize offset) override;
     void drawImage(const UIImage& image, const CGRect& rect) override;
     void drawText(const TextLayout& layout, CGPoint origin, const RGBA& color) override;
+
+    /// The device's pixels of a rectangle whose edges fall between them and of which no rounded clip takes a part;
+    /// absent for any other.
+    [[nodiscard]] std::optional<PixelRect> wholePixelsOf(const CGRect& rect) const;
+    /// All pixels that a rectangle reaches into, and all that can be drawn to now.
+    [[nodiscard]] PixelRect pixelsOf(const CGRect& rect) const { return wholePixels.touchedBy(toDevice(rect)); }
+    [[nodiscard]] PixelRect clipPixels() const { return wholePixels.touchedBy(clipBounds()); }
+    /// Puts opaque pixels in the place of those in `area`.
+    void replacePixels(const Bitmap& pixels, const PixelRect& area);
 
 private:
     struct State {

@@ -91,13 +91,13 @@ void UIView::setBackgroundColor(const std::shared_ptr<UIColor>& color) {
 
 // Drawing.
 
-void UIView::invalidate(const CGRect& rect) {
+void UIView::invalidate(const CGRect& rect, UIView* drawn) {
     if (!isDrawn() || m_superview == nullptr) {
         return;
     }
     const CGRect visible = clipsToBounds() ? rect.intersection(m_bounds) : rect;
     if (!visible.isEmpty()) {
-        m_superview->invalidate(visible.offsetBy(shiftToSuperview()));
+        m_superview->invalidate(visible.offsetBy(shiftToSuperview()), drawn);
     }
 }
 

@@ -106,7 +106,7 @@ public:
 
     // Drawing.
     /// Has the view's own rectangle drawn again.
-    void setNeedsDisplay() { invalidate(m_bounds); }
+    void setNeedsDisplay() { invalidate(m_bounds, this); }
     /// Has everything painted again that the view reaches with its shadow and its subviews. What changes that is to be
     /// painted calls it before and after: the old look and the new may differ in their reach.
     void setNeedsRepaint() { invalidate(paintedRect()); }
@@ -182,8 +182,9 @@ public:
 protected:
     /// Whether layoutIfNeeded() at this view, the top of its tree, has something to do.
     [[nodiscard]] bool isLayoutDue() const { return m_layout.marks.areAny(); }
-    /// A rectangle in this view's coordinates that must be painted again.
-    virtual void invalidate(const CGRect& rect);
+    /// A rectangle in this view's coordinates must be painted again: because of what `drawn` draws in its drawRect and
+    /// for no other reason, unless that is null.
+    virtual void invalidate(const CGRect& rect, UIView* drawn = nullptr);
 
 private:
     friend class ViewSystem; // for place() and setPlacedByConstraints()

@@ -20,7 +20,7 @@ void tellContentSizeCategory(UIView& view) {
 } // namespace
 
 UIWindow::UIWindow(const CGRect& frame) : UIView(frame) {
-    UIWindow::invalidate(bounds());
+    UIWindow::invalidate(bounds(), nullptr);
 }
 
 /// Views that outlive the window learn that they are in none.
@@ -124,13 +124,12 @@ std::vector<WindowChange> UIWindow::takeChanges() {
     return std::exchange(m_changes, {});
 }
 
-void UIWindow::contentMoved(const UIView& scrolled, CGFloat distance) {
-    const std::shared_ptr<const UIView> view = std::static_pointer_cast<const UIView>(scrolled.shared_from_this());
-    if (!m_changes.empty() && m_changes.back().isMove() && m_changes.back().scrolled.lock() == view) {
+void UIWindow::contentMoved(UIView& scrolled, CGFloat distance) {
+    if (!m_changes.empty() && m_changes.back().isMove() && m_changes.back().view.lock().get() == &scrolled) {
         m_changes.back().distance += distance;
         return;
     }
-    note({.area = {}, .scrolled = view, .distance = distance, .move = scrollMoveFor(scrolled)});
+    note({.area = {}, .view = strong<UIView>(&scrolled), .distance = distance, .move = scrollMoveFor(scrolled)});
 }
 
 /// A window that nobody draws forgets the details.
@@ -138,22 +137,26 @@ void UIWindow::note(const WindowChange& change) {
     if (m_changes.size() < mostChanges) {
         m_changes.push_back(change);
     } else {
-        m_changes = {{.area = bounds(), .scrolled = {}, .distance = 0, .move = {}}};
+        m_changes = {{.area = bounds(), .view = {}, .distance = 0, .move = {}}};
     }
 }
 
 /// Joins what has been invalidated since the last move; what came before it stays apart, for the move carries it along.
-void UIWindow::invalidate(const CGRect& rect) {
-    const CGRect visible = rect.intersection(bounds());
-    const auto first = std::find_if(m_changes.rbegin(), m_changes.rend(), [](const WindowChange& change) {
-                           return change.isMove();
+void UIWindow::invalidate(const CGRect& rect, UIView* drawn) {
+    const WindowChange change{rect.intersection(bounds()), strong<UIView>(drawn), 0, {}};
+    const auto includes = [](const WindowChange& one, const WindowChange& other) {
+        const std::shared_ptr<UIView> view = one.view.lock();
+        return one.area.contains(other.area) && (!view || view == other.view.lock());
+    };
+    const auto first = std::find_if(m_changes.rbegin(), m_changes.rend(), [](const WindowChange& known) {
+                           return known.isMove();
                        }).base();
-    if (visible.isEmpty() ||
-        std::any_of(first, m_changes.end(), [&](const WindowChange& known) { return known.area.contains(visible); })) {
+    if (change.area.isEmpty() ||
+        std::any_of(first, m_changes.end(), [&](const WindowChange& known) { return includes(known, change); })) {
         return;
     }
     m_changes.erase(
-        std::remove_if(first, m_changes.end(), [&](const WindowChange& known) { return visible.contains(known.area); }),
+        std::remove_if(first, m_changes.end(), [&](const WindowChange& known) { return includes(change, known); }),
         m_changes.end());
-    note({.area = visible, .scrolled = {}, .distance = 0, .move = {}});
+    note(change);
 }

@@ -9,10 +9,11 @@
 /// One thing that changed on a window since its last frame: an area to be painted again, or a scroll view whose content
 /// moved. The order of changes counts, since a later move carries earlier ones along.
 struct WindowChange {
-    CGRect area;                          // of a repaint, in the window's coordinates
-    std::weak_ptr<const UIView> scrolled; // of a move
-    CGFloat distance = 0;                 // of a move: how far the content went down, in points
-    ScrollMove move;                      // as the tree was at that moment
+    CGRect area; // of a repaint, in the window's coordinates
+    /// Of a move: the scroll view. Of a repaint: the view whose drawing alone has changed in the area, or none.
+    std::weak_ptr<UIView> view;
+    CGFloat distance = 0; // of a move: how far the content went down, in points
+    ScrollMove move;      // as the tree was at that moment
 
     [[nodiscard]] bool isMove() const { return distance != 0; }
 };
@@ -43,10 +44,10 @@ public:
     /// What happened to the picture since the last call, in order.
     [[nodiscard]] std::vector<WindowChange> takeChanges();
     /// The content of a scroll view in this window went down by `distance` points.
-    void contentMoved(const UIView& scrolled, CGFloat distance);
+    void contentMoved(UIView& scrolled, CGFloat distance);
 
 protected:
-    void invalidate(const CGRect& rect) override;
+    void invalidate(const CGRect& rect, UIView* drawn) override;
 
 private:
     struct ActiveTouch {

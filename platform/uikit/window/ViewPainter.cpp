@@ -116,14 +116,21 @@ void ViewPainter::paintContent(UIView& view, const CGRect& dirty) {
     if (rect.isEmpty()) {
         return;
     }
-    const DrawingContext context(m_canvas, m_style);
+    const RGBA ground = view.backgroundColor() ? view.backgroundColor()->resolved(m_style) : RGBA{0, 0, 0, 0};
+    const bool standsOnGround = ground.alpha >= 1 && effectiveRadius(view) == 0 && view.drawnRect() == view.bounds();
+    const bool records = m_drawPaths && standsOnGround;
+    DrawingRecord record;
+    const DrawingContext context(m_canvas, m_style, records ? &record : nullptr);
     m_canvas.save();
     if (view.clipsToBounds() && effectiveRadius(view) > 0) {
         m_canvas.clip(CGPath::withRoundedRect(view.bounds(), effectiveRadius(view)));
     } else {
         m_canvas.clipRect(view.drawnRect());
     }
-    view.drawRect(rect);
+    view.drawRect(records ? view.bounds() : rect); // a record is to be like the last one
+    if (records) {
+        m_drawPaths(view, ground, std::move(record.operations));
+    }
     m_canvas.restore();
 }
 

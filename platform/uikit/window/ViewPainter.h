@@ -1,10 +1,14 @@
 #pragma once
 
 #include "platform/foundation/Geometry.h"
+#include "platform/graphics/DrawingContext.h"
 #include "platform/graphics/UIColor.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
+#include <utility>
+#include <vector>
 
 class Canvas;
 class UIView;
@@ -13,7 +17,12 @@ class UIView;
 /// the platform's compositor stacks them. Made for one frame.
 class ViewPainter {
 public:
-    ViewPainter(Canvas& canvas, UIUserInterfaceStyle style) : m_canvas(canvas), m_style(style) {}
+    /// Draws, onto the same canvas, the paths of a view that draws nothing else, over the opaque ground of its bounds.
+    using PathDrawer = std::function<void(UIView& view, const RGBA& ground, std::vector<PathOperation> paths)>;
+
+    /// Without a drawer, paths go to the canvas as they come.
+    ViewPainter(Canvas& canvas, UIUserInterfaceStyle style, PathDrawer drawPaths = nullptr)
+        : m_canvas(canvas), m_style(style), m_drawPaths(std::move(drawPaths)) {}
 
     /// `dirty` is in the view's superview's coordinates, which are also the canvas's; what lies outside need not be
     /// drawn.
@@ -33,4 +42,5 @@ private:
 
     Canvas& m_canvas;
     UIUserInterfaceStyle m_style;
+    PathDrawer m_drawPaths;
 };

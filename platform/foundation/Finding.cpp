@@ -8,7 +8,8 @@ std::string Finding::describe() const {
         text += ":" + std::to_string(place->line) + ":" + std::to_string(place->column);
     }
     text += text.empty() ? "" : ": ";
-    return text + (severity == Severity::error ? "error: " : "warning: ") + what;
+    text += severity == Severity::error ? "error: " : "warning: ";
+    return text + what + (rule.empty() ? "" : " [" + rule + "]");
 }
 
 bool hasErrors(const Findings& findings) {

@@ -21,8 +21,9 @@ struct Finding {
     std::string path;               // may be empty: then no file is to blame
     std::optional<TextPlace> place; // none: the file as a whole
     std::string what;               // one line, without the place
+    std::string rule{};             // of the checks, that is broken; empty for what no rule is about
 
-    /// "path:line:column: error: what", for whoever prints.
+    /// "path:line:column: error: what [rule]", for whoever prints.
     [[nodiscard]] std::string describe() const;
 };
 

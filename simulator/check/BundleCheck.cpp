@@ -4,7 +4,53 @@
 #include "platform/foundation/NSBundle.h"
 #include "simulator/check/ContentCheck.h"
 #include "simulator/check/InterfaceCheck.h"
+#include "simulator/check/Rules.h"
 #include "simulator/conversation/BundleSetup.h"
+
+#include <algorithm>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void append(Findings& all, const Findings& more) {
+    all.insert(all.end(), more.begin(), more.end());
+}
+
+/// Fails when the file is `needed` and cannot be read.
+std::optional<Failure> addContent(CurrentOption option, const std::optional<std::string>& needed,
+                                  BundleFindings& findings) {
+    const NSBundle& bundle = NSBundle::mainBundle();
+    const std::string name = rawValue(option) + ".json";
+    const auto file = bundle.URLForResource(rawValue(option), "json");
+    if (!file) {
+        findings.all.push_back(findingOf("content.file-missing", (bundle.bundlePath() / name).string(), std::nullopt,
+                                         "there is no content file \"" + name + "\""));
+        return std::nullopt;
+    }
+    ++findings.files;
+    const Result<Findings> inFile = checkContent(*file);
+    if (!inFile && needed == file) {
+        return inFile.failure();
+    }
+    append(findings.all,
+           inFile ? inFile.value()
+                  : Findings{findingOf("content.unreadable", file->string(), std::nullopt, inFile.failure().what)});
+    return std::nullopt;
+}
+
+/// Lists that nobody reads.
+void addStrangers(BundleFindings& findings) {
+    std::error_code error;
+    for (fs::directory_iterator item(NSBundle::mainBundle().bundlePath(), error);
+         !error && item != fs::directory_iterator(); item.increment(error)) {
+        if (item->path().extension() == ".json") {
+            append(findings.all, checkContentName(item->path(), ContentPlace::bundle));
+        }
+    }
+}
+
+} // namespace
 
 Result<BundleFindings> checkMainBundle(const std::optional<std::string>& needed) {
     const NSBundle& bundle = NSBundle::mainBundle();
@@ -14,16 +60,15 @@ Result<BundleFindings> checkMainBundle(const std::optional<std::string>& needed)
         return Failure{bundle.bundlePath().string() + ": Info.plist names no storyboard that is there as " +
                        mainStoryboardKey};
     }
-    BundleFindings findings{checkInterface(bundle, *storyboard), true};
+    InterfaceFindings inInterface = checkInterface(bundle, *storyboard);
+    BundleFindings findings{std::move(inInterface.all), true, inInterface.files};
     findings.canLaunch = !hasErrors(findings.all);
     for (const CurrentOption option : contentLoadOrder()) {
-        const auto file = bundle.URLForResource(rawValue(option), "json");
-        const Result<Findings> inFile = file ? checkContent(*file) : Findings(); // a missing file the extension tells
-        if (!inFile && needed == file) {
-            return inFile.failure();
+        if (const std::optional<Failure> failure = addContent(option, needed, findings)) {
+            return *failure;
         }
-        const Findings& told = inFile ? inFile.value() : Findings{inFile.failure().in(file->string())};
-        findings.all.insert(findings.all.end(), told.begin(), told.end());
     }
+    addStrangers(findings);
+    tidy(findings.all);
     return findings;
 }

@@ -9,6 +9,7 @@
 struct BundleFindings {
     Findings all;
     bool canLaunch = true; // false: an interface document would stop the extension
+    std::size_t files = 0; // that were looked at; the catalogue counts as one
 };
 
 /// Reads every interface document, the asset catalogue and every content file of the main bundle. Fails when it names

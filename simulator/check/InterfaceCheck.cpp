@@ -7,6 +7,7 @@
 #include "platform/interface/NibBuilder.h"
 #include "platform/uikit/controllers/UIViewController.h"
 #include "platform/uikit/view/UIView.h"
+#include "simulator/check/Rules.h"
 
 #include <algorithm>
 #include <array>
@@ -52,7 +53,7 @@ public:
         }
         const std::string* name = element.attribute("name");
         if (element.name == "color" && name != nullptr && !UIColor::colorNamed(*name)) {
-            warn(element, "the catalogue has no colour \"" + *name + "\"");
+            warn(element, "interface.color", "the catalogue has no colour \"" + *name + "\"");
         }
         for (const InterfaceElement& child : element.children) {
             check(child);
@@ -62,11 +63,11 @@ public:
 private:
     void checkImage(const InterfaceElement& element, const std::string* name) {
         if (name != nullptr && element.value("catalog") != "system" && !UIImage::imageNamed(*name)) {
-            warn(element, "the catalogue has no image \"" + *name + "\"");
+            warn(element, "interface.image", "the catalogue has no image \"" + *name + "\"");
         }
     }
-    void warn(const InterfaceElement& element, const std::string& what) {
-        m_findings.push_back(element.failure(what).in(m_document.path(), Severity::warning));
+    void warn(const InterfaceElement& element, std::string_view rule, const std::string& what) {
+        m_findings.push_back(findingOf(rule, m_document.path(), element.place, element.failure(what).what));
     }
 
     const InterfaceDocument& m_document;
@@ -90,10 +91,20 @@ Findings findingsOf(const InterfaceScene& scene, const InterfaceDocument& docume
 /// From the main document the host makes the extension's first controller.
 enum class DocumentRole { main, other };
 
+/// What the builder says is either refused by the phone, too, or has no effect here.
+void nameBuilderRules(Findings& findings) {
+    for (Finding& finding : findings) {
+        if (finding.rule.empty()) {
+            finding.rule = finding.severity == Severity::error ? "interface.refused" : "interface.ignored";
+        }
+    }
+}
+
 void checkDocument(const std::filesystem::path& path, DocumentRole role, Findings& findings) {
     const InterfaceDocument::Loaded loaded = InterfaceDocument::load(path);
     if (!loaded) {
-        findings.push_back(loaded.failure().in(path.string()));
+        findings.push_back(
+            findingOf("interface.unreadable", path.string(), loaded.failure().place, loaded.failure().what));
         return;
     }
     const InterfaceDocument& document = *loaded.value();
@@ -110,6 +121,7 @@ void checkDocument(const std::filesystem::path& path, DocumentRole role, Finding
             findings.push_back(initial.failure().in(path.string()));
         }
     }
+    nameBuilderRules(findings);
     NameCheck(document, findings).check(document.root());
 }
 
@@ -160,11 +172,15 @@ void checkImageFiles(const std::filesystem::path& folder, Findings& findings) {
     }
     if (first) {
         first->what += others > 0 ? ", and " + std::to_string(others) + " more of this set" : "";
+        first->rule = "catalog.file";
         findings.push_back(*std::move(first));
     }
 }
 
-void checkCatalog(const std::filesystem::path& catalog, Findings& findings) {
+} // namespace
+
+Findings checkCatalog(const std::filesystem::path& catalog) {
+    Findings findings;
     for (const CatalogEntry& entry : catalogEntries(catalog)) {
         if (entry.folder.extension() == ".colorset") {
             static_cast<void>(readColorSet(entry.folder, findings));
@@ -173,15 +189,23 @@ void checkCatalog(const std::filesystem::path& catalog, Findings& findings) {
             checkImageFiles(entry.folder, findings);
         }
     }
+    nameRule(findings, "catalog.set");
+    return findings;
 }
 
-} // namespace
-
-Findings checkInterface(const NSBundle& bundle, const std::filesystem::path& mainStoryboard) {
+Findings checkDocument(const std::filesystem::path& path) {
     Findings findings;
-    for (const std::filesystem::path& path : documentsOf(bundle)) {
-        checkDocument(path, path == mainStoryboard ? DocumentRole::main : DocumentRole::other, findings);
-    }
-    checkCatalog(catalogFolder(bundle), findings);
+    checkDocument(path, DocumentRole::other, findings);
     return findings;
+}
+
+InterfaceFindings checkInterface(const NSBundle& bundle, const std::filesystem::path& mainStoryboard) {
+    InterfaceFindings found;
+    for (const std::filesystem::path& path : documentsOf(bundle)) {
+        checkDocument(path, path == mainStoryboard ? DocumentRole::main : DocumentRole::other, found.all);
+        ++found.files;
+    }
+    append(found.all, checkCatalog(catalogFolder(bundle)));
+    ++found.files;
+    return found;
 }

@@ -19,6 +19,7 @@ struct ParlorCommand {
 // Each adds the command to the command line; it stands at the end of the command's own source.
 [[nodiscard]] ParlorCommand addRunCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addOpenCommand(CLI::App& app);
+[[nodiscard]] ParlorCommand addCheckCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addTreeCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addShotCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addGalleryCommand(CLI::App& app);

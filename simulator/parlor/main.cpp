@@ -16,6 +16,7 @@ constexpr const char* examples = "Examples:\n"
                                  "  parlor run                         plays the typical road\n"
                                  "  parlor open                        the screen in a browser, to click through\n"
                                  "  parlor run --content MyList.json   shows your content file\n"
+                                 "  parlor check my-list.json          every mistake of your list, at its place\n"
                                  "  parlor tree                        what the screen is made of\n"
                                  "  parlor run --help                  all that a command can do\n";
 
@@ -50,7 +51,8 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     app.footer(examples);
     std::vector<ParlorCommand> commands;
-    for (const auto add : {addRunCommand, addOpenCommand, addTreeCommand, addShotCommand, addGalleryCommand}) {
+    for (const auto add :
+         {addRunCommand, addOpenCommand, addCheckCommand, addTreeCommand, addShotCommand, addGalleryCommand}) {
         commands.push_back(add(app));
     }
     if (argc > 1 && isUnknownCommand(app, argv[1])) {

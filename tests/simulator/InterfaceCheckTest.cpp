@@ -8,7 +8,7 @@ class InterfaceCheck : public support::InterfaceBundle {
 protected:
     [[nodiscard]] std::string findings() const {
         std::string text;
-        for (const Finding& finding : checkInterface(bundle())) {
+        for (const Finding& finding : checkInterface(bundle()).all) {
             text += finding.describe() + "\n";
         }
         return withoutFolder(text);
@@ -21,18 +21,21 @@ TEST_F(InterfaceCheck, GoesThroughEveryDocument) {
     write("C.storyboard", storyboardWith("", R"(<scene><objects>
 <viewController id="c" sceneMemberID="viewController"><view key="view"><subviews><lable/></subviews></view>
 <connections><segue destination="c" kind="show" id="s"/></connections></viewController></objects></scene>)"));
-    EXPECT_EQ(findings(), "A.xib:1:9: error: malformed XML: Error parsing start element tag\n"
-                          "B.xib:3:1: error: <label id=\"l\">: numberOfLines is \"many\", a number is expected\n"
-                          "B.xib:3:37: warning: <label id=\"l\">: another object has this id; the first one counts\n"
-                          "C.storyboard:4:82: error: <lable>: unknown element; did you mean label?\n"
-                          "C.storyboard:5:14: warning: <segue id=\"s\">: segues are ignored\n");
+    EXPECT_EQ(
+        findings(),
+        "A.xib:1:9: error: malformed XML: Error parsing start element tag [interface.unreadable]\n"
+        "B.xib:3:1: error: <label id=\"l\">: numberOfLines is \"many\", a number is expected [interface.refused]\n"
+        "B.xib:3:37: warning: <label id=\"l\">: another object has this id; the first one counts [interface.ignored]\n"
+        "C.storyboard:4:82: error: <lable>: unknown element; did you mean label? [interface.refused]\n"
+        "C.storyboard:5:14: warning: <segue id=\"s\">: segues are ignored [interface.ignored]\n");
 }
 
 TEST_F(InterfaceCheck, WarnsOfNamesThatTheCatalogueLacks) {
     write("A.xib", nibWith("<imageView id=\"i\" image=\"leaf\"><color key=\"tintColor\" name=\"Green\"/></imageView>\n"
                            "<imageView image=\"star\" catalog=\"system\"/>"));
-    EXPECT_EQ(findings(), "A.xib:3:1: warning: <imageView id=\"i\">: the catalogue has no image \"leaf\"\n"
-                          "A.xib:3:32: warning: <color>: the catalogue has no colour \"Green\"\n");
+    EXPECT_EQ(findings(),
+              "A.xib:3:1: warning: <imageView id=\"i\">: the catalogue has no image \"leaf\" [interface.image]\n"
+              "A.xib:3:32: warning: <color>: the catalogue has no colour \"Green\" [interface.color]\n");
 }
 
 TEST_F(InterfaceCheck, FindsBrokenSetsAndMissingFilesInTheCatalogue) {
@@ -46,12 +49,13 @@ TEST_F(InterfaceCheck, FindsBrokenSetsAndMissingFilesInTheCatalogue) {
     write("Assets.xcassets/c.imageset/Contents.json",
           "{\"images\":[{\"idiom\":\"universal\",\"filename\":\"c.svg\"}]}");
     write("Assets.xcassets/d.dataset/Contents.json", "never read");
-    EXPECT_EQ(findings(),
-              "Assets.xcassets/a.colorset/Contents.json:2:51: warning: the component \"red\" is no number\n"
-              "Assets.xcassets/b.imageset/Contents.json:2:33: warning: the file Assets.xcassets/b.imageset/b.png is "
-              "missing\n"
-              "Assets.xcassets/c.imageset/Contents.json:1:44: warning: the file Assets.xcassets/c.imageset/c.png "
-              "cannot be drawn: Read Error, and 2 more of this set\n");
+    EXPECT_EQ(
+        findings(),
+        "Assets.xcassets/a.colorset/Contents.json:2:51: warning: the component \"red\" is no number [catalog.set]\n"
+        "Assets.xcassets/b.imageset/Contents.json:2:33: warning: the file Assets.xcassets/b.imageset/b.png is "
+        "missing [catalog.file]\n"
+        "Assets.xcassets/c.imageset/Contents.json:1:44: warning: the file Assets.xcassets/c.imageset/c.png "
+        "cannot be drawn: Read Error, and 2 more of this set [catalog.file]\n");
 }
 
 } // namespace

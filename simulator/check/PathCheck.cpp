@@ -1,0 +1,121 @@
+#include "simulator/check/PathCheck.h"
+
+#include "platform/foundation/NSBundle.h"
+#include "platform/interface/AssetCatalogReader.h"
+#include "simulator/check/BundleCheck.h"
+#include "simulator/check/ContentCheck.h"
+#include "simulator/check/InterfaceCheck.h"
+#include "simulator/check/Rules.h"
+#include "simulator/flows/FlowReader.h"
+
+#include <algorithm>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void append(Findings& all, const Findings& more) {
+    all.insert(all.end(), more.begin(), more.end());
+}
+
+/// Gathers what is wrong with files as they are met.
+class PathCheck {
+public:
+    void check(const fs::path& path, bool isNamed) {
+        std::error_code error;
+        const fs::path extension = path.extension();
+        if (extension == ".xcassets" && fs::is_directory(path, error)) {
+            ++m_checked.count;
+            append(m_checked.findings, checkCatalog(path));
+        } else if (fs::is_directory(path, error)) {
+            checkFolder(path);
+        } else if (extension == ".json") {
+            checkList(path);
+        } else if (extension == ".xib" || extension == ".storyboard") {
+            ++m_checked.count;
+            append(m_checked.findings, checkDocument(path));
+        } else if (extension == ".yaml" || extension == ".yml") {
+            checkFlow(path);
+        } else if (isNamed) {
+            const bool isThere = fs::exists(path, error);
+            m_checked.findings.push_back(
+                findingOf("path.unknown", path.string(), std::nullopt,
+                          isThere ? "this is no list (.json), interface document (.xib, .storyboard), catalogue "
+                                    "(.xcassets), flow (.yaml), or folder of them"
+                                  : "there is no such file or folder"));
+        }
+    }
+
+    CheckedFiles finish() {
+        tidy(m_checked.findings);
+        return std::move(m_checked);
+    }
+
+private:
+    void checkFolder(const fs::path& folder) {
+        std::error_code error;
+        std::vector<fs::path> paths;
+        for (fs::directory_iterator item(folder, error); !error && item != fs::directory_iterator();
+             item.increment(error)) {
+            if (!item->is_symlink(error) || !item->is_directory(error)) { // links could lead round in a circle
+                paths.push_back(item->path());
+            }
+        }
+        std::sort(paths.begin(), paths.end());
+        for (const fs::path& path : paths) {
+            check(path, false);
+        }
+    }
+
+    void checkList(const fs::path& path) {
+        ++m_checked.count;
+        const Result<Findings> found = checkContent(path);
+        append(m_checked.findings,
+               found ? found.value()
+                     : Findings{findingOf("content.unreadable", path.string(), std::nullopt, found.failure().what)});
+        append(m_checked.findings, checkContentName(path, ContentPlace::elsewhere));
+    }
+
+    void checkFlow(const fs::path& path) {
+        ++m_checked.count;
+        Findings found;
+        static_cast<void>(readFlowFiles({path.string()}, found));
+        nameRule(found, "flow.unreadable");
+        append(m_checked.findings, found);
+    }
+
+    CheckedFiles m_checked;
+};
+
+} // namespace
+
+CheckedFiles checkPaths(const std::vector<std::string>& paths) {
+    PathCheck check;
+    for (const std::string& path : paths) {
+        check.check(path, true);
+    }
+    return check.finish();
+}
+
+CheckedFiles checkFlowsIn(const std::string& folder) {
+    PathCheck check;
+    std::error_code error;
+    for (fs::directory_iterator item(folder, error); !error && item != fs::directory_iterator();
+         item.increment(error)) {
+        if (item->path().extension() == ".yaml" || item->path().extension() == ".yml") {
+            check.check(item->path(), false);
+        }
+    }
+    return check.finish();
+}
+
+CheckedFiles checkWholeBundle() {
+    const Result<BundleFindings> found = checkMainBundle();
+    if (!found) {
+        const std::string path = (NSBundle::mainBundle().bundlePath() / "Info.plist").string();
+        return {{findingOf("bundle.info", path, std::nullopt, found.failure().what)}, 1};
+    }
+    CheckedFiles checked{found.value().all, found.value().files};
+    tidy(checked.findings);
+    return checked;
+}

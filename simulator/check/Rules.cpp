@@ -1,0 +1,143 @@
+#include "simulator/check/Rules.h"
+
+#include "platform/foundation/FatalError.h"
+#include "platform/foundation/Nearest.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+constexpr auto error = Severity::error;
+constexpr auto warning = Severity::warning;
+
+std::vector<Rule> contentRules() {
+    return {
+        {"content.unreadable", error, "The file cannot be opened, or it is no ordinary file.",
+         "The file “Family.json” couldn’t be opened: Permission denied"},
+        {"content.encoding", error, "Content files are UTF-8. Choose that encoding when your editor saves the file.",
+         "the file is UTF-16; save it as UTF-8"},
+        {"content.empty", error, "An empty file is no list; a list without sections is written [].",
+         "the file is empty; a list without sections is []"},
+        {"content.comma", error, "A comma stands between two parts of a list, and not after the last.",
+         "a comma is missing after this"},
+        {"content.quotes", error, "Keys and texts stand in straight double quotes; one inside a text is written \\\".",
+         "write the straight quotes \" around a text, not “"},
+        {"content.word", error, "The only words without quotes are true and false, in small letters.",
+         "write true, not True"},
+        {"content.comment", error, "A content file has no place for comments.",
+         "a content file has no comments; take this one out"},
+        {"content.text", error,
+         "A text stands in one line. Line breaks, tabs and half characters need to be written another way.",
+         "a text stands in one line; write \\n where its next line begins"},
+        {"content.bracket", error, "Every [ needs its ] and every { its }, in the right order.",
+         "this { is not closed before the next one opens in line 7; write } before that"},
+        {"content.root", error, "A file holds one list of sections.",
+         "the file must hold a list of sections, [ … ], but holds a text"},
+        {"content.syntax", error, "Something else that JSON does not know.",
+         "write : between a key and its value, not ="},
+        {"content.key-missing", error,
+         "Every section and every item needs all of its keys; otherwise the whole file is left out.",
+         "section 1, item 2: \"subtitle\" is missing"},
+        {"content.key-misspelt", error, "A key that is nearly one that is missing.",
+         "section 1, item 2: \"titel\" is no key of an item; did you mean \"title\"?"},
+        {"content.key-unknown", warning, "A key that nobody reads. It does no harm.",
+         "section 1, item 2: \"colour\" is no key of an item, and is passed over"},
+        {"content.key-doubled", warning, "Of two equal keys the last one counts.",
+         "section 1, item 2: \"title\" stands here twice; the last one counts"},
+        {"content.key-type", error, "A value of another kind than the key needs.",
+         "section 1, item 2: \"isSelected\" must be true or false, but is the text \"true\"; take its quotes away"},
+        {"content.icon", warning, "The row is shown without an icon. `parlor check --icons` lists them all.",
+         "there is no icon \"icon_dyce\"; did you mean \"icon_dice\"?"},
+        {"content.title-empty", warning, "A row without a title cannot be told from others.", "the title is empty"},
+        {"content.title-doubled", warning, "Two rows of a section, or two sections, cannot be told apart.",
+         "the title \"Easy Going\" stands in line 5 already"},
+        {"content.title-cut", warning, "The text does not fit the smallest phone, and its end is not shown.",
+         "the section title is cut off on the device se: it needs 410 points and has 268"},
+        {"content.characters", warning, "A character that none of the fonts has is shown as a box.",
+         "no font here has the character U+16A0 (ᚠ)"},
+        {"content.file-name", warning, "Only files with the exact name of a group or game type are read.",
+         "no list is named \"Freinds\"; did you mean \"Friends\"?"},
+        {"content.file-missing", warning, "A list that is not there is shown as empty.",
+         "there is no content file \"Couple.json\""},
+    };
+}
+
+std::vector<Rule> interfaceRules() {
+    return {
+        {"interface.unreadable", error, "The file cannot be opened, is no XML or no interface document for the phone.",
+         "malformed XML: Error parsing start element tag"},
+        {"interface.refused", error, "The phone, and this program, would stop when the file is loaded.",
+         "<label id=\"l\">: numberOfLines is \"many\", a number is expected"},
+        {"interface.ignored", warning, "Something that has no effect here.", "<segue id=\"s\">: segues are ignored"},
+        {"interface.image", warning, "The catalogue has no image of that name, so that nothing is shown.",
+         "<imageView id=\"i\">: the catalogue has no image \"leaf\""},
+        {"interface.color", warning, "The catalogue has no colour of that name; the file's own is used, or none.",
+         "<color>: the catalogue has no colour \"Green\""},
+        {"path.unknown", error,
+         "Only lists, interface documents, catalogues, flows and folders of them can be checked.",
+         "there is no such file or folder"},
+        {"bundle.info", error, "Info.plist says where the extension begins.",
+         "Info.plist names no storyboard that is there"},
+        {"catalog.set", warning, "A set of the catalogue that cannot be read as it stands.",
+         "the component \"red\" is no number"},
+        {"catalog.file", warning, "A picture that a set names is missing, or is none.", "the file b.png is missing"},
+        {"flow.unreadable", error, "The flow cannot be played.", "unknown command 'tapOnn'; did you mean tapOn?"},
+    };
+}
+
+std::vector<Rule> allRules() {
+    std::vector<Rule> all = contentRules();
+    const std::vector<Rule> more = interfaceRules();
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+}
+
+} // namespace
+
+const std::vector<Rule>& rules() {
+    static const std::vector<Rule> table = allRules();
+    return table;
+}
+
+const Rule* ruleNamed(std::string_view id) {
+    const auto found = std::find_if(rules().begin(), rules().end(), [&](const Rule& rule) { return rule.id == id; });
+    return found == rules().end() ? nullptr : &*found;
+}
+
+Finding findingOf(std::string_view rule, std::string path, std::optional<TextPlace> place, std::string what) {
+    const Rule* known = ruleNamed(rule);
+    if (known == nullptr) {
+        fatalError("there is no rule " + std::string(rule));
+    }
+    return {known->severity, std::move(path), place, std::move(what), std::string(rule)};
+}
+
+void nameRule(Findings& findings, std::string_view rule) {
+    for (Finding& finding : findings) {
+        if (finding.rule.empty()) {
+            finding.rule = rule;
+        }
+    }
+}
+
+std::string suggestionInQuotes(std::string_view wanted, const std::vector<std::string>& known) {
+    constexpr std::string_view before = "; did you mean ";
+    std::string text = suggestion(wanted, known);
+    if (!text.empty()) {
+        text.insert(text.size() - 1, "\"");
+        text.insert(before.size(), "\"");
+    }
+    return text;
+}
+
+void tidy(Findings& findings) {
+    const auto key = [](const Finding& finding) {
+        return std::tie(finding.path, finding.place, finding.rule, finding.what);
+    };
+    std::stable_sort(findings.begin(), findings.end(),
+                     [&](const Finding& one, const Finding& other) { return key(one) < key(other); });
+    findings.erase(std::unique(findings.begin(), findings.end(),
+                               [&](const Finding& one, const Finding& other) { return key(one) == key(other); }),
+                   findings.end());
+}

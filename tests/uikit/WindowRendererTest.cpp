@@ -105,6 +105,21 @@ TEST_F(WindowRendererTest, AStepPaintsTheExposedStripAndNothingTwice) {
     EXPECT_EQ(renderer.lastFrame().paintedPixels(), 300u * scale * 20u * scale);
 }
 
+TEST_F(WindowRendererTest, NothingIsPaintedUnderABar) {
+    UIScreen::mainScreen().configure(window->bounds().size, 3); // thirds of points, whose sums are not exact
+    WindowRenderer thirds(window->bounds().size, 3);
+    scroll->setFrame(CGRectMake(10, 60 + 1.0 / 3, 300, 400));
+    floating->setBackgroundColor(UIColor::whiteColor());
+    floating->layer()->setCornerRadius(0);
+    floating->setFrame(CGRectMake(0, 380 + 1.0 / 3, 320, 80)); // down to the end of the list
+    thirds.render(*window);
+    for (int step = 0; step < 60; ++step) {
+        scroll->setContentOffset({0, 60.0 * step + 20.0 / 3});
+        thirds.render(*window);
+        ASSERT_LE(thirds.lastFrame().paintedPixels(), 900U * 180) << "step " << step;
+    }
+}
+
 TEST_F(WindowRendererTest, ABorderAroundScrolledContentStaysInPlace) {
     const auto frame = add(CGRectMake(0, 50, 320, 300));
     frame->layer()->setBorderWidth(4);

@@ -1,5 +1,6 @@
 #include "platform/uikit/window/ScrollMove.h"
 
+#include "platform/foundation/PixelGrid.h"
 #include "platform/uikit/view/UIView.h"
 #include "platform/uikit/window/UIWindow.h"
 
@@ -60,7 +61,7 @@ private:
         }
         if (above && endsArea(sibling, overlap)) {
             const CGRect area = m_move.area;
-            const bool atTop = overlap.minY() <= area.minY();
+            const bool atTop = overlap.minY() < area.minY() + PixelGrid::tolerance;
             m_move.area = CGRectMake(area.minX(), atTop ? overlap.maxY() : area.minY(), area.size.width,
                                      area.size.height - overlap.size.height);
         } else if (above) {
@@ -72,11 +73,12 @@ private:
 
     /// Whether a view hides all of the area's upper or lower end, as a bar does: nothing needs to move below it.
     [[nodiscard]] bool endsArea(const UIView& view, const CGRect& overlap) const {
-        const CGRect& area = m_move.area;
-        const CGRect solid = view.convertRectToView(view.bounds(), nullptr).intersection(area);
-        const bool acrossIt = overlap == solid && overlap.minX() <= area.minX() && overlap.maxX() >= area.maxX();
+        constexpr CGFloat rounding = PixelGrid::tolerance; // the sums of coordinates differ by less
+        const CGRect inner = m_move.area.insetBy(rounding, rounding);
+        const CGRect solid = view.convertRectToView(view.bounds(), nullptr).insetBy(-rounding, -rounding);
+        const bool acrossIt = solid.contains(overlap) && overlap.minX() < inner.minX() && overlap.maxX() > inner.maxX();
         return acrossIt && isOpaque(view) && view.alpha() >= 1 && view.layer()->cornerRadius() == 0 &&
-               (overlap.minY() <= area.minY() || overlap.maxY() >= area.maxY());
+               (overlap.minY() < inner.minY() || overlap.maxY() > inner.maxY());
     }
 
     ScrollMove m_move;

@@ -49,11 +49,11 @@ bool needsRoundedClip(const UIView& root, const UIView& parent) {
 } // namespace
 
 void ViewPainter::paint(UIView& view, const CGRect& dirty) {
-    if (!view.isDrawn() || (view.clipsToBounds() && view.frame().intersection(dirty).isEmpty())) {
+    const CGPoint shift = view.frame().origin - view.bounds().origin;
+    const CGRect inside = dirty.offsetBy(-shift.x, -shift.y);
+    if (!view.isDrawn() || view.paintedRect().intersection(inside).isEmpty()) {
         return;
     }
-    const CGPoint shift{view.frame().minX() - view.bounds().minX(), view.frame().minY() - view.bounds().minY()};
-    const CGRect inside = dirty.offsetBy(-shift.x, -shift.y);
     m_canvas.save();
     m_canvas.translate(shift.x, shift.y);
     if (view.alpha() >= 1) {

@@ -21,6 +21,7 @@ struct ParlorCommand {
 [[nodiscard]] ParlorCommand addOpenCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addCheckCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addTreeCommand(CLI::App& app);
+[[nodiscard]] ParlorCommand addSchemaCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addShotCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addGalleryCommand(CLI::App& app);
 

@@ -6,13 +6,35 @@
 #include "simulator/conversation/ScreenNarrator.h"
 #include "simulator/live/TouchableParts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
 using Style = MSMessagesAppPresentationStyle;
 
+namespace {
+
+const char* nameOf(UIUserInterfaceStyle appearance) {
+    return appearance == UIUserInterfaceStyle::dark ? "dark" : "light";
+}
+
+std::string nameOf(UIContentSizeCategory textSize) {
+    const auto& names = textSizeNames();
+    const auto found =
+        std::find_if(names.begin(), names.end(), [&](const auto& name) { return textSizeNamed(name) == textSize; });
+    return found == names.end() ? "" : *found;
+}
+
+/// Flows write places with two decimals.
+CGPoint rounded(CGPoint place) {
+    constexpr CGFloat parts = 100;
+    return {std::round(place.x * parts) / parts, std::round(place.y * parts) / parts};
+}
+
+} // namespace
+
 LivePhone::LivePhone(LiveShow show) : m_show(std::move(show)) {
-    begin();
+    restart();
 }
 
 LivePhone::~LivePhone() {
@@ -33,6 +55,7 @@ void LivePhone::end() {
 /// Waits for what runs in the background and drops what it has posted.
 void LivePhone::startClock() {
     MainRunLoop& loop = MainRunLoop::shared();
+    m_recorder.clockBeginsAnew();
     loop.useRealClock();
     loop.setWakeHandler(m_show.wake);
     loop.setBackgroundLatency(std::chrono::milliseconds(m_loadingTakes));
@@ -45,21 +68,46 @@ void LivePhone::openBundle() {
     m_canLaunch = found && found.value().canLaunch;
 }
 
-void LivePhone::begin() {
+void LivePhone::begin(const std::vector<ArrivedMessage>& arrived) {
     end();
     ++m_run;
+    m_linksRecorded = 0;
     openBundle();
     m_host = std::make_shared<ConversationHost>(m_show.device, m_show.participants);
     m_host->window().setUserInterfaceStyle(m_appearance);
-    m_screen.emplace(*m_host);
-    if (m_canLaunch) {
-        m_host->activate(nullptr);
+    for (const ArrivedMessage& message : arrived) {
+        m_host->arrive(message);
     }
+    m_screen.emplace(*m_host);
+}
+
+RecordedSettings LivePhone::recordedSettings() const {
+    const bool usual = m_show.device.textSize == UIContentSizeCategory::large;
+    return {m_show.device.name, m_show.scene, usual ? "" : nameOf(m_show.device.textSize), m_show.participants,
+            m_show.overrides};
 }
 
 void LivePhone::restart() {
     m_kept.reset();
-    begin();
+    begin({});
+    m_recorder.begin(recordedSettings());
+    if (m_appearance != UIUserInterfaceStyle::light) {
+        m_recorder.did("setAppearance", nameOf(m_appearance));
+    }
+    launch();
+}
+
+void LivePhone::launch() {
+    if (m_canLaunch) {
+        m_recorder.did("launchApp",
+                       m_loadingTakes == 0 ? "" : "{loadingTakes: " + std::to_string(m_loadingTakes) + "}");
+        activate(nullptr);
+    }
+}
+
+void LivePhone::activate(const std::shared_ptr<MSMessage>& bubble) {
+    m_host->activate(bubble);
+    m_recorder.timePassed(); // it has seen what falls due later
 }
 
 void LivePhone::reload() {
@@ -67,23 +115,36 @@ void LivePhone::reload() {
     if (hasErrors(m_findings)) {
         return;
     }
+    if (m_host->events().empty()) { // nothing could be shown so far
+        restart();
+        return;
+    }
+    const bool wasOpen = m_host->isOpen();
     Kept kept;
-    kept.isCompact = m_host->isOpen() && m_host->style() == Style::compact;
+    kept.isCompact = wasOpen && m_host->style() == Style::compact;
     if (const CategoriesVC* screen = shownCategoryScreen(*m_host)) {
         kept.group = rawValue(screen->currentOption());
         kept.offset = screen->tableView->contentOffset();
     }
-    begin();
-    if (!kept.isCompact) {
-        m_host->changeStyle(Style::expanded);
+    begin(std::vector(m_host->arrivedMessages()));
+    if (wasOpen && m_canLaunch) {
+        m_host->activate(nullptr);
+        m_host->changeStyle(kept.isCompact ? Style::compact : Style::expanded);
+        m_kept = std::move(kept);
     }
-    m_kept = std::move(kept);
 }
 
 void LivePhone::afterTurn() {
-    if (!m_kept) {
-        return;
+    if (m_kept) {
+        m_recorder.lookAway(true); // it has been written down
+        bringBack();
+        m_recorder.lookAway(false);
     }
+    recordLinks();
+    m_recorder.timePassed();
+}
+
+void LivePhone::bringBack() {
     const CategoriesVC* screen = shownCategoryScreen(*m_host);
     if (screen != nullptr && !screen->arrAllCategories().empty() && m_kept->group) {
         setGroup(*std::exchange(m_kept->group, std::nullopt));
@@ -99,6 +160,13 @@ void LivePhone::afterTurn() {
     }
 }
 
+void LivePhone::recordLinks() {
+    const auto& links = m_host->links();
+    for (; m_linksRecorded < links.size(); ++m_linksRecorded) {
+        m_recorder.did("assertLink", written(links[m_linksRecorded].url.absoluteString()));
+    }
+}
+
 // Settings.
 
 void LivePhone::setDevice(const Device& device) {
@@ -107,6 +175,9 @@ void LivePhone::setDevice(const Device& device) {
 }
 
 void LivePhone::setAppearance(UIUserInterfaceStyle appearance) {
+    if (m_appearance != appearance) {
+        m_recorder.did("setAppearance", nameOf(appearance));
+    }
     m_appearance = appearance;
     m_host->window().setUserInterfaceStyle(appearance);
 }
@@ -115,12 +186,16 @@ void LivePhone::setPresentation(std::optional<Style> presentation) {
     if (!presentation) {
         if (m_host->isOpen()) {
             touch(UITouchPhase::cancelled, {});
+            m_recorder.did("close");
             m_host->resign();
             m_host->close();
         }
     } else if (m_canLaunch) {
         if (!m_host->isOpen()) {
-            m_host->activate(nullptr);
+            launch();
+        }
+        if (m_host->style() != *presentation) {
+            m_recorder.did("setStyle", ::nameOf(*presentation));
         }
         m_host->changeStyle(*presentation);
     }
@@ -130,6 +205,7 @@ bool LivePhone::tapElement(const Selector& selector) {
     const std::optional<ScreenElement> element = ElementSearch(m_host->window()).find(selector);
     const std::optional<CGPoint> point = element ? element->pointToTouch() : std::nullopt;
     if (point) {
+        m_recorder.did("tapOn", written(selector));
         Finger(*m_host).tap(*point);
     }
     return point.has_value();
@@ -157,6 +233,9 @@ void LivePhone::setParticipants(std::vector<std::string> participants) {
 }
 
 void LivePhone::arrive(ArrivedMessage message) {
+    const std::string link = message.link ? ", url: " + written(message.link->absoluteString()) : "";
+    m_recorder.did("receiveMessage",
+                   "{from: " + written(message.from) + ", text: " + written(message.text) + link + "}");
     m_host->arrive(std::move(message));
     m_screen->conversationChanged();
 }
@@ -174,6 +253,7 @@ CGPoint LivePhone::inWindow(CGPoint place) const {
 
 void LivePhone::report(CGPoint place, UITouchPhase phase) {
     const std::shared_ptr<UITouch> touch = m_touch; // a handler may begin everything anew
+    m_recorder.touched(m_host->window(), phase, inWindow(place));
     if (phase != UITouchPhase::began) {
         touch->moveTo(inWindow(place), phase);
     }
@@ -181,27 +261,40 @@ void LivePhone::report(CGPoint place, UITouchPhase phase) {
     m_host->window().sendEvent(event);
 }
 
-void LivePhone::touch(UITouchPhase phase, CGPoint place) {
+void LivePhone::touch(UITouchPhase phase, CGPoint where) {
+    const CGPoint place = rounded(where);
     if (phase == UITouchPhase::began) {
         touch(UITouchPhase::cancelled, place); // a finger whose end nobody told
-        m_host->forgetOpenedLink();
-        if (canTouchExtension(place)) {
-            m_touch = std::make_shared<UITouch>(inWindow(place));
-            report(place, phase);
-        } else {
-            m_gestureStart = place;
-        }
-        return;
-    }
-    const bool ends = phase != UITouchPhase::moved;
-    if (m_touch) {
-        report(place, phase);
-        m_touch = ends ? nullptr : m_touch;
-    } else if (m_gestureStart && ends) {
+        beginTouch(place);
+    } else if (m_touch) {
+        continueTouch(phase, place);
+    } else if (m_gestureStart && phase != UITouchPhase::moved) {
         const CGPoint start = *std::exchange(m_gestureStart, std::nullopt);
         if (phase == UITouchPhase::ended) {
             finishGesture(start, place);
         }
+    }
+}
+
+void LivePhone::beginTouch(CGPoint place) {
+    if (canTouchExtension(place)) {
+        m_host->forgetOpenedLink();
+        m_touch = std::make_shared<UITouch>(inWindow(place));
+        report(place, UITouchPhase::began);
+    } else {
+        m_gestureStart = place;
+    }
+}
+
+/// A finger is lifted where it was seen last, and seen once at each place that it comes to.
+void LivePhone::continueTouch(UITouchPhase phase, CGPoint place) {
+    const bool ends = phase != UITouchPhase::moved;
+    if (phase != UITouchPhase::cancelled && m_touch->locationInView(nullptr) != inWindow(place)) {
+        report(place, UITouchPhase::moved);
+    }
+    if (ends && m_touch) {
+        report(place, phase);
+        m_touch = nullptr;
     }
 }
 
@@ -229,8 +322,8 @@ void LivePhone::tapSurroundings(const std::string& identifier) {
         setPresentation(m_host->style() == Style::compact ? Style::expanded : Style::compact);
     } else if (identifier == extensionButtonIdentifier && m_host->isOpen()) {
         setPresentation(std::nullopt);
-    } else if (identifier == extensionButtonIdentifier && m_canLaunch) {
-        m_host->activate(nullptr);
+    } else if (identifier == extensionButtonIdentifier) {
+        launch();
     } else if (identifier.compare(0, bubble.size(), bubble) == 0) {
         openFrom(static_cast<std::size_t>(std::atoi(identifier.c_str() + bubble.size())));
     }
@@ -239,7 +332,9 @@ void LivePhone::tapSurroundings(const std::string& identifier) {
 void LivePhone::openFrom(std::size_t arrived) {
     if (m_canLaunch) {
         const ArrivedMessage& message = m_host->arrivedMessages().at(arrived);
-        m_host->activate(m_host->makeMessage(message.from, message.link));
+        const std::string link = message.link ? ", url: " + written(message.link->absoluteString()) : "";
+        m_recorder.did("openBubble", "{from: " + written(message.from) + link + "}");
+        activate(m_host->makeMessage(message.from, message.link));
     }
 }
 
@@ -254,6 +349,10 @@ void LivePhone::wheel(CGPoint place, CGFloat down) {
     if (auto* scroll = dynamic_cast<UIScrollView*>(at)) {
         const CGPoint offset = scroll->contentOffset();
         scroll->setContentOffset({offset.x, offset.y + down});
+        const CGFloat scrolled = scroll->contentOffset().y - offset.y;
+        if (scrolled != 0) {
+            m_recorder.wheeled(m_host->window(), *scroll, scrolled);
+        }
     }
 }
 
@@ -262,6 +361,7 @@ void LivePhone::type(const std::string& text) {
     if (!field) {
         return;
     }
+    m_recorder.typed(text);
     if (text == "\n") {
         field->pressReturn();
     } else if (text == "\b") {

@@ -3,7 +3,7 @@
 #include "platform/uikit/window/UITouch.h"
 #include "simulator/check/BundleCheck.h"
 #include "simulator/conversation/ConversationHost.h"
-#include "simulator/conversation/ElementSearch.h"
+#include "simulator/live/FlowRecorder.h"
 #include "simulator/live/LiveScreen.h"
 
 /// What is shown, as the command line says.
@@ -12,6 +12,7 @@ struct LiveShow {
     std::string scene; // a developer scene in the extension's stead; empty: none
     Device device;
     std::vector<std::string> participants;
+    std::vector<ResourceOverride> overrides;
     std::function<Result<BundleFindings>()> open; // makes it the main bundle and checks it
     std::function<void()> wake;                   // called from any thread when the main queue has work
 };
@@ -31,6 +32,8 @@ public:
     [[nodiscard]] LiveScreen& screen() { return *m_screen; }
     [[nodiscard]] const Findings& findings() const { return m_findings; }
     [[nodiscard]] int loadingTakes() const { return m_loadingTakes; }
+    /// What was done since the last restart, as a flow.
+    [[nodiscard]] const FlowRecorder& recorder() const { return m_recorder; }
     /// Grows with every beginning; hosts and screens of an earlier one are gone.
     [[nodiscard]] int run() const { return m_run; }
 
@@ -39,7 +42,7 @@ public:
     /// The files behind it have changed. With errors in them, the screen stays as it is until they are mended;
     /// otherwise it begins again, and goes on with the same group, presentation and place in the list.
     void reload();
-    /// What waited for the content to be there.
+    /// What waited for the content to be there; what the extension has done meanwhile is written down.
     void afterTurn();
 
     void setDevice(const Device& device);
@@ -65,12 +68,19 @@ private:
         bool isCompact = false;
     };
 
-    void begin();
+    void begin(const std::vector<ArrivedMessage>& arrived);
+    void bringBack();
+    [[nodiscard]] RecordedSettings recordedSettings() const;
+    void launch();
+    void activate(const std::shared_ptr<MSMessage>& bubble);
+    void recordLinks();
     void startClock();
     void openBundle();
     void end();
     [[nodiscard]] bool canTouchExtension(CGPoint place) const;
     [[nodiscard]] CGPoint inWindow(CGPoint place) const;
+    void beginTouch(CGPoint place);
+    void continueTouch(UITouchPhase phase, CGPoint place);
     void report(CGPoint place, UITouchPhase phase);
     void finishGesture(CGPoint start, CGPoint end);
     void tapSurroundings(const std::string& identifier);
@@ -88,4 +98,6 @@ private:
     std::shared_ptr<UITouch> m_touch;      // a finger on the extension
     std::optional<CGPoint> m_gestureStart; // a finger beside it
     std::optional<Kept> m_kept;
+    FlowRecorder m_recorder;
+    std::size_t m_linksRecorded = 0; // of this host
 };

@@ -51,6 +51,7 @@ void LiveSession::came(PageId page) {
     m_pages[page] = {};
     m_out.text(page, stateMessage(m_phone));
     m_out.text(page, findingsMessage(m_phone.findings()));
+    m_out.text(page, m_flow = flowMessage(m_phone.recorder().text()));
     for (const std::string& text : m_history) {
         m_out.text(page, text);
     }
@@ -240,6 +241,7 @@ void LiveSession::update() {
         tellIfNew(m_state, stateMessage(m_phone));
         tellIfNew(m_findings, findingsMessage(m_phone.findings()));
         sendPictures();
+        m_elementsAreDue = m_elementsAreDue || m_flowRevision != m_phone.recorder().revision();
         tellElements();
         tellSettled();
     }
@@ -277,6 +279,9 @@ void LiveSession::tellElements() {
         m_elementsNext = now + elementsPause;
         tellIfNew(m_elements, elementsMessage(touchableParts(m_phone.host(), m_phone.screen().conversation())));
         tellTrees();
+        if (std::exchange(m_flowRevision, m_phone.recorder().revision()) != m_phone.recorder().revision()) {
+            tellIfNew(m_flow, flowMessage(m_phone.recorder().text()));
+        }
     }
 }
 

@@ -74,6 +74,8 @@ private:
     std::string m_state;               // as last told
     std::string m_elements;            // likewise
     std::string m_findings;            // likewise
+    std::string m_flow;                // likewise
+    unsigned m_flowRevision = 0;       // that was told last
     int m_run = 0;                     // of the phone, that the numbers below are of
     std::size_t m_linksTold = 0;
     std::size_t m_requestsTold = 0;

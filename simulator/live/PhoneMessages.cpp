@@ -94,6 +94,10 @@ std::string styleRequestMessage(std::int64_t milliseconds, const ConversationHos
                                         {"changed", request.changed}});
 }
 
+std::string flowMessage(const std::string& text) {
+    return json::serialize(json::object{{"type", "flow"}, {"text", text}});
+}
+
 std::string settledMessage(std::uint32_t heard) {
     return json::serialize(json::object{{"type", "settled"}, {"heard", heard}});
 }

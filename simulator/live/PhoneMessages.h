@@ -17,6 +17,7 @@
 [[nodiscard]] std::string debugMessage(std::int64_t milliseconds, const std::string& line);
 [[nodiscard]] std::string linkMessage(std::int64_t milliseconds, const NSURL& url);
 [[nodiscard]] std::string styleRequestMessage(std::int64_t milliseconds, const ConversationHost::StyleRequest& request);
+[[nodiscard]] std::string flowMessage(const std::string& text);
 /// So many messages of the page have been answered.
 [[nodiscard]] std::string settledMessage(std::uint32_t heard);
 [[nodiscard]] std::string findingsMessage(const Findings& findings);

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
 #include <spawn.h>
 #include <unistd.h>
@@ -22,6 +23,7 @@ constexpr const char* examples =
     "  parlor open MyList.json         your content file; saving it shows it\n"
     "  parlor open flows/canvas.yaml   what a flow is about, with its settings\n"
     "  parlor open --port 8080 --no-browser\n"
+    "  parlor open --record my-flow.yaml    what you do, for: parlor run my-flow.yaml\n"
     "\n"
     "The address stands on standard error, the extension's debug lines on standard output.\n"
     "Ctrl-C ends it.\n";
@@ -31,6 +33,7 @@ struct OpenOptions : BundleOptions {
     unsigned short port = 0;
     bool noBrowser = false;
     std::optional<fs::path> page; // a folder
+    std::optional<std::string> record;
 };
 
 /// What the one argument names, put where the other commands have it.
@@ -50,21 +53,6 @@ Result<Flow> read(OpenOptions& options) {
     return Flow{};
 }
 
-std::string titleOf(const OpenOptions& options, const Flow& flow) {
-    return flow.name.empty() ? fs::path(options.what).filename().string() : flow.name;
-}
-
-std::vector<fs::path> filesBehind(const OpenOptions& options, const Flow& flow, const PreparedBundle& bundle) {
-    std::vector<fs::path> files{bundle.folder};
-    if (options.content) {
-        files.emplace_back(*options.content);
-    }
-    for (const ResourceOverride& resource : flow.overrides) {
-        files.emplace_back(resource.file.value_or(""));
-    }
-    return files;
-}
-
 bool hasDisplay() {
     return std::getenv("DISPLAY") != nullptr || std::getenv("WAYLAND_DISPLAY") != nullptr;
 }
@@ -79,60 +67,115 @@ void openBrowser(const std::string& address) {
     posix_spawnp(&process, program.c_str(), nullptr, nullptr, arguments, environ);
 }
 
-std::chrono::nanoseconds waitingTime(const LiveSession& session) {
-    std::chrono::nanoseconds time = FileWatch::pause;
-    MainRunLoop& loop = MainRunLoop::shared();
-    if (const std::optional<MainRunLoop::Duration> due = loop.nextDueTime()) {
-        time = std::clamp(*due - loop.now(), MainRunLoop::Duration(0), time);
-    }
-    return std::min(time, session.patience().value_or(time));
-}
+/// The phone, the server of its pages and the files behind both, while the command runs.
+class OpenPhone {
+public:
+    OpenPhone(const OpenOptions& options, const Flow& flow, const PreparedBundle& bundle)
+        : m_options(options), m_flow(flow), m_files(filesBehind(bundle)), m_device(bundle.deviceFor(flow)) {}
 
-void showUntilInterrupted(PageServer& server, LivePhone& phone, LiveSession& session, FileWatch& files) {
-    while (!server.wasInterrupted()) {
-        MainRunLoop::shared().runUntilIdle();
-        session.update();
-        server.wait(waitingTime(session));
-        if (files.hasChanged()) {
-            phone.reload();
+    /// Fails when the port is in use or the recording cannot be written.
+    [[nodiscard]] std::optional<Failure> start() {
+        Result<std::unique_ptr<PageServer>> server =
+            PageServer::start(m_options.port, pageParts(m_options.page), listener());
+        if (!server) {
+            return server.failure();
+        }
+        m_server = std::move(server.value());
+        m_phone.emplace(show());
+        m_session.emplace(*m_phone, out());
+        return saveRecording();
+    }
+
+    void showUntilInterrupted() {
+        std::cerr << m_server->address() << std::endl;
+        if (!m_options.noBrowser && hasDisplay()) {
+            openBrowser(m_server->address());
+        }
+        while (!m_server->wasInterrupted()) {
+            MainRunLoop::shared().runUntilIdle();
+            m_session->update();
+            m_server->wait(waitingTime());
+            if (m_files.hasChanged()) {
+                m_phone->reload();
+                (void)saveRecording();
+            }
         }
     }
-}
 
-CommandResult show(const OpenOptions& options, const Flow& flow, const PreparedBundle& bundle) {
-    LiveSession* session = nullptr; // pages are heard of by wait() only, when it is there
-    Result<std::unique_ptr<PageServer>> started = PageServer::start(
-        options.port, pageParts(options.page),
-        {[&](PageServer::PageId page) { session->came(page); }, [&](PageServer::PageId page) { session->gone(page); },
-         [&](PageServer::PageId page, const std::string& text) { session->said(page, text); }});
-    if (!started) {
-        return started.failure();
+    /// What was done, when that is wanted as a file.
+    [[nodiscard]] std::optional<Failure> saveRecording() const {
+        if (m_options.record && !(std::ofstream(*m_options.record) << m_phone->recorder().text()).flush()) {
+            return Failure{*m_options.record + " cannot be written"};
+        }
+        return std::nullopt;
     }
-    PageServer& server = *started.value();
-    const auto open = [&]() -> Result<BundleFindings> {
-        const Result<PreparedBundle> prepared = prepareBundle(options);
+
+private:
+    [[nodiscard]] std::vector<fs::path> filesBehind(const PreparedBundle& bundle) const {
+        std::vector<fs::path> files{bundle.folder};
+        if (m_options.content) {
+            files.emplace_back(*m_options.content);
+        }
+        for (const ResourceOverride& resource : m_flow.overrides) {
+            files.emplace_back(resource.file.value_or(""));
+        }
+        return files;
+    }
+
+    /// Pages are heard of by wait() only, when the session is there.
+    [[nodiscard]] PageServer::Listener listener() {
+        return {[this](auto page) { m_session->came(page); }, [this](auto page) { m_session->gone(page); },
+                [this](auto page, const std::string& text) { m_session->said(page, text); }};
+    }
+
+    [[nodiscard]] LiveSession::Out out() {
+        return {[this](auto page, std::string text) { m_server->sendText(page, std::move(text)); },
+                [this](auto page, std::vector<std::uint8_t> bytes) { m_server->sendBytes(page, std::move(bytes)); },
+                [this](auto page, const std::string& why) { m_server->refuse(page, why); }};
+    }
+
+    [[nodiscard]] LiveShow show() {
+        LiveShow show;
+        show.title = m_flow.name.empty() ? fs::path(m_options.what).filename().string() : m_flow.name;
+        show.scene = m_flow.scene;
+        show.device = m_device;
+        show.participants = m_flow.participants;
+        show.overrides = m_flow.overrides;
+        if (m_options.content) {
+            show.overrides.push_back({groupFor(*m_options.content) + ".json", m_options.content});
+        }
+        show.open = [this] { return openBundle(); };
+        show.wake = [this] { m_server->wake(); };
+        return show;
+    }
+
+    [[nodiscard]] Result<BundleFindings> openBundle() const {
+        const Result<PreparedBundle> prepared = prepareBundle(m_options);
         if (!prepared) {
             return prepared.failure();
         }
-        prepared.value().openFor(flow);
+        prepared.value().openFor(m_flow);
         tell(prepared.value().findings.all);
         return prepared.value().findings;
-    };
-    FileWatch files(filesBehind(options, flow, bundle));
-    LivePhone phone({titleOf(options, flow), flow.scene, bundle.deviceFor(flow), flow.participants, open,
-                     [&server] { server.wake(); }});
-    LiveSession shown(phone,
-                      {[&](auto page, std::string text) { server.sendText(page, std::move(text)); },
-                       [&](auto page, std::vector<std::uint8_t> bytes) { server.sendBytes(page, std::move(bytes)); },
-                       [&](auto page, const std::string& why) { server.refuse(page, why); }});
-    session = &shown;
-    std::cerr << server.address() << std::endl;
-    if (!options.noBrowser && hasDisplay()) {
-        openBrowser(server.address());
     }
-    showUntilInterrupted(server, phone, shown, files);
-    return Findings{};
-}
+
+    [[nodiscard]] std::chrono::nanoseconds waitingTime() const {
+        std::chrono::nanoseconds time = FileWatch::pause;
+        MainRunLoop& loop = MainRunLoop::shared();
+        if (const std::optional<MainRunLoop::Duration> due = loop.nextDueTime()) {
+            time = std::clamp(*due - loop.now(), MainRunLoop::Duration(0), time);
+        }
+        return std::min(time, m_session->patience().value_or(time));
+    }
+
+    OpenOptions m_options;
+    Flow m_flow;
+    FileWatch m_files;
+    Device m_device;
+    std::unique_ptr<PageServer> m_server;
+    std::optional<LivePhone> m_phone;
+    std::optional<LiveSession> m_session;
+};
 
 CommandResult open(OpenOptions options) {
     const Result<Flow> flow = read(options);
@@ -140,7 +183,16 @@ CommandResult open(OpenOptions options) {
         return flow.failure();
     }
     const Result<PreparedBundle> bundle = prepareBundle(options);
-    return bundle ? show(options, flow.value(), bundle.value()) : CommandResult(bundle.failure());
+    if (!bundle) {
+        return bundle.failure();
+    }
+    OpenPhone phone(options, flow.value(), bundle.value());
+    if (const std::optional<Failure> failure = phone.start()) {
+        return *failure;
+    }
+    phone.showUntilInterrupted();
+    const std::optional<Failure> failure = phone.saveRecording();
+    return failure ? CommandResult(*failure) : Findings{};
 }
 
 } // namespace
@@ -154,6 +206,8 @@ ParlorCommand addOpenCommand(CLI::App& app) {
     addDeviceOption(*line, *options);
     line->add_option("--port", options->port, "The port (default: any that is free)")->type_name("N");
     line->add_flag("--no-browser", options->noBrowser, "Only tells the address");
+    line->add_option("--record", options->record, "Writes what is done to this file, as a flow that replays it")
+        ->type_name("FILE");
     line->add_option("--page", options->page, "Reads the page's files from this folder each time")->type_name("DIR");
     line->footer(examples);
     return {line, [options] { return open(*options); }};

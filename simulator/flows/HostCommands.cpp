@@ -92,6 +92,7 @@ FlowAction readReceiveMessage(const FlowValue& value) {
 FlowAction readClose(const FlowValue& value) {
     value.expectNothing();
     return whenOpen([](ConversationHost& host) {
+        host.forgetOpenedLink();
         host.resign();
         host.close();
     });
@@ -99,7 +100,10 @@ FlowAction readClose(const FlowValue& value) {
 
 FlowAction readSetStyle(const FlowValue& value) {
     const Style style = value.word({"compact", "expanded"}) == "compact" ? Style::compact : Style::expanded;
-    return whenOpen([style](ConversationHost& host) { host.changeStyle(style); });
+    return whenOpen([style](ConversationHost& host) {
+        host.forgetOpenedLink(); // a finger drags
+        host.changeStyle(style);
+    });
 }
 
 FlowAction readWait(const FlowValue& value) {

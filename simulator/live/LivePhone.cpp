@@ -183,6 +183,7 @@ void LivePhone::setAppearance(UIUserInterfaceStyle appearance) {
 }
 
 void LivePhone::setPresentation(std::optional<Style> presentation) {
+    m_host->forgetOpenedLink();
     if (!presentation) {
         if (m_host->isOpen()) {
             touch(UITouchPhase::cancelled, {});
@@ -369,6 +370,8 @@ void LivePhone::type(const std::string& text) {
         const std::size_t last = before.empty() ? 0 : utf16Length(Finger::keystrokes(before).back());
         (void)field->replaceCharactersInRange(NSMakeRange(utf16Length(before) - last, last), "");
     } else {
-        (void)field->insertText(text);
+        for (const std::string& key : Finger::keystrokes(text)) {
+            (void)field->insertText(key);
+        }
     }
 }

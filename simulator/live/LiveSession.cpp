@@ -206,7 +206,8 @@ void LiveSession::heardInspect(PageId page, PageMessage& message) {
 // What pages are told.
 
 void LiveSession::tellAll(const std::string& text) {
-    for (const auto& [page, state] : m_pages) {
+    for (auto& [page, state] : m_pages) {
+        state.isSettled = false;
         m_out.text(page, text);
     }
 }
@@ -289,13 +290,14 @@ void LiveSession::tellTrees() {
     for (auto& [id, page] : m_pages) {
         std::string tree = page.inspects ? treeMessage(m_phone.host()) : "";
         if (tree != page.tree) {
+            page.isSettled = false;
             m_out.text(id, tree);
             page.tree = std::move(tree);
         }
     }
 }
 
-/// Everything that followed from what a page did has then been told, and shown.
+/// Nothing has been told since, and everything that followed from what a page did has been shown.
 void LiveSession::tellSettled() {
     for (auto& [id, page] : m_pages) {
         if (!page.isSettled && !page.isUnderWay && page.pending.isEmpty() && !m_elementsAreDue) {

@@ -2,6 +2,7 @@
 
 #include "content/DropdownRows.h"
 #include "game/CategoriesVC.h"
+#include "platform/uikit/controls/UITextField.h"
 #include "simulator/conversation/ScreenNarrator.h"
 
 #include <boost/json.hpp>
@@ -60,6 +61,7 @@ std::string stateMessage(const LivePhone& phone) {
         {"loadingTakes", phone.loadingTakes()},
         {"scene", phone.show().scene.empty() ? "extension" : phone.show().scene},
         {"source", phone.show().title},
+        {"typing", std::dynamic_pointer_cast<UITextField>(UIResponder::firstResponder()) != nullptr},
         {"extension", frameOf(host.isOpen() ? host.window().frame() : CGRect{})},
     });
 }

@@ -21,7 +21,7 @@ from selenium.webdriver.support.ui import Select
 
 PARLOR = sys.argv.pop(1) if len(sys.argv) > 1 else os.environ["PARLOR"]
 BUNDLE = pathlib.Path(PARLOR).parents[2] / "TruthsAndDares.appex"
-PATIENCE = 120  # seconds until a condition must have come about, on a busy machine
+PATIENCE = int(os.environ.get("PATIENCE", "120"))  # seconds until a condition must have come about, on a busy machine
 
 
 def wait_until(condition, what):

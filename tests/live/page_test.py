@@ -2,14 +2,17 @@
 
 import json
 import pathlib
+import shutil
+import subprocess
 import tempfile
 import unittest
+from xml.etree import ElementTree
 
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.actions.wheel_input import ScrollOrigin
 from selenium.webdriver.common.keys import Keys
 
-from browser import BUNDLE, BrowserTest, Page, shot, wait_until
+from browser import BUNDLE, PARLOR, BrowserTest, Page, digest_of_png, wait_until
 
 CANVAS = str(pathlib.Path(__file__).parents[2] / "flows/canvas.yaml")
 
@@ -71,14 +74,75 @@ class PageTest(BrowserTest):
         page.press(Keys.ENTER)
         self.assertIn(wait_until(page.links, "a card of the link")[0][2], focused)
 
-    def test_the_wheel_scrolls_the_list(self):
-        page = Page(self.browser, self.open())
-        page.part("", "row ")
-        origin = ScrollOrigin.from_element(page.element("phone"), 0, 60)
-        scale = page.run("return document.getElementById('phone').clientWidth / 393")
-        ActionChains(self.browser).scroll_from_origin(origin, 0, round(100 * scale)).perform()
-        before = shot()
-        wait_until(lambda: page.pixels() != before, "a scrolled list")
+    def test_what_was_done_by_finger_and_wheel_replays_to_the_same_pixels(self):
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name)
+            phone = self.open("--record", str(folder / "recorded.yaml"))
+            self.browser.execute_cdp_cmd("Browser.setDownloadBehavior",
+                                         {"behavior": "allow", "downloadPath": str(folder / "saved")})
+            page = Page(self.browser, phone)
+            page.click("Player group")
+            page.click("Friends")
+            self.touch(page, page.first_row(), [(0, 0), (0, -90), (3, -140)])
+            origin = ScrollOrigin.from_element(page.element("phone"), 0, 60)
+            ActionChains(self.browser).scroll_from_origin(origin, 0, 37).perform()
+            page.settle()
+            self.touch(page, page.first_row(), [(0, 0)])
+            wait_until(page.links, "a card of the link")
+            page.drag("Handle", 200)
+            page.wait_for("presentation", "compact")
+            page.settle()
+            shown, flow = page.pixels(), page.text("flow")
+            page.press("s")
+            saved = folder / "saved/recorded.yaml"
+            wait_until(lambda: saved.exists() and saved.read_text() == flow, "the saved flow")
+            self.assertEqual(phone.end()[0], 0)
+            self.assertEqual((folder / "recorded.yaml").read_text(), flow)
+            saved.write_text(flow + "- takeScreenshot: end\n")
+            played = subprocess.run([PARLOR, "run", "--output", folder, saved], capture_output=True, text=True,
+                                    check=False)
+            self.assertEqual(played.returncode, 0, flow + played.stderr)
+            self.assertEqual(digest_of_png(folder / "end.png"), shown, flow)
+
+    def touch(self, page, label, way):
+        """A real finger, from the middle of a part along a way."""
+        part = page.part(label)
+        page.settle()
+        x, y = page.run("const box = arguments[0].getBoundingClientRect();"
+                        "return [box.x + box.width / 2, box.y + box.height / 2]", part)
+
+        def tell(kind, *points):
+            page.browser.execute_cdp_cmd("Input.dispatchTouchEvent", {
+                "type": kind, "touchPoints": [{"x": x + right, "y": y + down} for right, down in points]})
+        tell("touchStart", way[0])
+        for point in way[1:]:
+            tell("touchMove", point)
+        tell("touchEnd")
+        page.settle()
+
+    def test_keys_go_to_a_field_of_the_phone_that_has_its_keyboard(self):
+        with tempfile.TemporaryDirectory() as name:
+            bundle = pathlib.Path(name) / "Test.appex"
+            shutil.copytree(BUNDLE, bundle)
+            storyboard = ElementTree.parse(bundle / "MainInterface.storyboard")
+            storyboard.find(".//view[@id='JWY-bo-d6k']/subviews").append(ElementTree.fromstring(
+                """<textField opaque="NO" contentMode="scaleToFill" placeholder="Nobody" id="fld-na-me1">
+                       <rect key="frame" x="40" y="300" width="200" height="34"/>
+                       <autoresizingMask key="autoresizingMask" flexibleMaxX="YES" flexibleMaxY="YES"/>
+                       <color key="backgroundColor" name="PanelBackground"/>
+                       <fontDescription key="fontDescription" type="system" pointSize="14"/>
+                       <textInputTraits key="textInputTraits"/>
+                   </textField>"""))
+            storyboard.write(bundle / "MainInterface.storyboard", encoding="UTF-8", xml_declaration=True)
+            page = Page(self.browser, self.open("--bundle", str(bundle)))
+            page.click("Nobody")
+            page.press("gd?")
+            page.press("éX", Keys.BACKSPACE)
+            page.part("gd?é", "field")
+            self.assertEqual((page.value("group"), page.value("appearance")), ("Adult (18+)", "light"))
+            page.press(Keys.ESCAPE)
+            page.press("d")
+            page.wait_for("appearance", "dark")
 
     def test_a_bubble_opens_the_extension(self):
         page = Page(self.browser, self.open())

@@ -206,6 +206,19 @@ TEST(UITableView, ChoosesNothingByDragsCancelledTouchesAndHeaders) {
     EXPECT_TRUE(screen.list->selections.empty());
 }
 
+TEST(UITableView, FollowsAFingerThatLeavesItAndTakesItsRowAway) {
+    ListOnScreen screen({200});
+    screen.layout();
+    const auto finger = screen.touchDown({100, 100});
+    for (CGFloat y = 90; y > -100; y -= 10) { // the row that was touched leaves the list on the way
+        screen.move(finger, {100, y});
+        screen.layout();
+    }
+    EXPECT_EQ(screen.table->contentOffset().y, 190);
+    screen.lift(finger, {100, -90});
+    EXPECT_TRUE(screen.list->selections.empty());
+}
+
 TEST(UITableView, SurvivesADataSourceThatAnswersWildly) {
     constexpr CGFloat infinity = std::numeric_limits<CGFloat>::infinity();
     constexpr CGFloat nan = std::numeric_limits<CGFloat>::quiet_NaN();

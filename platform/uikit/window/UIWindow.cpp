@@ -1,6 +1,7 @@
 #include "platform/uikit/window/UIWindow.h"
 
 #include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/controls/UIScrollView.h"
 #include "platform/uikit/window/UIScreen.h"
 
 #include <algorithm>
@@ -17,7 +18,20 @@ void tellContentSizeCategory(UIView& view) {
     }
 }
 
+std::weak_ptr<UIView> listAround(const UIView& view) {
+    UIView* at = view.superview();
+    while (at != nullptr && dynamic_cast<UIScrollView*>(at) == nullptr) {
+        at = at->superview();
+    }
+    return at == nullptr ? std::weak_ptr<UIView>() : strong(at);
+}
+
 } // namespace
+
+std::shared_ptr<UIView> UIWindow::ActiveTouch::receiver(const UIView& window) const {
+    const std::shared_ptr<UIView> around = list.lock();
+    return !around || view->isDescendantOfView(window) ? view : around;
+}
 
 UIWindow::UIWindow(const CGRect& frame) : UIView(frame) {
     UIWindow::invalidate(bounds(), nullptr);
@@ -71,7 +85,7 @@ void UIWindow::beginTouches(const TouchSet& touches, UIEvent& event) {
         });
         if (view && !isBusy) {
             touch->setView(view);
-            m_activeTouches.push_back({touch, view});
+            m_activeTouches.push_back({touch, view, listAround(*view)});
             view->touchesBeganWithEvent({touch}, &event);
         }
     }
@@ -84,7 +98,7 @@ void UIWindow::deliver(const TouchSet& touches, UITouchPhase phase, UIEvent& eve
         if (touch->phase() != phase || position == m_activeTouches.end()) {
             continue;
         }
-        const std::shared_ptr<UIView> view = position->view; // kept while it is told
+        const std::shared_ptr<UIView> view = position->receiver(*this); // kept while it is told
         if (phase == UITouchPhase::moved) {
             view->touchesMovedWithEvent({touch}, &event);
             continue;

@@ -53,6 +53,10 @@ private:
     struct ActiveTouch {
         std::shared_ptr<UITouch> touch;
         std::shared_ptr<UIView> view;
+        std::weak_ptr<UIView> list; // that the view stood in when the touch began, if any
+
+        /// A row that scrolled away under the finger has left its list, which goes on with the touch.
+        [[nodiscard]] std::shared_ptr<UIView> receiver(const UIView& window) const;
     };
     void beginTouches(const TouchSet& touches, UIEvent& event);
     void deliver(const TouchSet& touches, UITouchPhase phase, UIEvent& event);

@@ -6,6 +6,7 @@ import { Inspector } from './inspector.js';
 import { listenToKeys } from './keys.js';
 import { Outcome } from './outcome.js';
 import { Phone } from './phone.js';
+import { Recorder } from './recorder.js';
 import { openPanel } from './tabs.js';
 
 const element = (id) => document.getElementById(id);
@@ -21,12 +22,14 @@ function send(message) {
 const phone = new Phone(send);
 const controls = new Controls(send);
 const outcome = new Outcome();
+const recorder = new Recorder();
 const inspector = new Inspector(phone);
 let inspecting = false;
 
 const receivers = {
     state(state) {
         phone.size = state.size;
+        phone.typing = state.typing;
         controls.state = state;
         element('source').textContent = state.source;
         document.title = `${state.source} · Truths & Dares`;
@@ -36,12 +39,16 @@ const receivers = {
     debug: (line) => outcome.debug(line),
     link: (link) => outcome.link(link),
     styleRequest: (request) => outcome.styleRequest(request),
+    flow: ({ text }) => (recorder.text = text),
     findings: ({ list }) => (outcome.findings = list),
     settled: ({ heard }) => (phone.busy = heard !== asked),
 };
 
 const carrier = new Carrier({
-    message: (message) => receivers[message.type]?.(message),
+    message(message) {
+        phone.busy = true; // until it is told that nothing follows
+        receivers[message.type]?.(message);
+    },
     picture: (buffer) => phone.show(buffer),
     connected(connected) {
         element('connection').textContent = connected ? 'Connected' : 'Not connected. Is Parlor still running?';
@@ -81,6 +88,8 @@ listenToKeys([
     ['p', 'the other people', () => element('participants').focus()],
     ['m', 'a message of the other person', () => element('messageText').focus()],
     ['r', 'everything from the beginning', () => controls.restart()],
+    ['f', 'what was done, as a flow', () => openPanel('flow')],
+    ['s', 'save the flow', () => recorder.save()],
     ['i', 'inspect', () => openPanel(inspecting ? 'out' : 'inspector')],
     ['+', 'larger', () => zoomBy(1)],
     ['-', 'smaller', () => zoomBy(-1)],

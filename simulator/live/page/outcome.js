@@ -48,13 +48,18 @@ export function copied(text) {
     const button = node('button', '', 'Copy');
     button.type = 'button';
     button.setAttribute('aria-label', `Copy ${text}`);
+    putOnClipboard(button, () => text);
+    row.append(node('code', '', text), button);
+    return row;
+}
+
+/** A click on the button copies what `text` gives, and the button says so for a moment. */
+export function putOnClipboard(button, text) {
     button.addEventListener('click', async () => {
-        await navigator.clipboard.writeText(text);
+        await navigator.clipboard.writeText(text());
         button.textContent = 'Copied';
         setTimeout(() => (button.textContent = 'Copy'), 1200);
     });
-    row.append(node('code', '', text), button);
-    return row;
 }
 
 export function node(name, className = '', text = '') {

@@ -9,6 +9,7 @@ export class Phone {
     #box = document.getElementById('phone');
     #shown = document.getElementById('screen');
     #elements = document.getElementById('elements');
+    #typing = document.getElementById('typing');
     #outline = document.getElementById('outline');
     #pixels = new Pixels(document.createElement('canvas'));
     #size = [0, 0];
@@ -40,6 +41,23 @@ export class Phone {
         this.#fit();
     }
 
+    /** Whether a field of the phone has its keyboard: then keys go there. */
+    set typing(typing) {
+        const begins = typing && this.#typing.hidden;
+        const ends = !typing && document.activeElement === this.#typing;
+        this.#typing.hidden = !typing;
+        this.#box.classList.toggle('typing', typing);
+        if (begins && (document.activeElement === document.body || this.#box.contains(document.activeElement))) {
+            this.#takeFocus();
+        } else if (ends) {
+            this.#box.focus({ preventScroll: true });
+        }
+    }
+
+    #takeFocus() {
+        (this.#typing.hidden ? this.#box : this.#typing).focus({ preventScroll: true });
+    }
+
     /** The canvas that holds the phone's pixels one to one, for those who read them back. */
     get pixels() {
         return this.#pixels.canvas;
@@ -51,7 +69,7 @@ export class Phone {
     }
 
     show(buffer) {
-        this.busy = true; // until it is told that nothing follows
+        this.busy = true;
         const picture = readPicture(buffer);
         this.#pixels.apply(picture);
         this.#draw(areasOf(picture));
@@ -162,6 +180,27 @@ export class Phone {
         this.#box.addEventListener('pointerup', (event) => this.#up('ended', event));
         this.#box.addEventListener('pointercancel', (event) => this.#up('cancelled', event));
         this.#box.addEventListener('wheel', (event) => this.#wheel(event), { passive: false });
+        this.#typing.addEventListener('input', (event) => event.isComposing || this.#typed());
+        this.#typing.addEventListener('compositionend', () => this.#typed());
+        this.#typing.addEventListener('keydown', (event) => this.#key(event));
+    }
+
+    #typed() {
+        const text = this.#typing.value;
+        this.#typing.value = '';
+        if (text !== '') {
+            this.#send({ type: 'key', text });
+        }
+    }
+
+    #key(event) {
+        const text = { Backspace: '\b', Enter: '\n' }[event.key];
+        if (text && !event.isComposing) {
+            event.preventDefault();
+            this.#send({ type: 'key', text });
+        } else if (event.key === 'Escape') {
+            this.#box.focus({ preventScroll: true });
+        }
     }
 
     #down(event) {
@@ -169,7 +208,7 @@ export class Phone {
             return;
         }
         event.preventDefault();
-        this.#box.focus({ preventScroll: true });
+        this.#takeFocus();
         if (this.#picking) {
             const { x, y } = this.#pointOf(event);
             this.#picking(x, y);

@@ -17,6 +17,8 @@ public:
     void begin(const std::string& path);
     /// The file's pixels: those that `begin` asked for, or else decoded now.
     [[nodiscard]] Result<Bitmap> take(const std::string& path);
+    /// The files may have changed.
+    void forget() { *this = ImageDecoder(); }
 
 private:
     struct Job;

@@ -1,6 +1,8 @@
 #include "platform/interface/AssetCatalogReader.h"
 
 #include "platform/foundation/NSBundle.h"
+#include "platform/graphics/ImageDecoder.h"
+#include "platform/graphics/cairo/ScaledImages.h"
 #include "platform/interface/CatalogSets.h"
 
 #include <algorithm>
@@ -39,6 +41,8 @@ std::filesystem::path catalogFolder(const NSBundle& bundle) {
 }
 
 void installAssetCatalog() {
+    ImageDecoder::shared().forget();
+    ScaledImages::shared().forget();
     AssetCatalog::setCurrent(std::make_shared<AssetCatalogReader>(catalogFolder(NSBundle::mainBundle())));
 }
 

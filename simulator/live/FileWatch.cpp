@@ -1,5 +1,7 @@
 #include "simulator/live/FileWatch.h"
 
+#include <sys/stat.h>
+
 #include <functional>
 #include <string>
 #include <utility>
@@ -8,11 +10,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// Asks the disk once.
 std::uint64_t fingerprintOf(const fs::path& file) {
-    std::error_code error;
-    const auto time = fs::last_write_time(file, error).time_since_epoch().count();
-    const auto size = fs::is_regular_file(file, error) ? fs::file_size(file, error) : 0;
-    const std::string text = file.string() + '\n' + std::to_string(time) + '\n' + std::to_string(size);
+    struct stat status {};
+    if (stat(file.c_str(), &status) != 0) {
+        return 0;
+    }
+    const timespec& time = status.st_mtim;
+    const std::string text = file.string() + '\n' + std::to_string(time.tv_sec) + '\n' + std::to_string(time.tv_nsec) +
+                             '\n' + std::to_string(status.st_size);
     return std::hash<std::string>()(text);
 }
 

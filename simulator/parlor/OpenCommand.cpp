@@ -1,3 +1,4 @@
+#include "simulator/live/BundleSources.h"
 #include "simulator/live/FileWatch.h"
 #include "simulator/live/LiveSession.h"
 #include "simulator/live/PageParts.h"
@@ -34,6 +35,7 @@ struct OpenOptions : BundleOptions {
     bool noBrowser = false;
     std::optional<fs::path> page; // a folder
     std::optional<std::string> record;
+    std::optional<fs::path> sources; // of the bundle
 };
 
 /// What the one argument names, put where the other commands have it.
@@ -71,7 +73,13 @@ void openBrowser(const std::string& address) {
 class OpenPhone {
 public:
     OpenPhone(const OpenOptions& options, const Flow& flow, const PreparedBundle& bundle)
-        : m_options(options), m_flow(flow), m_files(filesBehind(bundle)), m_device(bundle.deviceFor(flow)) {}
+        : m_options(options), m_flow(flow), m_device(bundle.deviceFor(flow)) {
+        if (options.sources) {
+            m_sources.emplace(*options.sources, bundle.folder);
+            (void)m_sources->takeOver(); // which the watch of the bundle need not see
+        }
+        m_files.emplace(filesBehind(bundle));
+    }
 
     /// Fails when the port is in use or the recording cannot be written.
     [[nodiscard]] std::optional<Failure> start() {
@@ -95,7 +103,7 @@ public:
             MainRunLoop::shared().runUntilIdle();
             m_session->update();
             m_server->wait(waitingTime());
-            if (m_files.hasChanged()) {
+            if (m_files->hasChanged()) {
                 m_phone->reload();
                 (void)saveRecording();
             }
@@ -112,7 +120,7 @@ public:
 
 private:
     [[nodiscard]] std::vector<fs::path> filesBehind(const PreparedBundle& bundle) const {
-        std::vector<fs::path> files{bundle.folder};
+        std::vector<fs::path> files{m_options.sources.value_or(bundle.folder)};
         if (m_options.content) {
             files.emplace_back(*m_options.content);
         }
@@ -149,14 +157,20 @@ private:
         return show;
     }
 
-    [[nodiscard]] Result<BundleFindings> openBundle() const {
+    [[nodiscard]] Result<BundleFindings> openBundle() {
+        Findings untaken = m_sources ? m_sources->takeOver() : Findings();
         const Result<PreparedBundle> prepared = prepareBundle(m_options);
         if (!prepared) {
             return prepared.failure();
         }
         prepared.value().openFor(m_flow);
-        tell(prepared.value().findings.all);
-        return prepared.value().findings;
+        BundleFindings findings = prepared.value().findings;
+        for (Finding& finding : findings.all) {
+            finding.path = m_sources ? m_sources->sourceOf(finding.path).string() : finding.path;
+        }
+        findings.all.insert(findings.all.end(), untaken.begin(), untaken.end());
+        tell(findings.all);
+        return findings;
     }
 
     [[nodiscard]] std::chrono::nanoseconds waitingTime() const {
@@ -170,7 +184,8 @@ private:
 
     OpenOptions m_options;
     Flow m_flow;
-    FileWatch m_files;
+    std::optional<BundleSources> m_sources;
+    std::optional<FileWatch> m_files;
     Device m_device;
     std::unique_ptr<PageServer> m_server;
     std::optional<LivePhone> m_phone;
@@ -208,6 +223,9 @@ ParlorCommand addOpenCommand(CLI::App& app) {
     line->add_flag("--no-browser", options->noBrowser, "Only tells the address");
     line->add_option("--record", options->record, "Writes what is done to this file, as a flow that replays it")
         ->type_name("FILE");
+    line->add_option("--sources", options->sources, "Takes what is saved in this folder into the bundle")
+        ->type_name("DIR")
+        ->check(CLI::ExistingDirectory);
     line->add_option("--page", options->page, "Reads the page's files from this folder each time")->type_name("DIR");
     line->footer(examples);
     return {line, [options] { return open(*options); }};

@@ -14,7 +14,9 @@ from selenium.webdriver.common.keys import Keys
 
 from browser import BUNDLE, PARLOR, BrowserTest, Page, digest_of_png, wait_until
 
-CANVAS = str(pathlib.Path(__file__).parents[2] / "flows/canvas.yaml")
+ROOT = pathlib.Path(__file__).parents[2]
+CANVAS = str(ROOT / "flows/canvas.yaml")
+RESOURCES = ROOT / "resources"
 
 
 class PageTest(BrowserTest):
@@ -195,6 +197,52 @@ class PageTest(BrowserTest):
             file.write_text(original)
             wait_until(lambda: page.element("findings").get_property("hidden"), "no finding")
             page.part(title)
+
+    def test_what_is_saved_in_the_sources_shows_and_what_is_broken_is_told(self):
+        with tempfile.TemporaryDirectory() as name:
+            bundle, sources = pathlib.Path(name) / "Test.appex", pathlib.Path(name) / "sources"
+            shutil.copytree(BUNDLE, bundle)
+            shutil.copytree(RESOURCES, sources)
+            page = Page(self.browser, self.open("--bundle", str(bundle), "--sources", str(sources)))
+            page.part("Player group")
+            page.choose("group", "Friends")
+            page.choose("presentation", "compact")
+            page.drag(page.first_row(), -60)
+            scrolled = page.pixels()
+
+            def save(file, old, new):
+                path = sources / file
+                original = path.read_text()
+                path.write_text(original.replace(old, new))
+                self.assertTrue(old in original, f"{file} has another text")
+                return lambda: path.write_text(original)
+
+            def findings():
+                return wait_until(lambda: self.browser.execute_script(
+                    "const box = document.getElementById('findings'); return box.hidden ? '' : box.textContent"),
+                    "a finding")
+
+            colour = "Assets.xcassets/ScreenBackground.colorset/Contents.json"
+            for file, old, new in ((colour, '"red" : "0xE3"', '"red" : "0.5"'),
+                                   ("ModeTblCell.xib", 'value="14"', 'value="2"'),
+                                   ("Assets.xcassets/list_arrow.imageset/list_arrow.svg", "<svg ", "<svg opacity='0.4' "),
+                                   ("content/Friends.json", "Group Chat", "Other Chat")):
+                before = page.pixels()
+                put_back = save(file, old, new)
+                wait_until(lambda: page.pixels() != before, f"what was saved in {file}")
+                put_back()
+                wait_until(lambda: page.pixels() == scrolled, "the group, the place in the list and the presentation")
+
+            for file, old, new in (("MainInterface.storyboard", "</scenes>", ""),
+                                   ("Assets.xcassets/list_arrow.imageset/list_arrow.svg", "</svg>", ""),
+                                   ("Assets.xcassets/AppGreen.colorset/Contents.json", "{", "")):
+                put_back = save(file, old, new)
+                self.assertIn(str(sources / file), findings())
+                page.settle()
+                self.assertEqual(page.pixels(), scrolled)
+                put_back()
+                wait_until(lambda: page.element("findings").get_property("hidden"), "no finding")
+            wait_until(lambda: page.pixels() == scrolled, "the screen as before")
 
     def test_the_canvas_draws_under_the_finger(self):
         page = Page(self.browser, self.open(CANVAS), "compact")

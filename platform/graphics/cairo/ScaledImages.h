@@ -19,7 +19,12 @@ public:
 
     /// Null when the file cannot be read.
     [[nodiscard]] std::shared_ptr<const Bitmap> find(const std::string& path, int width, int height);
+    /// The files may have changed.
+    void forget() { m_kept = Kept(most); }
 
 private:
-    RecentCache<std::shared_ptr<const Bitmap>> m_kept{std::size_t{24} << 20};
+    using Kept = RecentCache<std::shared_ptr<const Bitmap>>;
+    static constexpr std::size_t most = std::size_t{24} << 20; // bytes
+
+    Kept m_kept{most};
 };

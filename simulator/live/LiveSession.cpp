@@ -96,11 +96,11 @@ void LiveSession::said(PageId page, const std::string& text) {
 
 const std::map<std::string, LiveSession::Handler>& LiveSession::handlers() {
     static const std::map<std::string, Handler> table{
-        {"shown", &LiveSession::heardShown},     {"touch", &LiveSession::heardTouch},
-        {"wheel", &LiveSession::heardWheel},     {"tap", &LiveSession::heardTap},
-        {"key", &LiveSession::heardKey},         {"set", &LiveSession::heardSet},
-        {"restart", &LiveSession::heardRestart}, {"message", &LiveSession::heardMessage},
-        {"inspect", &LiveSession::heardInspect},
+        {"shown", &LiveSession::heardShown},     {"again", &LiveSession::heardAgain},
+        {"touch", &LiveSession::heardTouch},     {"wheel", &LiveSession::heardWheel},
+        {"tap", &LiveSession::heardTap},         {"key", &LiveSession::heardKey},
+        {"set", &LiveSession::heardSet},         {"restart", &LiveSession::heardRestart},
+        {"message", &LiveSession::heardMessage}, {"inspect", &LiveSession::heardInspect},
     };
     return table;
 }
@@ -115,6 +115,10 @@ void LiveSession::heardShown(PageId page, PageMessage& message) {
         return;
     }
     known.isUnderWay = false;
+}
+
+void LiveSession::heardAgain(PageId page, PageMessage& /*message*/) {
+    m_pages.at(page).pending = {};
 }
 
 void LiveSession::heardTouch(PageId page, PageMessage& message) {

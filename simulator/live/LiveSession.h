@@ -46,6 +46,7 @@ private:
 
     [[nodiscard]] static const std::map<std::string, Handler>& handlers();
     void heardShown(PageServer::PageId page, PageMessage& message);
+    void heardAgain(PageServer::PageId page, PageMessage& message);
     void heardTouch(PageServer::PageId page, PageMessage& message);
     void heardWheel(PageServer::PageId page, PageMessage& message);
     void heardTap(PageServer::PageId page, PageMessage& message);

@@ -1,6 +1,7 @@
 """The page in a real browser: what a person does with pointer and keys, and what they then see."""
 
 import json
+import os
 import pathlib
 import shutil
 import subprocess
@@ -17,6 +18,35 @@ from browser import BUNDLE, PARLOR, BrowserTest, Page, digest_of_png, wait_until
 ROOT = pathlib.Path(__file__).parents[2]
 CANVAS = str(ROOT / "flows/canvas.yaml")
 RESOURCES = ROOT / "resources"
+SCREENSHOTS = os.environ.get("SCREENSHOTS")  # a folder, for those who want to look
+
+# Texts whose contrast to what lies behind them is less than 4.5:1, or 3:1 for large ones.
+FAINT_TEXTS = """
+    const channels = (colour) => colour.match(/[\\d.]+/g).map(Number);
+    const over = ([r, g, b, a = 1], below) => [r, g, b].map((value, i) => value * a + below[i] * (1 - a));
+    const ground = (node) => {
+        if (!node) return [255, 255, 255];
+        const colour = channels(getComputedStyle(node).backgroundColor);
+        return (colour[3] ?? 1) === 1 ? colour : over(colour, ground(node.parentElement));
+    };
+    const luminance = (colour) => colour.slice(0, 3).map((value) => value / 255)
+        .map((value) => value <= 0.04045 ? value / 12.92 : ((value + 0.055) / 1.055) ** 2.4)
+        .reduce((sum, value, i) => sum + value * [0.2126, 0.7152, 0.0722][i], 0);
+    const faint = [];
+    const texts = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);
+    for (let text = texts.nextNode(); text; text = texts.nextNode()) {
+        const node = text.parentElement;
+        if (!text.textContent.trim() || node.closest('.element') || !node.checkVisibility()) continue;
+        const style = getComputedStyle(node);
+        const below = ground(node);
+        const [one, other] = [luminance(over(channels(style.color), below)), luminance(below)].sort((a, b) => b - a);
+        const size = parseFloat(style.fontSize);
+        const isLarge = size >= 24 || (size >= 18.66 && Number(style.fontWeight) >= 700);
+        if ((one + 0.05) / (other + 0.05) < (isLarge ? 3 : 4.5)) {
+            faint.push(`${text.textContent.trim().slice(0, 40)}: ${style.color} on ${below}`);
+        }
+    }
+    return faint;"""
 
 
 class PageTest(BrowserTest):
@@ -197,6 +227,85 @@ class PageTest(BrowserTest):
             file.write_text(original)
             wait_until(lambda: page.element("findings").get_property("hidden"), "no finding")
             page.part(title)
+
+    def test_a_lost_connection_comes_back_with_a_whole_picture(self):
+        script = self.browser.execute_cdp_cmd("Page.addScriptToEvaluateOnNewDocument", {"source": """
+            window.WebSocket = class extends WebSocket {
+                constructor(...address) { super(...address); window.sockets = [...window.sockets ?? [], this]; }
+            };"""})
+        self.addCleanup(lambda: self.browser.execute_cdp_cmd("Page.removeScriptToEvaluateOnNewDocument", script))
+        page = Page(self.browser, self.open())
+        page.part("Player group")
+        page.run("window.phonePixels.getContext('2d').fillRect(0, 0, 500, 500); sockets[0].close();")
+        wait_until(lambda: page.run("return sockets.length > 1"), "another attempt")
+        self.assert_shows(page)
+        page.settle()
+        page.choose("group", "Couple")
+        self.assert_shows(page, "--group", "Couple")
+
+    def test_the_inspector_tells_what_holds_a_view_and_where_that_stands(self):
+        with tempfile.TemporaryDirectory() as name:
+            bundle = pathlib.Path(name) / "Test.appex"
+            shutil.copytree(BUNDLE, bundle)
+            xib = bundle / "ModeTblCell.xib"
+            held = '<constraint firstAttribute="height" constant="44" id="o9p-2K-h6B"/>'
+            lines = xib.read_text().replace(held, held + "\n" + held.replace("44", "60").replace("o9p", "o9q"))
+            xib.write_text(lines)
+            line = 1 + lines[:lines.index(held)].count("\n")
+            page = Page(self.browser, self.open("--bundle", str(bundle)))
+            row = page.part("", "row ")
+            page.press("i")
+            scale = page.run("return document.getElementById('phone').clientWidth / 393")
+            left = round(40 * scale - row.rect["width"] / 2)
+            ActionChains(self.browser).move_to_element_with_offset(row, left, 0).click().perform()
+            facts = wait_until(lambda: page.text("details"), "the details of the icon")
+            self.assertIn("UIImageView", facts)
+            states = {source: state for state, source in page.run(
+                """return [...document.querySelectorAll('#details .constraints > li')].map((row) =>
+                       [row.querySelector('.state').textContent, row.querySelector('code')?.textContent])""")}
+            heights = [state for source, state in states.items() if source.split(":")[1] in (str(line), str(line + 1))]
+            self.assertEqual(sorted(heights), ["contradicting", "satisfied"], states)
+            self.assertNotIn("contradicting", [state for source, state in states.items()
+                                               if source.split(":")[1] not in (str(line), str(line + 1))], states)
+            self.browser.execute_cdp_cmd("Browser.grantPermissions", {
+                "permissions": ["clipboardReadWrite", "clipboardSanitizedWrite"]})
+            page.run("document.querySelector('#details .constraints button').click()")
+            source = page.run("return document.querySelector('#details .constraints code').textContent")
+            self.assertRegex(source, r"\.xib:\d+:\d+$")
+            wait_until(lambda: self.browser.execute_async_script("navigator.clipboard.readText().then(arguments[0])")
+                       == source, "the place on the clipboard")
+
+    def test_everything_can_be_read_at_every_width_in_light_and_dark(self):
+        with tempfile.TemporaryDirectory() as name:
+            file = pathlib.Path(name) / "Friends.json"
+            file.write_text((BUNDLE / "Friends.json").read_text())
+            page = Page(self.browser, self.open(str(file)))
+            page.click(page.first_row())
+            wait_until(page.links, "a card of the link")
+            page.press("i")
+            ActionChains(self.browser).move_to_element(page.element("phone")).click().perform()
+            wait_until(lambda: page.text("details"), "the details of a view")
+            file.write_text("[]]")
+            wait_until(lambda: page.text("findings"), "a finding")
+            try:
+                for scheme in ("light", "dark"):
+                    self.browser.execute_cdp_cmd("Emulation.setEmulatedMedia", {
+                        "features": [{"name": "prefers-color-scheme", "value": scheme}]})
+                    for width in (360, 600, 800, 1100, 1280, 2560):
+                        self.browser.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
+                            "width": width, "height": 900, "deviceScaleFactor": 1, "mobile": False})
+                        for panel in ("out", "debug", "flow", "inspector"):
+                            page.run("document.getElementById(`tab-${arguments[0]}`).click()", panel)
+                            self.assertEqual(page.run(FAINT_TEXTS), [], f"{scheme}, {width}, {panel}")
+                            self.assertLessEqual(page.run("return document.documentElement.scrollWidth"), width, panel)
+                            if SCREENSHOTS:
+                                self.browser.save_screenshot(f"{SCREENSHOTS}/{scheme}-{width}-{panel}.png")
+                    page.run("document.getElementById('help').showModal()")
+                    self.assertEqual(page.run(FAINT_TEXTS), [], f"{scheme}, keys")
+                    page.run("document.getElementById('help').close()")
+            finally:
+                self.browser.execute_cdp_cmd("Emulation.clearDeviceMetricsOverride", {})
+                self.browser.execute_cdp_cmd("Emulation.setEmulatedMedia", {"features": []})
 
     def test_what_is_saved_in_the_sources_shows_and_what_is_broken_is_told(self):
         with tempfile.TemporaryDirectory() as name:

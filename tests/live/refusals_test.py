@@ -1,13 +1,20 @@
 """What the server of the live screen refuses, tried with plain sockets."""
 
 import base64
+import json
 import os
+import pathlib
+import re
 import socket
 import struct
 import subprocess
 import unittest
 
 from browser import PARLOR, PATIENCE, Phone
+
+
+# What is freed shall be given back at once where memory is watched.
+os.environ["ASAN_OPTIONS"] = os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"
 
 
 class RefusalsTest(unittest.TestCase):
@@ -151,16 +158,56 @@ class RefusalsTest(unittest.TestCase):
         self.assertIn(self.closing_status(connection), (0, 1009))
         self.assertEqual(self.ask(self.page())[0], 200)
 
-    def test_outlives_pages_that_misbehave(self):
-        for _ in range(40):
-            connection, status = self.upgrade()
-            self.assertEqual(status, 101)
-            connection.sendall(self.frame('{"type": "touch", "phase": "began", "x": 200, "y": 700}'))
-            connection.close()  # in the middle of a stroke
-        deaf, _ = self.upgrade()
-        self.assertEqual(deaf.recv(1) != b"", True)
-        for _ in range(200):  # it does not say `shown`: nothing more is sent to it than one picture
-            deaf.sendall(self.frame('{"type": "wheel", "x": 200, "y": 700, "dy": 3}'))
+    def messages(self, connection):
+        """What comes over a page's socket, frame by frame: (kind, data)."""
+        stream = connection.makefile("rb")
+        while head := stream.read(2):
+            length = head[1]
+            if length >= 126:
+                length = int.from_bytes(stream.read(2 if length == 126 else 8), "big")
+            yield head[0] & 0xF, stream.read(length)
+
+    def next_picture(self, messages):
+        """The number of the next picture."""
+        return next(int.from_bytes(data[6:10], "little") for kind, data in messages if kind == 2)
+
+    def say(self, connection, **message):
+        connection.sendall(self.frame(json.dumps(message)))
+
+    def memory(self):
+        """In MB, of the phone's process."""
+        status = pathlib.Path(f"/proc/{self.phone.process.pid}/status").read_text(encoding="ascii")
+        return int(re.search(r"VmRSS:\s+(\d+)", status)[1]) / 1024
+
+    def test_outlives_pages_that_misbehave_and_keeps_nothing_of_them(self):
+        def reload(times):
+            for _ in range(times):
+                connection, status = self.upgrade()
+                self.assertEqual(status, 101)
+                self.next_picture(self.messages(connection))
+                self.say(connection, type="touch", phase="began", x=200, y=700)
+                connection.close()  # in the middle of a stroke
+
+        def scroll(times):
+            """A page that reads while another one does not, and a touch that never ends."""
+            deaf, _ = self.upgrade()
+            page, _ = self.upgrade()
+            messages = self.messages(page)
+            self.say(page, type="touch", phase="began", x=200, y=700)
+            for step in range(times):
+                self.say(page, type="shown", number=self.next_picture(messages))
+                self.say(page, type="touch", phase="moved", x=200, y=600 + 60 * (step % 2))
+            deaf.close()
+            page.close()
+
+        reload(20)
+        scroll(20)
+        before = self.memory()
+        reload(100)
+        scroll(300)
+        grown = self.memory() - before
+        if "libtsan" not in pathlib.Path(f"/proc/{self.phone.process.pid}/maps").read_text(encoding="utf-8"):
+            self.assertLess(grown, 8)
         self.assertEqual(self.ask(self.page())[0], 200)
         self.assertEqual(self.phone.end()[0], 0)
 

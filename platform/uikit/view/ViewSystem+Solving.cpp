@@ -32,7 +32,8 @@ UIEdgeInsets sum(const UIEdgeInsets& one, const UIEdgeInsets& other) {
     return {one.top + other.top, one.left + other.left, one.bottom + other.bottom, one.right + other.right};
 }
 
-/// How far a guide's edge, centre or length lies from the view's own; a guide has the view's baselines.
+} // namespace
+
 CGFloat guideOffset(const UIView& view, const LayoutEnd& end) {
     if (end.guide == LayoutGuide::view || isBaseline(end.attribute)) {
         return 0;
@@ -44,8 +45,6 @@ CGFloat guideOffset(const UIView& view, const LayoutEnd& end) {
     const CGFloat after = axis == LayoutAxis::horizontal ? insets.right : insets.bottom;
     return positions * before - sizes * (before + after);
 }
-
-} // namespace
 
 bool ViewSystem::isFixed(std::size_t index) const {
     return m_purpose == Purpose::placing &&

@@ -17,6 +17,9 @@ class UIView;
 /// once. One observer a process; none at first, and then nothing is kept.
 void setLayoutReportObserver(std::function<void(const std::string&)> observer);
 
+/// How far a guide's edge, centre or length lies from the view's own; a guide has the view's baselines.
+[[nodiscard]] CGFloat guideOffset(const UIView& view, const LayoutEnd& end);
+
 /// The constraints of one root view and its descendants, described for the solver: down to scroll views, whose content
 /// is laid out by itself. Kept by the root until views or constraints come or go; only numbers are refreshed.
 class ViewSystem {

@@ -145,8 +145,9 @@ function details(view) {
     return parts;
 }
 
-function constraintRow({ text, source }) {
-    const row = node('li', '', text);
+function constraintRow({ text, source, state }) {
+    const row = node('li');
+    row.append(node('span', `state ${state.replace(' ', '-')}`, state), ' ', text);
     row.append(source ? copied(source) : '');
     return row;
 }

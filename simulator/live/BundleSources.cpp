@@ -70,9 +70,9 @@ BundleSources::Places BundleSources::places() const {
         const bool isData =
             !inside.has_parent_path() && (kind == ".storyboard" || kind == ".xib" || inside == "Info.plist");
         if (isData || isContent) {
-            places[file] = m_bundle / file.filename();
+            places[m_bundle / file.filename()] = file;
         } else if (isCatalogue && (file.filename() == "Contents.json" || kind == ".svg" || kind == ".png")) {
-            places[file] = m_bundle / inside;
+            places[m_bundle / inside] = file;
         }
     }
     return places;
@@ -80,13 +80,13 @@ BundleSources::Places BundleSources::places() const {
 
 Findings BundleSources::takeOver() {
     const Places now = places();
-    for (const auto& [source, place] : m_taken) {
-        if (now.count(source) == 0) {
+    for (const auto& [place, source] : m_taken) {
+        if (now.count(place) == 0) {
             drop(place);
         }
     }
     Findings problems;
-    for (const auto& [source, place] : now) {
+    for (const auto& [place, source] : now) {
         if (std::optional<Finding> found = takeOver(source, place)) {
             problems.push_back(*std::move(found));
         }
@@ -122,10 +122,6 @@ std::optional<Finding> BundleSources::takeOver(const fs::path& source, const fs:
 }
 
 fs::path BundleSources::sourceOf(const fs::path& file) const {
-    for (const auto& [source, place] : m_taken) {
-        if (place == file) {
-            return source;
-        }
-    }
-    return file;
+    const auto found = m_taken.find(file);
+    return found == m_taken.end() ? file : found->second;
 }

@@ -18,7 +18,7 @@ public:
     [[nodiscard]] std::filesystem::path sourceOf(const std::filesystem::path& file) const;
 
 private:
-    /// Where each source stands in the bundle.
+    /// The source of each file of the bundle.
     using Places = std::map<std::filesystem::path, std::filesystem::path>;
 
     [[nodiscard]] Places places() const;

@@ -13,6 +13,8 @@ struct LiveShow {
     Device device;
     std::vector<std::string> participants;
     std::vector<ResourceOverride> overrides;
+    std::function<std::string(const std::string&)>
+        sourceOf;                                 // where a file of the bundle is written by hand; may be empty
     std::function<Result<BundleFindings>()> open; // makes it the main bundle and checks it
     std::function<void()> wake;                   // called from any thread when the main queue has work
 };

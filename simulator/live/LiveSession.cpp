@@ -292,7 +292,7 @@ void LiveSession::tellElements() {
 
 void LiveSession::tellTrees() {
     for (auto& [id, page] : m_pages) {
-        std::string tree = page.inspects ? treeMessage(m_phone.host()) : "";
+        std::string tree = page.inspects ? treeMessage(m_phone) : "";
         if (tree != page.tree) {
             page.isSettled = false;
             m_out.text(id, tree);

@@ -13,7 +13,7 @@
 [[nodiscard]] std::string stateMessage(const LivePhone& phone);
 [[nodiscard]] std::string elementsMessage(const std::vector<TouchablePart>& parts);
 /// The extension's views, what holds them and where in the interface files that stands.
-[[nodiscard]] std::string treeMessage(const ConversationHost& host);
+[[nodiscard]] std::string treeMessage(const LivePhone& phone);
 [[nodiscard]] std::string debugMessage(std::int64_t milliseconds, const std::string& line);
 [[nodiscard]] std::string linkMessage(std::int64_t milliseconds, const NSURL& url);
 [[nodiscard]] std::string styleRequestMessage(std::int64_t milliseconds, const ConversationHost::StyleRequest& request);

@@ -152,9 +152,14 @@ private:
         if (m_options.content) {
             show.overrides.push_back({groupFor(*m_options.content) + ".json", m_options.content});
         }
+        show.sourceOf = [this](const std::string& file) { return sourceOf(file); };
         show.open = [this] { return openBundle(); };
         show.wake = [this] { m_server->wake(); };
         return show;
+    }
+
+    [[nodiscard]] std::string sourceOf(const std::string& file) const {
+        return m_sources ? m_sources->sourceOf(file).string() : file;
     }
 
     [[nodiscard]] Result<BundleFindings> openBundle() {
@@ -166,7 +171,7 @@ private:
         prepared.value().openFor(m_flow);
         BundleFindings findings = prepared.value().findings;
         for (Finding& finding : findings.all) {
-            finding.path = m_sources ? m_sources->sourceOf(finding.path).string() : finding.path;
+            finding.path = sourceOf(finding.path);
         }
         findings.all.insert(findings.all.end(), untaken.begin(), untaken.end());
         tell(findings.all);

@@ -21,6 +21,7 @@ protected:
                                deviceNamed("15").value(),
                                {"A", "B"},
                                {},
+                               {},
                                [&] {
                                    openExtensionBundle(scene.empty() ? bundle : bundle.parent_path() / "Canvas.appex");
                                    return Result<BundleFindings>(BundleFindings{});

@@ -135,7 +135,9 @@ export class Phone {
         }
         const stage = this.#box.parentElement;
         const room = Math.max(window.innerHeight - 190, 320);
-        const fitting = Math.min(stage.clientWidth / width, room / height, 1.6);
+        const { paddingLeft, paddingRight } = getComputedStyle(stage);
+        const across = stage.clientWidth - parseFloat(paddingLeft) - parseFloat(paddingRight);
+        const fitting = Math.min(across / width, room / height, 1.6);
         const scale = this.#zoom === 'fit' ? fitting : Number(this.#zoom);
         this.#box.style.width = `${width * scale}px`;
         this.#box.style.height = `${height * scale}px`;

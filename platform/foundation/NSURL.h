@@ -8,7 +8,7 @@
 /// An address that is well formed by RFC 3986: ASCII, other characters percent-encoded.
 class NSURL {
 public:
-    /// None for the empty text and for a text with characters that an address cannot hold. Selector URLWithString:
+    /// None for the empty text and for a text that is no address. Selector URLWithString:
     [[nodiscard]] static std::optional<NSURL> URLWithString(std::string_view text);
 
     [[nodiscard]] const std::string& absoluteString() const { return m_text; }
@@ -35,12 +35,14 @@ struct NSURLComponents {
     [[nodiscard]] static NSURLComponents componentsWithURL(const NSURL& url);
 
     /// The address of these parts, encoded by RFC 3986; in names and values of the query "&" and "=" are encoded too,
-    /// so that it always has as many items as are given here. None when a part is not UTF-8 or cannot stand in an
-    /// address.
+    /// so that it always has as many items as are given here. None when a part is not UTF-8 or would read differently
+    /// in the address.
     [[nodiscard]] std::optional<NSURL> URL() const;
 
     std::string scheme;
     std::string host;
     std::string path; // begins with "/" when there is a host
     std::vector<NSURLQueryItem> queryItems;
+
+    friend bool operator==(const NSURLComponents&, const NSURLComponents&) = default;
 };

@@ -4,22 +4,14 @@
 #include <cstdlib>
 #include <string>
 
-namespace {
+void fatalError(std::string_view message, std::string_view file, int line) {
+    fatalError(std::string(message) + ": file " + std::string(file) + ", line " + std::to_string(line));
+}
 
-[[noreturn]] void stopWith(const std::string& line) {
+void fatalError(std::string_view message) {
+    const std::string line = "Fatal error: " + std::string(message) + "\n";
     std::fflush(stdout);
     std::fwrite(line.data(), 1, line.size(), stderr);
     std::fflush(stderr);
     std::abort();
-}
-
-} // namespace
-
-void fatalError(std::string_view message, std::string_view file, int line) {
-    stopWith("Fatal error: " + std::string(message) + ": file " + std::string(file) + ", line " + std::to_string(line) +
-             "\n");
-}
-
-void fatalError(std::string_view message) {
-    stopWith("Fatal error: " + std::string(message) + "\n");
 }

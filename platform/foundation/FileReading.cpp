@@ -1,36 +1,14 @@
 #include "platform/foundation/FileReading.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <cstddef>
 #include <cstring>
-#include <fcntl.h>
+#include <fstream>
 #include <new>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-/// An open file that closes itself.
-class File {
-public:
-    explicit File(const std::filesystem::path& path)
-        : m_descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {} // a pipe must not block the open
-    ~File() {
-        if (m_descriptor >= 0) {
-            close(m_descriptor);
-        }
-    }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-
-    [[nodiscard]] int descriptor() const { return m_descriptor; }
-
-private:
-    int m_descriptor;
-};
-
-Failure failure(const std::filesystem::path& path, const char* reason) {
+Failure failure(const std::filesystem::path& path, const std::string& reason) {
     return {"The file “" + path.filename().string() + "” couldn’t be opened: " + reason};
 }
 
@@ -41,50 +19,38 @@ std::size_t largestSize() {
     return static_cast<std::size_t>(pages) / 2 * static_cast<std::size_t>(pageSize);
 }
 
-/// Reads to the end, wherever that is by now, in pieces of at least `expected` bytes; false with errno set when the
-/// file cannot be read.
-bool readToEnd(int descriptor, std::size_t expected, std::string& text) {
+/// Reads to the end, wherever that is by now.
+std::string readToEnd(std::ifstream& file, std::size_t expected) {
+    std::string text;
     std::size_t size = 0;
-    while (true) {
-        if (size == text.size()) {
-            const std::size_t larger = std::max(expected, size + size / 2);
-            if (larger > largestSize()) {
-                errno = EFBIG;
-                return false;
-            }
-            text.resize(larger);
-        }
-        const ssize_t count = read(descriptor, text.data() + size, text.size() - size);
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
-        if (count <= 0) {
-            text.resize(size);
-            return count == 0;
-        }
-        size += static_cast<std::size_t>(count);
+    while (file) {
+        text.resize(expected + 2 * size);
+        file.read(text.data() + size, static_cast<std::streamsize>(text.size() - size));
+        size += static_cast<std::size_t>(file.gcount());
     }
+    text.resize(size);
+    return text;
 }
 
 } // namespace
 
 Result<std::string> readWholeFile(const std::filesystem::path& path) {
-    const File file(path);
-    struct stat status {};
-    if (file.descriptor() < 0 || fstat(file.descriptor(), &status) != 0) {
-        return failure(path, std::strerror(errno));
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    if (error) {
+        return failure(path, error.message());
     }
-    if (S_ISDIR(status.st_mode)) {
-        return failure(path, "it is a folder");
+    if (!std::filesystem::is_regular_file(status)) { // opening a pipe could wait for ever
+        return failure(path, std::filesystem::is_directory(status) ? "it is a folder" : "it is not a regular file");
     }
-    if (!S_ISREG(status.st_mode)) {
-        return failure(path, "it is not a regular file");
+    std::ifstream file(path, std::ios::binary);
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (!file || error || size > largestSize()) {
+        return failure(path, std::strerror(file && !error ? EFBIG : errno));
     }
     try {
-        std::string text;
-        const auto expected = static_cast<std::size_t>(status.st_size) + 4096; // more, so that one read meets the end
-        return readToEnd(file.descriptor(), expected, text) ? Result(std::move(text))
-                                                            : failure(path, std::strerror(errno));
+        std::string text = readToEnd(file, size + 4096); // more, so that one read meets the end
+        return file.bad() ? Result<std::string>(failure(path, std::strerror(errno))) : Result(std::move(text));
     } catch (const std::bad_alloc&) {
         return failure(path, std::strerror(ENOMEM));
     }

@@ -1,15 +1,8 @@
 #include "platform/foundation/NSBundle.h"
 
-#include "platform/foundation/FileReading.h"
-
-#include <mutex>
+#include <memory>
 #include <pugixml.hpp>
 #include <system_error>
-
-struct NSBundle::InfoDictionary {
-    std::once_flag once;
-    pugi::xml_document document;
-};
 
 namespace {
 
@@ -20,8 +13,7 @@ std::unique_ptr<NSBundle>& mainBundleSlot() {
 
 /// Names that would lead out of the bundle's own folder name nothing.
 bool isFileName(std::string_view name) {
-    return !name.empty() && name != "." && name != ".." && name.find('/') == std::string_view::npos &&
-           name.find('\0') == std::string_view::npos;
+    return name != "." && name != ".." && name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
 }
 
 /// The value of a key in a property list's dictionary.
@@ -35,10 +27,6 @@ pugi::xml_node valueFor(const pugi::xml_node& dictionary, std::string_view key) 
 }
 
 } // namespace
-
-NSBundle::NSBundle(std::filesystem::path path) : m_path(std::move(path)), m_info(std::make_unique<InfoDictionary>()) {}
-
-NSBundle::~NSBundle() = default;
 
 NSBundle& NSBundle::mainBundle() {
     return *mainBundleSlot();
@@ -73,7 +61,11 @@ void NSBundle::setResourceOverride(std::string fileName, std::filesystem::path p
 
 std::optional<std::string>
 NSBundle::objectForInfoDictionaryKeyPath(std::initializer_list<std::string_view> keys) const {
-    pugi::xml_node value = infoDictionary().document.child("plist").child("dict");
+    pugi::xml_document document;
+    if (const auto path = URLForResource("Info", "plist")) {
+        document.load_file(path->c_str());
+    }
+    pugi::xml_node value = document.child("plist").child("dict");
     for (const std::string_view key : keys) {
         value = valueFor(value, key);
     }
@@ -81,15 +73,4 @@ NSBundle::objectForInfoDictionaryKeyPath(std::initializer_list<std::string_view>
         return std::nullopt;
     }
     return value.child_value();
-}
-
-const NSBundle::InfoDictionary& NSBundle::infoDictionary() const {
-    std::call_once(m_info->once, [this] {
-        if (const auto path = URLForResource("Info", "plist")) {
-            if (const Result<std::string> text = readWholeFile(*path)) {
-                m_info->document.load_buffer(text.value().data(), text.value().size());
-            }
-        }
-    });
-    return *m_info;
 }

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <initializer_list>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,8 +11,7 @@
 /// from then on it is read-only and may be used from any thread.
 class NSBundle {
 public:
-    explicit NSBundle(std::filesystem::path path);
-    ~NSBundle();
+    explicit NSBundle(std::filesystem::path path) : m_path(std::move(path)) {}
     NSBundle(const NSBundle&) = delete;
     NSBundle& operator=(const NSBundle&) = delete;
 
@@ -32,15 +30,11 @@ public:
     /// empty path takes the resource away.
     void setResourceOverride(std::string fileName, std::filesystem::path path);
     /// A text of Info.plist, such as {"NSExtension", "NSExtensionMainStoryboard"}; none when the file or a key is
-    /// missing or the value is not a text. The file is read at the first call.
+    /// missing or the value is not a text.
     [[nodiscard]] std::optional<std::string>
     objectForInfoDictionaryKeyPath(std::initializer_list<std::string_view> keys) const;
 
 private:
-    struct InfoDictionary;
-    const InfoDictionary& infoDictionary() const;
-
     std::filesystem::path m_path;
     std::map<std::string, std::filesystem::path, std::less<>> m_overrides;
-    std::unique_ptr<InfoDictionary> m_info;
 };

@@ -51,8 +51,9 @@ private:
         if (!array) {
             return records;
         }
-        records.reserve(array->elements().size());
-        for (const JSONValue element : array->elements()) {
+        const std::vector<JSONValue> elements = array->elements();
+        records.reserve(elements.size());
+        for (const JSONValue element : elements) {
             ++number;
             decodeInto(element, records);
             if (m_failure) {

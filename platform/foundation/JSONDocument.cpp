@@ -4,12 +4,9 @@
 
 #include <boost/json/basic_parser_impl.hpp>
 
-#include <algorithm>
-#include <cstdint>
 #include <functional>
 #include <limits>
 #include <new>
-#include <string_view>
 
 namespace json = boost::json;
 
@@ -184,31 +181,26 @@ TextPlace JSONDocument::placeOf(const JSONNode* node) const {
 }
 
 std::optional<std::string_view> JSONValue::string() const {
-    if (!is(JSONKind::string)) {
-        return std::nullopt;
-    }
-    return std::string_view(m_node->text, m_node->count);
+    return is(JSONKind::string) ? std::optional(std::string_view(m_node->text, m_node->count)) : std::nullopt;
 }
 
 std::optional<bool> JSONValue::boolean() const {
-    if (!is(JSONKind::boolean)) {
-        return std::nullopt;
-    }
-    return m_node->count != 0;
+    return is(JSONKind::boolean) ? std::optional(m_node->count != 0) : std::nullopt;
 }
 
 std::optional<double> JSONValue::number() const {
-    if (!is(JSONKind::number)) {
-        return std::nullopt;
-    }
-    return m_node->number;
+    return is(JSONKind::number) ? std::optional(m_node->number) : std::nullopt;
 }
 
-JSONValue::Elements JSONValue::elements() const {
-    if (!is(JSONKind::array)) {
-        return {nullptr, nullptr, 0};
+std::vector<JSONValue> JSONValue::elements() const {
+    std::vector<JSONValue> elements;
+    if (is(JSONKind::array)) {
+        elements.reserve(m_node->count);
+        for (const JSONNode* element = m_node + 1; element != m_node->next(); element = element->next()) {
+            elements.push_back(JSONValue(element));
+        }
     }
-    return {m_node + 1, m_node->next(), m_node->count};
+    return elements;
 }
 
 std::vector<JSONValue::Member> JSONValue::members() const {

@@ -32,7 +32,6 @@ struct JSONNode {
 /// A value inside a JSONDocument: a light reference, valid as long as the document, that copies no text.
 class JSONValue {
 public:
-    class Elements;
     struct Member;
 
     explicit JSONValue(const JSONNode* node) : m_node(node) {}
@@ -45,7 +44,7 @@ public:
     [[nodiscard]] std::optional<bool> boolean() const;
     [[nodiscard]] std::optional<double> number() const;
     /// Of an array, in order; empty for every other kind.
-    [[nodiscard]] Elements elements() const;
+    [[nodiscard]] std::vector<JSONValue> elements() const;
     /// Of an object, in order, keys as they stand (one may occur twice).
     [[nodiscard]] std::vector<Member> members() const;
     /// The member of that name of an object (the last, should there be several); none when there is none, or when this
@@ -61,35 +60,6 @@ private:
 struct JSONValue::Member {
     std::string_view key;
     JSONValue value;
-};
-
-/// The elements of an array, for range-for.
-class JSONValue::Elements {
-public:
-    class Iterator {
-    public:
-        explicit Iterator(const JSONNode* node) : m_node(node) {}
-        JSONValue operator*() const { return JSONValue(m_node); }
-        Iterator& operator++() {
-            m_node = m_node->next();
-            return *this;
-        }
-        friend bool operator==(const Iterator&, const Iterator&) = default;
-
-    private:
-        const JSONNode* m_node;
-    };
-
-    Elements(const JSONNode* begin, const JSONNode* end, std::size_t size) : m_begin(begin), m_end(end), m_size(size) {}
-
-    [[nodiscard]] Iterator begin() const { return Iterator(m_begin); }
-    [[nodiscard]] Iterator end() const { return Iterator(m_end); }
-    [[nodiscard]] std::size_t size() const { return m_size; }
-
-private:
-    const JSONNode* m_begin;
-    const JSONNode* m_end;
-    std::size_t m_size;
 };
 
 /// A parsed JSON text, strict by RFC 8259: UTF-8 (a byte order mark is skipped), nothing after the root, at most 512

@@ -1,13 +1,8 @@
 #include "platform/foundation/NSAttributedString.h"
 
 #include "platform/foundation/FatalError.h"
-#include "platform/foundation/Text.h"
 
-std::size_t NSAttributedString::length() const {
-    return utf16Length(m_text);
-}
-
-std::optional<NSParagraphStyle> NSAttributedString::paragraphStyleAt(std::size_t location) const {
+std::optional<NSParagraphStyle> NSMutableAttributedString::paragraphStyleAt(std::size_t location) const {
     for (auto run = m_runs.rbegin(); run != m_runs.rend(); ++run) {
         if (location >= run->range.location && location - run->range.location < run->range.length) {
             return run->style;

@@ -13,19 +13,21 @@ enum class NSAttributedStringKey { paragraphStyle };
 inline constexpr NSAttributedStringKey NSParagraphStyleAttributeName = NSAttributedStringKey::paragraphStyle;
 
 /// A text (UTF-8) with paragraph styles on stretches of it. A value.
-class NSAttributedString {
+class NSMutableAttributedString {
 public:
-    explicit NSAttributedString(std::string text) : m_text(std::move(text)) {}
+    explicit NSMutableAttributedString(std::string text) : m_text(std::move(text)) {}
 
     [[nodiscard]] const std::string& string() const { return m_text; }
     /// In UTF-16 code units.
-    [[nodiscard]] std::size_t length() const;
+    [[nodiscard]] std::size_t length() const { return utf16Length(m_text); }
     /// The style that holds at a code unit; none when none was added there.
     [[nodiscard]] std::optional<NSParagraphStyle> paragraphStyleAt(std::size_t location) const;
+    /// A range beyond the end of the text stops the program. Selector addAttribute:value:range:
+    void addAttributeValueRange(NSAttributedStringKey name, const NSParagraphStyle& value, NSRange range);
 
-    friend bool operator==(const NSAttributedString&, const NSAttributedString&) = default;
+    friend bool operator==(const NSMutableAttributedString&, const NSMutableAttributedString&) = default;
 
-protected:
+private:
     struct Run {
         NSRange range;
         NSParagraphStyle style;
@@ -35,13 +37,4 @@ protected:
 
     std::string m_text;
     std::vector<Run> m_runs; // later ones win
-};
-
-/// The same while it is being made.
-class NSMutableAttributedString : public NSAttributedString {
-public:
-    using NSAttributedString::NSAttributedString;
-
-    /// A range beyond the end of the text stops the program. Selector addAttribute:value:range:
-    void addAttributeValueRange(NSAttributedStringKey name, const NSParagraphStyle& value, NSRange range);
 };

@@ -1,19 +1,25 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
-#include <cstdint>
+#include <functional>
+#include <random>
 
 /// An identifier of 128 bits, compared as such and not as text.
 class NSUUID {
 public:
     /// A new random identifier.
-    [[nodiscard]] static NSUUID UUID();
+    [[nodiscard]] static NSUUID UUID() {
+        NSUUID made;
+        std::random_device random;
+        std::generate(made.m_parts.begin(), made.m_parts.end(), std::ref(random));
+        return made;
+    }
 
     friend bool operator==(const NSUUID&, const NSUUID&) = default;
 
 private:
-    using Bytes = std::array<std::uint8_t, 16>;
-    explicit NSUUID(const Bytes& bytes) : m_bytes(bytes) {}
+    NSUUID() = default;
 
-    Bytes m_bytes;
+    std::array<std::random_device::result_type, 4> m_parts{};
 };

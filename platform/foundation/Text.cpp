@@ -91,10 +91,6 @@ void appendUppercase(std::string& text, utf8proc_int32_t value) {
     }
 }
 
-void appendLowercase(std::string& text, utf8proc_int32_t value) {
-    append(text, utf8proc_tolower(value));
-}
-
 std::string mapped(std::string_view text, void (*appendMapped)(std::string&, utf8proc_int32_t)) {
     std::string result;
     result.reserve(text.size());
@@ -166,5 +162,5 @@ std::string uppercased(std::string_view text) {
 }
 
 std::string lowercased(std::string_view text) {
-    return mapped(text, appendLowercase);
+    return mapped(text, [](std::string& made, utf8proc_int32_t value) { append(made, utf8proc_tolower(value)); });
 }

@@ -2,60 +2,57 @@
 #include "platform/interface/NibBuilder.h"
 #include "platform/runtime/ClassRegistry.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
-std::optional<Value> missing(const InterfaceElement& attribute, ElementReader& reader) {
+/// The element that holds the value; null, after an error, when there is none of those names.
+const InterfaceElement* valueIn(const InterfaceElement& attribute, ElementReader& reader,
+                                std::initializer_list<std::string_view> names) {
+    const InterfaceElement* child = attribute.keyed("value");
+    if (child != nullptr && std::find(names.begin(), names.end(), child->name) != names.end()) {
+        return child;
+    }
     reader.error(attribute, "the value is missing or of another type than " + std::string(attribute.value("type")));
-    return std::nullopt;
+    return nullptr;
 }
 
 std::optional<Value> readBoolean(const InterfaceElement& attribute, ElementReader& reader) {
-    const std::optional<bool> boolean = reader.boolean(attribute, "value", attribute.value("value"));
-    return boolean ? std::optional<Value>(*boolean) : std::nullopt;
+    return reader.boolean(attribute, "value", attribute.value("value"));
 }
 
 std::optional<Value> readNumber(const InterfaceElement& attribute, ElementReader& reader) {
-    const InterfaceElement* child = attribute.keyed("value");
-    if (child == nullptr || (child->name != "integer" && child->name != "real")) {
-        return missing(attribute, reader);
-    }
-    const std::optional<double> number = reader.number(*child, "value");
-    return number ? std::optional<Value>(*number) : std::nullopt;
+    const InterfaceElement* child = valueIn(attribute, reader, {"integer", "real"});
+    return child != nullptr ? reader.number(*child, "value") : std::nullopt;
 }
 
 std::optional<Value> readText(const InterfaceElement& attribute, ElementReader& /*reader*/) {
     if (const std::string* text = attribute.attribute("value")) {
-        return Value(*text);
+        return *text;
     }
     const InterfaceElement* child = attribute.keyed("value");
-    return Value(child != nullptr ? child->text : std::string());
+    return child != nullptr ? child->text : std::string();
 }
 
 std::optional<Value> readImage(const InterfaceElement& attribute, ElementReader& /*reader*/) {
-    return Value(std::shared_ptr<NSObject>(UIImage::imageNamed(attribute.value("value"))));
+    return UIImage::imageNamed(attribute.value("value"));
 }
 
 std::optional<Value> readNil(const InterfaceElement& /*attribute*/, ElementReader& /*reader*/) {
-    return Value(std::shared_ptr<NSObject>());
+    return std::shared_ptr<NSObject>();
 }
 
 std::optional<Value> readColor(const InterfaceElement& attribute, ElementReader& reader) {
-    const InterfaceElement* child = attribute.keyed("value");
-    if (child == nullptr || child->name != "color") {
-        return missing(attribute, reader);
-    }
-    const std::shared_ptr<UIColor> color = reader.color(*child);
-    const bool toldAlready = !color && child->attribute("name") == nullptr;
-    return toldAlready ? std::nullopt : std::optional<Value>(std::shared_ptr<NSObject>(color));
+    const InterfaceElement* child = valueIn(attribute, reader, {"color"});
+    const std::shared_ptr<UIColor> color = child != nullptr ? reader.color(*child) : nullptr;
+    const bool toldAlready = !color && (child == nullptr || child->attribute("name") == nullptr);
+    return toldAlready ? std::nullopt : std::optional<Value>(color);
 }
 
 std::optional<Value> readSize(const InterfaceElement& attribute, ElementReader& reader) {
-    const InterfaceElement* child = attribute.keyed("value");
-    if (child == nullptr || child->name != "size") {
-        return missing(attribute, reader);
-    }
-    const std::optional<CGSize> size = reader.size(*child);
-    return size ? std::optional<Value>(*size) : std::nullopt;
+    const InterfaceElement* child = valueIn(attribute, reader, {"size"});
+    return child != nullptr ? reader.size(*child) : std::nullopt;
 }
 
 using ReadValue = std::optional<Value> (*)(const InterfaceElement& attribute, ElementReader& reader);
@@ -81,6 +78,12 @@ std::optional<Value> readValue(const InterfaceElement& attribute, ElementReader&
     return std::nullopt;
 }
 
+std::string kindOf(const Value& value) {
+    static constexpr std::array<const char*, std::variant_size_v<Value>> names = {
+        "a boolean", "a number", "a string", "a point", "a size", "a rect", "an object"};
+    return names[value.index()];
+}
+
 /// What a key does not take although the type is right.
 std::string refusedValue(const Value& value, const InterfaceElement& attribute) {
     const auto* object = std::get_if<std::shared_ptr<NSObject>>(&value);
@@ -96,7 +99,7 @@ std::shared_ptr<NSObject> ownerOfKey(std::shared_ptr<NSObject> object, std::stri
                                      const InterfaceElement& attribute, ElementReader& reader) {
     for (std::size_t dot = keyPath.find('.'); dot != std::string_view::npos; dot = keyPath.find('.')) {
         const std::string_view part = keyPath.substr(0, dot);
-        const ObjectClass::ObjectGetter* getter = ClassRegistry::shared().classOf(*object).object(part);
+        const ObjectClass::ObjectGetter* getter = ClassRegistry::shared().classOf(*object).objects.find(part);
         std::shared_ptr<NSObject> next = getter != nullptr ? (*getter)(*object) : nullptr;
         if (!next) {
             reader.error(attribute, classNameOf(*object) + " has no part \"" + std::string(part) + "\"");
@@ -112,12 +115,10 @@ std::shared_ptr<NSObject> ownerOfKey(std::shared_ptr<NSObject> object, std::stri
 
 /// In file order. What was there before the file is left as it is.
 void NibBuilder::setAttributes(const Made& made) {
-    const InterfaceElement* attributes = made.adopted ? nullptr : made.element->child("userDefinedRuntimeAttributes");
-    if (attributes == nullptr) {
-        return;
-    }
-    for (const InterfaceElement& attribute : attributes->children) {
-        setAttribute(attribute, made.object);
+    if (!made.adopted) {
+        for (const InterfaceElement& attribute : made.element->inside("userDefinedRuntimeAttributes")) {
+            setAttribute(attribute, made.object);
+        }
     }
 }
 
@@ -129,10 +130,10 @@ void NibBuilder::setAttribute(const InterfaceElement& attribute, const std::shar
         return;
     }
     const ObjectClass& ownerClass = ClassRegistry::shared().classOf(*owner);
-    const ObjectClass::PropertySetter* setter = ownerClass.property(key);
+    const ObjectClass::PropertySetter* setter = ownerClass.properties.find(key);
     if (setter == nullptr) {
         m_reader.error(attribute, classNameOf(*owner) + " has no key \"" + std::string(key) + "\"" +
-                                      suggestion(key, ownerClass.propertyNames()));
+                                      suggestion(key, ownerClass.properties.names()));
         return;
     }
     const Acceptance answer = value ? (*setter)(*owner, *value) : Acceptance::accepted;

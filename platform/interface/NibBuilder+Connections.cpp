@@ -30,11 +30,7 @@ std::string inQuotes(std::string_view text) {
 
 /// An outlet that the class of the source lacks, or whose object is of another class, is an error.
 void NibBuilder::connectOutlets(const Made& source) {
-    const InterfaceElement* connections = source.element->child("connections");
-    if (connections == nullptr) {
-        return;
-    }
-    for (const InterfaceElement& connection : connections->children) {
+    for (const InterfaceElement& connection : source.element->inside("connections")) {
         if (connection.name == "outlet") {
             connectOutlet(connection, *source.object);
         } else if (connection.name == "outletCollection") {
@@ -49,10 +45,10 @@ void NibBuilder::connectOutlet(const InterfaceElement& outlet, NSObject& source)
     const std::string_view property = outlet.value("property");
     const Named* destination = named(outlet, "destination");
     const ObjectClass& sourceClass = ClassRegistry::shared().classOf(source);
-    const ObjectClass::OutletSetter* setter = sourceClass.outlet(property);
+    const ObjectClass::OutletSetter* setter = sourceClass.outlets.find(property);
     if (setter == nullptr) {
         m_reader.error(outlet, classNameOf(source) + " has no outlet " + inQuotes(property) +
-                                   suggestion(property, sourceClass.outletNames()));
+                                   suggestion(property, sourceClass.outlets.names()));
     } else if (destination != nullptr && destination->object &&
                (*setter)(source, destination->object) == Acceptance::wrongType) {
         m_reader.error(outlet, "the outlet " + inQuotes(property) + " of " + classNameOf(source) + " cannot hold a " +
@@ -61,11 +57,9 @@ void NibBuilder::connectOutlet(const InterfaceElement& outlet, NSObject& source)
 }
 
 void NibBuilder::connectActions(const Made& source) {
-    if (const InterfaceElement* connections = source.element->child("connections")) {
-        for (const InterfaceElement& connection : connections->children) {
-            if (connection.name == "action") {
-                connectAction(connection, *source.object);
-            }
+    for (const InterfaceElement& connection : source.element->inside("connections")) {
+        if (connection.name == "action") {
+            connectAction(connection, *source.object);
         }
     }
 }
@@ -86,7 +80,7 @@ void NibBuilder::connectAction(const InterfaceElement& action, NSObject& source)
     if (!respondsToSelector(target, selector)) {
         const ObjectClass& targetClass = ClassRegistry::shared().classOf(target);
         m_reader.error(action, classNameOf(target) + " has no action " + inQuotes(selector) +
-                                   suggestion(selector, targetClass.actionNames()));
+                                   suggestion(selector, targetClass.actions.names()));
     } else if (control != nullptr && event != nullptr) {
         control->addTargetActionForControlEvents(destination->object, selector, *event);
     }

@@ -3,7 +3,7 @@
 #include "platform/runtime/ClassRegistry.h"
 #include "platform/runtime/Outlet.h"
 
-#include <concepts>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <type_traits>
@@ -43,19 +43,23 @@ public:
     }
 
     /// `setter` is a member or a free function taking T& first; its value argument decides the type that files must
-    /// give.
-    template <class Owner, class Argument>
-    ClassBuilder& property(const char* key, void (Owner::*setter)(Argument)) {
-        return propertyOf<Argument>(key, [setter](T& self, const auto& value) { (self.*setter)(value); });
-    }
-    template <class Owner, class Argument>
-    ClassBuilder& property(const char* key, void (*setter)(Owner&, Argument)) {
-        return propertyOf<Argument>(key, [setter](T& self, const auto& value) { setter(self, value); });
-    }
-    /// A setter that refuses some values of the right type.
-    template <class Owner, class Argument>
-    ClassBuilder& property(const char* key, Acceptance (*setter)(Owner&, Argument)) {
-        return propertyOf<Argument>(key, [setter](T& self, const auto& value) { return setter(self, value); });
+    /// give. One that answers with an Acceptance refuses some values of the right type.
+    template <class Setter>
+    ClassBuilder& property(const char* key, Setter setter) {
+        m_class.properties[key] = [setter](NSObject& self, const Value& value) {
+            const auto typed = valueAs<decltype(argumentOf(setter))>(value);
+            if (!typed) {
+                return Acceptance::wrongType;
+            }
+            T& object = dynamic_cast<T&>(self);
+            if constexpr (std::is_same_v<decltype(std::invoke(setter, object, *typed)), Acceptance>) {
+                return std::invoke(setter, object, *typed);
+            } else {
+                std::invoke(setter, object, *typed);
+                return Acceptance::accepted;
+            }
+        };
+        return *this;
     }
     /// A part reached in a dotted key, such as `layer` in "layer.cornerRadius".
     template <class Owner, class Part>
@@ -66,21 +70,15 @@ public:
         return *this;
     }
 
-    template <class Owner>
-    ClassBuilder& action(const char* selector, void (Owner::*method)(NSObject*)) {
+    /// `method` is a member or a free function taking T& first; it may go without the sender.
+    template <class Method>
+    ClassBuilder& action(const char* selector, Method method) {
         m_class.actions[selector] = [method](NSObject& self, NSObject* sender) {
-            (dynamic_cast<T&>(self).*method)(sender);
-        };
-        return *this;
-    }
-    template <class Owner>
-    ClassBuilder& action(const char* selector, void (Owner::*method)()) {
-        m_class.actions[selector] = [method](NSObject& self, NSObject*) { (dynamic_cast<T&>(self).*method)(); };
-        return *this;
-    }
-    ClassBuilder& action(const char* selector, void (*function)(T&, NSObject*)) {
-        m_class.actions[selector] = [function](NSObject& self, NSObject* sender) {
-            function(dynamic_cast<T&>(self), sender);
+            if constexpr (std::is_invocable_v<Method, T&, NSObject*>) {
+                std::invoke(method, dynamic_cast<T&>(self), sender);
+            } else {
+                std::invoke(method, dynamic_cast<T&>(self));
+            }
         };
         return *this;
     }
@@ -98,23 +96,11 @@ private:
         };
     }
 
-    template <class Argument, class Set>
-    ClassBuilder& propertyOf(const char* key, Set set) {
-        m_class.properties[key] = [set](NSObject& self, const Value& value) {
-            const auto typed = valueAs<std::remove_cvref_t<Argument>>(value);
-            if (!typed) {
-                return Acceptance::wrongType;
-            }
-            T& object = dynamic_cast<T&>(self);
-            if constexpr (std::is_same_v<decltype(set(object, *typed)), Acceptance>) {
-                return set(object, *typed);
-            } else {
-                set(object, *typed);
-                return Acceptance::accepted;
-            }
-        };
-        return *this;
-    }
+    // Only for the type of what a setter takes.
+    template <class Answer, class Owner, class Argument>
+    static std::remove_cvref_t<Argument> argumentOf(Answer (Owner::*setter)(Argument));
+    template <class Answer, class Owner, class Argument>
+    static std::remove_cvref_t<Argument> argumentOf(Answer (*setter)(Owner&, Argument));
 
     /// Absent when the value is of another type. Null is a value of every object type.
     template <class Plain>
@@ -127,6 +113,9 @@ private:
             const Plain typed =
                 object != nullptr ? std::dynamic_pointer_cast<typename Plain::element_type>(*object) : nullptr;
             return typed || (object != nullptr && *object == nullptr) ? std::optional(typed) : std::nullopt;
+        } else if constexpr (std::is_same_v<Plain, std::optional<std::string>>) { // files cannot write an absent text
+            const std::string* text = std::get_if<std::string>(&value);
+            return text != nullptr ? std::optional<Plain>(*text) : std::nullopt;
         } else {
             const Plain* typed = std::get_if<Plain>(&value);
             return typed != nullptr ? std::optional(*typed) : std::nullopt;

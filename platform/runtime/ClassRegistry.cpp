@@ -26,7 +26,6 @@ ObjectClass& ClassRegistry::add(std::string name, std::string_view superclassNam
     auto made = std::make_unique<ObjectClass>(name, superclass, type, isClassOf);
     ObjectClass& added = *made;
     m_byType.emplace(type, &added);
-    m_nearest.clear(); // the new class may be nearer
     m_byName.emplace(std::move(name), std::move(made));
     return added;
 }
@@ -36,19 +35,10 @@ ObjectClass* ClassRegistry::find(std::string_view name) {
     return found == m_byName.end() ? nullptr : found->second.get();
 }
 
-const ObjectClass& ClassRegistry::classOf(const NSObject& object) {
-    const std::type_index type = typeid(object);
-    if (const auto found = m_byType.find(type); found != m_byType.end()) {
+const ObjectClass& ClassRegistry::classOf(const NSObject& object) const {
+    if (const auto found = m_byType.find(typeid(object)); found != m_byType.end()) {
         return *found->second;
     }
-    const ObjectClass*& nearest = m_nearest[type];
-    if (nearest == nullptr) {
-        nearest = &nearestClass(object);
-    }
-    return *nearest;
-}
-
-const ObjectClass& ClassRegistry::nearestClass(const NSObject& object) const {
     const ObjectClass* nearest = m_byName.find("NSObject")->second.get();
     for (const auto& [name, known] : m_byName) {
         if (known->depth() > nearest->depth() && known->isClassOf(object)) {
@@ -76,7 +66,7 @@ std::string classNameOf(const NSObject& object) {
 }
 
 bool performSelector(NSObject& object, std::string_view selector, NSObject* sender) {
-    const ObjectClass::Action* action = ClassRegistry::shared().classOf(object).action(selector);
+    const ObjectClass::Action* action = ClassRegistry::shared().classOf(object).actions.find(selector);
     if (action == nullptr) {
         return false;
     }
@@ -86,7 +76,7 @@ bool performSelector(NSObject& object, std::string_view selector, NSObject* send
 }
 
 bool respondsToSelector(const NSObject& object, std::string_view selector) {
-    return ClassRegistry::shared().classOf(object).action(selector) != nullptr;
+    return ClassRegistry::shared().classOf(object).actions.find(selector) != nullptr;
 }
 
 bool canBeAskedForSelectors(const NSObject& object) {

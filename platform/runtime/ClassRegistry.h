@@ -18,18 +18,16 @@ public:
     /// Null when no class has that name.
     [[nodiscard]] ObjectClass* find(std::string_view name);
     /// The class of an object; for an unregistered C++ type its nearest base that is registered, at last NSObject.
-    [[nodiscard]] const ObjectClass& classOf(const NSObject& object);
+    [[nodiscard]] const ObjectClass& classOf(const NSObject& object) const;
     /// The registered name of a C++ type; "NSObject" when it has none.
     [[nodiscard]] std::string nameOf(std::type_index type) const;
     [[nodiscard]] std::vector<std::string> names() const;
 
 private:
     ClassRegistry();
-    [[nodiscard]] const ObjectClass& nearestClass(const NSObject& object) const;
 
     std::map<std::string, std::unique_ptr<ObjectClass>, std::less<>> m_byName;
     std::map<std::type_index, const ObjectClass*> m_byType;
-    std::map<std::type_index, const ObjectClass*> m_nearest; // of the unregistered types that were asked for
 };
 
 /// The registered name of the object's class or of its nearest base that has one, for trees and messages.

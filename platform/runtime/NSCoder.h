@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 /// What an interface file says about one object, read by that object's constructor. A key that is absent gives an
 /// empty optional; a value of the wrong type is reported to the file's reader (with file, line and element) and then

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <typeindex>
@@ -16,11 +17,40 @@
 /// A value on its way to a key-set property. Objects (colours, images) travel as NSObject; a null object is "nil".
 using Value = std::variant<bool, double, std::string, CGPoint, CGSize, CGRect, std::shared_ptr<NSObject>>;
 
-/// "a number", "a boolean" …, for messages about a value of the wrong type.
-[[nodiscard]] std::string kindOf(const Value& value);
-
 /// Whether an object takes what an interface file gives it by name.
 enum class Acceptance { accepted, wrongType, wrongValue };
+
+/// What a class has by name of one kind, its superclasses' included.
+template <class Entry>
+class NameTable {
+public:
+    explicit NameTable(const NameTable* inherited) : m_inherited(inherited) {}
+
+    /// The class's own entry, made when there is none.
+    [[nodiscard]] Entry& operator[](const char* name) { return m_own[name]; }
+    /// Null when neither the class nor a superclass has one.
+    [[nodiscard]] const Entry* find(std::string_view name) const {
+        const auto own = m_own.find(name);
+        if (own != m_own.end()) {
+            return &own->second;
+        }
+        return m_inherited == nullptr ? nullptr : m_inherited->find(name);
+    }
+    /// Sorted, for messages about unknown names.
+    [[nodiscard]] std::vector<std::string> names() const {
+        std::set<std::string> names;
+        for (const NameTable* table = this; table != nullptr; table = table->m_inherited) {
+            for (const auto& [name, entry] : table->m_own) {
+                names.insert(name);
+            }
+        }
+        return {names.begin(), names.end()};
+    }
+
+private:
+    const NameTable* m_inherited;
+    std::map<std::string, Entry, std::less<>> m_own;
+};
 
 /// What one class is called and what can be reached in it by name: its outlets, key-set properties and actions.
 /// Filled once at start by ClassBuilder; owned by the class registry.
@@ -37,27 +67,22 @@ public:
     using Check = bool (*)(const NSObject&);
 
     ObjectClass(std::string className, const ObjectClass* parent, std::type_index objectType, Check check)
-        : name(std::move(className)), superclass(parent), type(objectType), isClassOf(check) {}
+        : name(std::move(className)), superclass(parent), type(objectType), isClassOf(check),
+          outlets(parent == nullptr ? nullptr : &parent->outlets),
+          properties(parent == nullptr ? nullptr : &parent->properties),
+          objects(parent == nullptr ? nullptr : &parent->objects),
+          actions(parent == nullptr ? nullptr : &parent->actions) {}
 
     /// How many superclasses it has.
     [[nodiscard]] int depth() const { return superclass == nullptr ? 0 : superclass->depth() + 1; }
-    /// Looks through this class and its superclasses; null when there is none of that name.
-    [[nodiscard]] const OutletSetter* outlet(std::string_view key) const;
-    [[nodiscard]] const PropertySetter* property(std::string_view key) const;
-    [[nodiscard]] const ObjectGetter* object(std::string_view key) const;
-    [[nodiscard]] const Action* action(std::string_view selector) const;
-    /// Names of everything of a kind, superclasses included, sorted: for messages about unknown names.
-    [[nodiscard]] std::vector<std::string> outletNames() const;
-    [[nodiscard]] std::vector<std::string> propertyNames() const;
-    [[nodiscard]] std::vector<std::string> actionNames() const;
 
     std::string name;
     const ObjectClass* superclass;
     std::type_index type;
     Check isClassOf;
     Factory factory; // empty for classes that interface files cannot make
-    std::map<std::string, OutletSetter, std::less<>> outlets;
-    std::map<std::string, PropertySetter, std::less<>> properties;
-    std::map<std::string, ObjectGetter, std::less<>> objects;
-    std::map<std::string, Action, std::less<>> actions;
+    NameTable<OutletSetter> outlets;
+    NameTable<PropertySetter> properties;
+    NameTable<ObjectGetter> objects;
+    NameTable<Action> actions;
 };

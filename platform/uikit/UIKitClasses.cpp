@@ -11,17 +11,7 @@
 #include "platform/uikit/table/UITableViewHeaderFooterView.h"
 #include "platform/uikit/window/UIWindow.h"
 
-// Files write texts as plain strings; an absent text cannot be written.
-
 namespace {
-
-void setLabelText(UILabel& label, const std::string& text) {
-    label.setText(text);
-}
-
-void setFieldText(UITextField& field, const std::string& text) {
-    field.setText(text);
-}
 
 /// Shadows have a hard edge.
 Acceptance setShadowRadius(CALayer& layer, CGFloat radius) {
@@ -60,7 +50,7 @@ void registerViews() {
     ClassBuilder<UIImageView>("UIImageView", "UIView").madeByCoder().property("image", &UIImageView::setImage);
     ClassBuilder<UILabel>("UILabel", "UIView")
         .madeByCoder()
-        .property("text", &setLabelText)
+        .property("text", &UILabel::setText)
         .property("textColor", &UILabel::setTextColor)
         .property("numberOfLines", &UILabel::setNumberOfLines);
 }
@@ -71,7 +61,7 @@ void registerControls() {
     ClassBuilder<UITextField>("UITextField", "UIControl")
         .madeByCoder()
         .outlet("delegate", &UITextField::setDelegate)
-        .property("text", &setFieldText)
+        .property("text", &UITextField::setText)
         .property("placeholder", &UITextField::setPlaceholder);
 }
 

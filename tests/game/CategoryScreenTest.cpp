@@ -149,9 +149,9 @@ TEST_F(CategoryScreen, HasActionsAndOutletsForScenesThatConnectMore) {
     const auto label = std::make_shared<UILabel>();
     for (const char* name : {"lblFriends", "lblFamily", "lblCouple", "lblRandom", "viewOptions1", "viewOptions2",
                              "viewOptions3", "viewOptions4", "imgSelect1", "imgSelect2", "imgSelect3", "imgSelect4"}) {
-        ASSERT_NE(names->outlet(name), nullptr) << name;
+        ASSERT_NE(names->outlets.find(name), nullptr) << name;
         const bool isLabel = name[0] == 'l';
-        EXPECT_EQ((*names->outlet(name))(*screen, label), isLabel ? Acceptance::accepted : Acceptance::wrongType);
+        EXPECT_EQ((*names->outlets.find(name))(*screen, label), isLabel ? Acceptance::accepted : Acceptance::wrongType);
     }
 }
 

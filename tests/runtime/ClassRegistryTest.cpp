@@ -54,7 +54,7 @@ protected:
         ClassBuilder<Derived>("Derived", "Base").action("tapped:", &Derived::doubled);
     }
     static Acceptance set(const char* key, const Value& value, NSObject& object) {
-        return (*ClassRegistry::shared().classOf(object).property(key))(object, value);
+        return (*ClassRegistry::shared().classOf(object).properties.find(key))(object, value);
     }
 
     const std::shared_ptr<Unregistered> object = std::make_shared<Unregistered>();
@@ -78,10 +78,10 @@ TEST_F(ClassRegistryTest, TakesAnObjectForItsClassOrTheNearestBaseThatIsRegister
 }
 
 TEST_F(ClassRegistryTest, ListsTheNamesOfSuperclassesToo) {
-    EXPECT_EQ(derived.outletNames(), (std::vector<std::string>{"panel"}));
+    EXPECT_EQ(derived.outlets.names(), (std::vector<std::string>{"panel"}));
     registerClasses(); // a second time is harmless
-    EXPECT_EQ(derived.actionNames(), (std::vector<std::string>{"tapped:"}));
-    EXPECT_EQ(derived.property("radius"), nullptr) << "of another class";
+    EXPECT_EQ(derived.actions.names(), (std::vector<std::string>{"tapped:"}));
+    EXPECT_EQ(derived.properties.find("radius"), nullptr) << "of another class";
 }
 
 TEST_F(ClassRegistryTest, SetsWhatIsOfTheRightType) {
@@ -97,14 +97,14 @@ TEST_F(ClassRegistryTest, SetsWhatIsOfTheRightType) {
     EXPECT_EQ(object->held, part);
     EXPECT_EQ(set("held", std::shared_ptr<NSObject>(), *object), Acceptance::accepted);
     EXPECT_EQ(object->held, nullptr);
-    EXPECT_EQ(set("radius", 8.0, *(*derived.object("part"))(*object)), Acceptance::accepted);
+    EXPECT_EQ(set("radius", 8.0, *(*derived.objects.find("part"))(*object)), Acceptance::accepted);
     EXPECT_EQ(object->part()->radius, 8);
 }
 
 TEST_F(ClassRegistryTest, ConnectsOutletsWeaklyAndOnlyToTheirClass) {
     auto part = std::make_shared<Part>();
-    EXPECT_EQ((*derived.outlet("panel"))(*object, object), Acceptance::wrongType);
-    EXPECT_EQ((*derived.outlet("panel"))(*object, part), Acceptance::accepted);
+    EXPECT_EQ((*derived.outlets.find("panel"))(*object, object), Acceptance::wrongType);
+    EXPECT_EQ((*derived.outlets.find("panel"))(*object, part), Acceptance::accepted);
     EXPECT_TRUE(object->panel.is(*part));
     part.reset();
     EXPECT_EQ(object->panel.get(), nullptr);

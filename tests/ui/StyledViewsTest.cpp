@@ -21,7 +21,7 @@ protected:
     }
     /// What an interface file does with a key.
     static Acceptance setByKey(NSObject& object, const char* key, const Value& value) {
-        const ObjectClass::PropertySetter* setter = ClassRegistry::shared().classOf(object).property(key);
+        const ObjectClass::PropertySetter* setter = ClassRegistry::shared().classOf(object).properties.find(key);
         EXPECT_NE(setter, nullptr) << key;
         return setter != nullptr ? (*setter)(object, value) : Acceptance::wrongType;
     }
@@ -56,7 +56,7 @@ TEST_F(KitClasses, CanBeNamedByInterfaceFiles) {
     EXPECT_TRUE(*canvas->strokeColor() == *UIColor::blueColor());
     EXPECT_DEATH(canvas->setStrokeColor(nullptr), "DrawingView: the strokeColor is null");
     EXPECT_DEATH(std::make_shared<AppView>()->setStrokeColor(nullptr), "AppView: the strokeColor is null");
-    EXPECT_NE(ClassRegistry::shared().classOf(*canvas).outlet("delegate"), nullptr);
+    EXPECT_NE(ClassRegistry::shared().classOf(*canvas).outlets.find("delegate"), nullptr);
 }
 
 TEST_F(AppViewTest, AppliesAPropertyTheMomentItIsWritten) {

@@ -47,36 +47,34 @@ void installAssetCatalog() {
 }
 
 std::shared_ptr<UIColor> AssetCatalogReader::colorNamed(std::string_view name) {
-    const auto known = m_colors.find(name);
-    if (known != m_colors.end()) {
-        return known->second;
-    }
-    const std::filesystem::path folder = find(name, ".colorset");
-    Findings unheard;
-    auto color = folder.empty() ? nullptr : readColorSet(folder, unheard);
-    return m_colors.emplace(name, std::move(color)).first->second;
+    return remembered(m_colors, name, ".colorset", &readColorSet);
 }
 
 std::shared_ptr<UIImage> AssetCatalogReader::imageNamed(std::string_view name) {
-    const auto known = m_images.find(name);
-    if (known != m_images.end()) {
+    return remembered(m_images, name, ".imageset", &readImageSet);
+}
+
+/// A missing or broken entry is remembered as null.
+template <class Object, class Read>
+std::shared_ptr<Object> AssetCatalogReader::remembered(Remembered<Object>& objects, std::string_view name,
+                                                       const char* extension, Read read) {
+    const auto known = objects.find(name);
+    if (known != objects.end()) {
         return known->second;
     }
-    const std::filesystem::path folder = find(name, ".imageset");
+    const std::filesystem::path folder = find(name, extension);
     Findings unheard;
-    auto image = folder.empty() ? nullptr : readImageSet(folder, std::string(name), unheard);
-    return m_images.emplace(name, std::move(image)).first->second;
+    return objects.emplace(name, folder.empty() ? nullptr : read(folder, unheard)).first->second;
 }
 
 std::filesystem::path AssetCatalogReader::find(std::string_view name, const char* extension) {
-    if (name.empty() || name.find('\0') != std::string_view::npos) {
-        return {};
+    if (name.empty() || name.find_first_of(std::string_view("/\0", 2)) != std::string_view::npos) {
+        return {}; // only a plain name becomes a path, and so never leads outside
     }
-    // Only a plain name becomes a path; one with a group is compared with what is there, and so never leads outside.
-    const std::string file = std::string(name) + extension;
+    const std::filesystem::path folder = m_folder / std::string(name).append(extension);
     std::error_code error;
-    if (name.find('/') == std::string_view::npos && std::filesystem::is_directory(m_folder / file, error)) {
-        return m_folder / file;
+    if (std::filesystem::is_directory(folder, error)) {
+        return folder;
     }
     if (!m_entries) {
         m_entries = catalogEntries(m_folder);

@@ -36,11 +36,17 @@ public:
     [[nodiscard]] std::shared_ptr<UIImage> imageNamed(std::string_view name) override;
 
 private:
+    template <class Object>
+    using Remembered = std::map<std::string, std::shared_ptr<Object>, std::less<>>;
+
+    template <class Object, class Read>
+    [[nodiscard]] std::shared_ptr<Object> remembered(Remembered<Object>& objects, std::string_view name,
+                                                     const char* extension, Read read);
     /// The folder of an entry; empty when there is none.
     [[nodiscard]] std::filesystem::path find(std::string_view name, const char* extension);
 
     std::filesystem::path m_folder;
     std::optional<std::vector<CatalogEntry>> m_entries; // listed when a name is first looked for in groups
-    std::map<std::string, std::shared_ptr<UIColor>, std::less<>> m_colors;
-    std::map<std::string, std::shared_ptr<UIImage>, std::less<>> m_images;
+    Remembered<UIColor> m_colors;
+    Remembered<UIImage> m_images;
 };

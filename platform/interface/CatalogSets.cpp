@@ -110,32 +110,26 @@ private:
     bool m_sound = true;
 };
 
-struct NamedFile {
-    std::string_view name;
-    int scale = 1;
-    bool forPhone = false;
-};
-
 int scaleOf(JSONValue entry) {
     const std::string_view scale = textAt(entry, "scale");
     return scale == "3x" ? 3 : scale == "2x" ? 2 : 1;
 }
 
-/// The entries that name a file for this device, whatever the appearance; slots may be empty.
-std::vector<NamedFile> namedFiles(JSONValue images) {
-    std::vector<NamedFile> files;
-    bool anyForPhone = false;
+/// What is drawn on a phone, whatever the appearance: the files that entries name for it, else those for any device.
+/// Slots may be empty.
+std::vector<ImageFile> filesFor(JSONValue images, const std::filesystem::path& folder) {
+    std::vector<ImageFile> forPhone;
+    std::vector<ImageFile> forAny;
     for (const JSONValue entry : images.elements()) {
         const std::string_view idiom = textAt(entry, "idiom");
         const std::string_view name = textAt(entry, "filename");
-        const bool forPhone = idiom == "iphone";
-        if (!name.empty() && !entry.find("appearances") && (forPhone || idiom == "universal")) {
-            files.push_back({name, scaleOf(entry), forPhone});
-            anyForPhone = anyForPhone || forPhone;
+        if (!name.empty() && !entry.find("appearances") && (idiom == "iphone" || idiom == "universal")) {
+            std::vector<ImageFile>& files = idiom == "iphone" ? forPhone : forAny;
+            const std::vector<ImageFile> drawn = imageFilesOf(folder, name, scaleOf(entry));
+            files.insert(files.end(), drawn.begin(), drawn.end());
         }
     }
-    std::erase_if(files, [&](const NamedFile& file) { return file.forPhone != anyForPhone; });
-    return files;
+    return forPhone.empty() ? forAny : forPhone;
 }
 
 } // namespace
@@ -143,11 +137,7 @@ std::vector<NamedFile> namedFiles(JSONValue images) {
 std::optional<CatalogContents> CatalogContents::read(const std::filesystem::path& folder, Findings& findings) {
     const std::string path = (folder / "Contents.json").string();
     Result<std::string> text = readWholeFile(path);
-    if (!text) {
-        findings.push_back(text.failure().in(path, Severity::warning));
-        return std::nullopt;
-    }
-    Result<JSONDocument> document = JSONDocument::parse(std::move(text).value());
+    Result<JSONDocument> document = text ? JSONDocument::parse(std::move(text).value()) : text.failure();
     if (!document) {
         findings.push_back(document.failure().in(path, Severity::warning));
         return std::nullopt;
@@ -182,8 +172,7 @@ std::vector<ImageFile> imageFilesOf(const std::filesystem::path& folder, std::st
     return {{stem + ".png", 1}, {stem + "@2x.png", 2}, {stem + "@3x.png", 3}};
 }
 
-std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, const std::string& name,
-                                      Findings& findings) {
+std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, Findings& findings) {
     const std::optional<CatalogContents> contents = CatalogContents::read(folder, findings);
     if (!contents) {
         return nullptr;
@@ -193,14 +182,6 @@ std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, const
         findings.push_back(contents->finding(contents->root(), "the list \"images\" is missing"));
         return nullptr;
     }
-    std::vector<ImageFile> all;
-    for (const NamedFile& file : namedFiles(*images)) {
-        for (ImageFile& drawn : imageFilesOf(folder, file.name, file.scale)) {
-            all.push_back(std::move(drawn));
-        }
-    }
-    if (all.empty()) {
-        return nullptr;
-    }
-    return std::make_shared<UIImage>(name, std::move(all));
+    std::vector<ImageFile> files = filesFor(*images, folder);
+    return files.empty() ? nullptr : std::make_shared<UIImage>(folder.stem().string(), std::move(files));
 }

@@ -37,8 +37,7 @@ private:
 [[nodiscard]] std::shared_ptr<UIColor> readColorSet(const std::filesystem::path& folder, Findings& findings);
 /// Reads NAME.imageset: the files for a phone, else those for any device. Null when no file is named (an empty slot is
 /// no fault) or the set is broken.
-[[nodiscard]] std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, const std::string& name,
-                                                    Findings& findings);
+[[nodiscard]] std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, Findings& findings);
 /// What is drawn for a file that a set names: the file itself, or for an SVG file the PNG files that the build renders
 /// beside it.
 [[nodiscard]] std::vector<ImageFile> imageFilesOf(const std::filesystem::path& folder, std::string_view fileName,

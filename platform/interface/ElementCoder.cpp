@@ -73,8 +73,7 @@ std::optional<std::shared_ptr<NSObject>> ElementCoder::object(std::string_view k
 const NSCoder* ElementCoder::child(std::string_view element, std::string_view key) const {
     for (const InterfaceElement& child : m_element.children) {
         if (child.name == element && child.value("key") == key) {
-            m_children.push_back(std::make_unique<ElementCoder>(child, m_reader));
-            return m_children.back().get();
+            return m_children.emplace_back(std::make_unique<ElementCoder>(child, m_reader)).get();
         }
     }
     return nullptr;

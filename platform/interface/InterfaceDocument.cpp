@@ -10,6 +10,17 @@
 #include <algorithm>
 #include <map>
 
+namespace {
+
+/// Null when no element meets the condition.
+template <class Condition>
+const InterfaceElement* first(const std::vector<InterfaceElement>& elements, Condition condition) {
+    const auto found = std::find_if(elements.begin(), elements.end(), condition);
+    return found == elements.end() ? nullptr : &*found;
+}
+
+} // namespace
+
 const std::string* InterfaceElement::attribute(std::string_view key) const {
     for (const auto& [attributeName, attributeValue] : attributes) {
         if (attributeName == key) {
@@ -25,22 +36,17 @@ std::string_view InterfaceElement::value(std::string_view key) const {
 }
 
 const InterfaceElement* InterfaceElement::keyed(std::string_view key) const {
-    for (const InterfaceElement& each : children) {
-        const std::string* own = each.attribute("key");
-        if (own != nullptr && *own == key) {
-            return &each;
-        }
-    }
-    return nullptr;
+    return first(children, [key](const InterfaceElement& each) { return each.value("key") == key; });
 }
 
 const InterfaceElement* InterfaceElement::child(std::string_view childName) const {
-    for (const InterfaceElement& each : children) {
-        if (each.name == childName) {
-            return &each;
-        }
-    }
-    return nullptr;
+    return first(children, [childName](const InterfaceElement& each) { return each.name == childName; });
+}
+
+const std::vector<InterfaceElement>& InterfaceElement::inside(std::string_view childName) const {
+    static const std::vector<InterfaceElement> none;
+    const InterfaceElement* found = child(childName);
+    return found == nullptr ? none : found->children;
 }
 
 Failure InterfaceElement::failure(const std::string& what) const {
@@ -75,27 +81,15 @@ private:
     TextPlace m_place;
 };
 
-/// The first element that is nested too deeply; walks without recursion, so that depth cannot exhaust the stack.
-pugi::xml_node tooDeep(const pugi::xml_node& root) {
-    pugi::xml_node node = root;
-    int depth = 0;
-    while (node) {
-        if (depth > InterfaceDocument::greatestDepth) {
-            return node;
-        }
-        if (const pugi::xml_node inner = node.first_child()) {
-            node = inner;
-            ++depth;
-            continue;
-        }
-        while (node != root && !node.next_sibling()) {
-            node = node.parent();
-            --depth;
-        }
-        node = node == root ? pugi::xml_node() : node.next_sibling();
+/// Finds the first element that is nested too deeply, without recursion: depth cannot exhaust the stack.
+struct DepthCheck : pugi::xml_tree_walker {
+    pugi::xml_node tooDeep;
+
+    bool for_each(pugi::xml_node& node) override {
+        tooDeep = depth() >= InterfaceDocument::greatestDepth ? node : pugi::xml_node();
+        return !tooDeep;
     }
-    return {};
-}
+};
 
 InterfaceElement convert(const pugi::xml_node& node, PlaceWalk& places) {
     InterfaceElement element;
@@ -159,9 +153,10 @@ Result<InterfaceElement> rootOf(const std::string& text) {
     if (const pugi::xml_node doctype = doctypeOf(document)) {
         return Failure{"a document type (DOCTYPE) is not accepted", places.of(doctype)};
     }
-    if (const pugi::xml_node deep = tooDeep(document)) {
+    DepthCheck depth;
+    if (!document.traverse(depth)) {
         return Failure{"elements are nested more than " + std::to_string(InterfaceDocument::greatestDepth) + " deep",
-                       places.of(deep)};
+                       places.of(depth.tooDeep)};
     }
     if (const pugi::xml_node second = secondRoot(document)) {
         return Failure{"malformed XML: a second outermost element", places.of(second)};
@@ -170,24 +165,15 @@ Result<InterfaceElement> rootOf(const std::string& text) {
 }
 
 /// The object that the editor marks as the scene's controller.
-const InterfaceElement* controllerAmong(const InterfaceElement& objects) {
-    for (const InterfaceElement& object : objects.children) {
-        if (object.value("sceneMemberID") == "viewController") {
-            return &object;
-        }
-    }
-    return nullptr;
+bool isController(const InterfaceElement& object) {
+    return object.value("sceneMemberID") == "viewController";
 }
 
 std::vector<InterfaceScene> scenesOf(const InterfaceElement& root) {
     std::vector<InterfaceScene> found;
-    if (const InterfaceElement* scenes = root.child("scenes")) {
-        for (const InterfaceElement& scene : scenes->children) {
-            const InterfaceElement* objects = scene.child("objects");
-            const InterfaceElement* controller = objects != nullptr ? controllerAmong(*objects) : nullptr;
-            if (controller != nullptr) {
-                found.push_back({controller, objects});
-            }
+    for (const InterfaceElement& scene : root.inside("scenes")) {
+        if (const InterfaceElement* controller = first(scene.inside("objects"), isController)) {
+            found.push_back({controller, scene.child("objects")});
         }
     }
     return found;
@@ -274,12 +260,6 @@ Result<InterfaceScene> InterfaceDocument::sceneWithIdentifier(const std::string&
 }
 
 const InterfaceElement* InterfaceDocument::resource(std::string_view element, std::string_view name) const {
-    if (const InterfaceElement* resources = m_root.child("resources")) {
-        for (const InterfaceElement& entry : resources->children) {
-            if (entry.name == element && entry.value("name") == name) {
-                return &entry;
-            }
-        }
-    }
-    return nullptr;
+    return first(m_root.inside("resources"),
+                 [&](const InterfaceElement& entry) { return entry.name == element && entry.value("name") == name; });
 }

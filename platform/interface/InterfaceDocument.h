@@ -30,6 +30,8 @@ struct InterfaceElement {
     [[nodiscard]] const InterfaceElement* keyed(std::string_view key) const;
     /// The first child of that name; null when absent.
     [[nodiscard]] const InterfaceElement* child(std::string_view childName) const;
+    /// What stands in that child; nothing when it is absent.
+    [[nodiscard]] const std::vector<InterfaceElement>& inside(std::string_view childName) const;
     /// `<label id="abc-de-fgh">: what`, told at this element's place.
     [[nodiscard]] Failure failure(const std::string& what) const;
 };

@@ -94,12 +94,11 @@ std::string identifierOf(const InterfaceElement& element, const std::string& pat
 } // namespace
 
 void NibBuilder::makeConstraints(const Made& owner) {
-    const InterfaceElement* constraints = owner.element->child("constraints");
-    const auto view = constraints != nullptr ? std::dynamic_pointer_cast<UIView>(owner.object) : nullptr;
+    const auto view = std::dynamic_pointer_cast<UIView>(owner.object);
     if (!view) {
         return;
     }
-    for (const InterfaceElement& element : constraints->children) {
+    for (const InterfaceElement& element : owner.element->inside("constraints")) {
         const bool leftOut = element.value("placeholder") == "YES";
         if (const auto constraint = leftOut ? nullptr : makeConstraint(element, view)) {
             keep(element, constraint);
@@ -131,7 +130,7 @@ std::shared_ptr<NSLayoutConstraint> NibBuilder::makeConstraint(const InterfaceEl
     const auto constraint = std::make_shared<NSLayoutConstraint>(*first, *relation, *second, multiplier, constant);
     constraint->setPriority(priority);
     constraint->setIdentifier(identifierOf(element, m_reader.document().path()));
-    constraint->setActive(true);
+    constraint->activate();
     return constraint;
 }
 

@@ -185,7 +185,7 @@ Findings checkCatalog(const std::filesystem::path& catalog) {
         if (entry.folder.extension() == ".colorset") {
             static_cast<void>(readColorSet(entry.folder, findings));
         } else if (entry.folder.extension() == ".imageset") {
-            static_cast<void>(readImageSet(entry.folder, entry.name, findings));
+            static_cast<void>(readImageSet(entry.folder, findings));
             checkImageFiles(entry.folder, findings);
         }
     }

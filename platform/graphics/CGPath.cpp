@@ -7,19 +7,11 @@ namespace {
 /// How far the control points of a quarter circle of radius 1 stand from its ends.
 constexpr CGFloat circleHandle = 0.5522847498307936;
 
+/// How many points an element has, by its type.
+constexpr std::array<std::size_t, 5> pointCounts{1, 1, 2, 3, 0};
+
 std::size_t pointCount(CGPathElementType type) {
-    switch (type) {
-    case CGPathElementType::moveToPoint:
-    case CGPathElementType::addLineToPoint:
-        return 1;
-    case CGPathElementType::addQuadCurveToPoint:
-        return 2;
-    case CGPathElementType::addCurveToPoint:
-        return 3;
-    case CGPathElementType::closeSubpath:
-        return 0;
-    }
-    return 0;
+    return pointCounts[static_cast<std::size_t>(type)];
 }
 
 } // namespace
@@ -70,26 +62,6 @@ CGPath CGPath::withCorners(const CGRect& rect, CGFloat rx, CGFloat ry) {
 
 CGPath CGPath::withEllipseIn(const CGRect& rect) {
     return withCorners(rect, rect.size.width / 2, rect.size.height / 2);
-}
-
-void CGPath::moveTo(CGPoint point) {
-    add(CGPathElementType::moveToPoint, {point});
-}
-
-void CGPath::addLineTo(CGPoint point) {
-    add(CGPathElementType::addLineToPoint, {point});
-}
-
-void CGPath::addQuadCurveTo(CGPoint end, CGPoint control) {
-    add(CGPathElementType::addQuadCurveToPoint, {control, end});
-}
-
-void CGPath::addCurveTo(CGPoint end, CGPoint control1, CGPoint control2) {
-    add(CGPathElementType::addCurveToPoint, {control1, control2, end});
-}
-
-void CGPath::closeSubpath() {
-    add(CGPathElementType::closeSubpath, {});
 }
 
 CGRect CGPath::boundingBox() const {

@@ -45,10 +45,10 @@ public:
     [[nodiscard]] static CGPath withRoundedRect(const CGRect& rect, CGFloat radius);
     [[nodiscard]] static CGPath withEllipseIn(const CGRect& rect);
 
-    void moveTo(CGPoint point);
+    void moveTo(CGPoint point) { add(CGPathElementType::moveToPoint, {point}); }
     /// Lines and curves without a current point begin at their own first point.
-    void addLineTo(CGPoint point);
-    void addQuadCurveTo(CGPoint end, CGPoint control);
+    void addLineTo(CGPoint point) { add(CGPathElementType::addLineToPoint, {point}); }
+    void addQuadCurveTo(CGPoint end, CGPoint control) { add(CGPathElementType::addQuadCurveToPoint, {control, end}); }
 
     [[nodiscard]] bool isEmpty() const { return m_elements.empty(); }
     [[nodiscard]] const std::vector<CGPathElement>& elements() const { return m_elements; }
@@ -60,8 +60,10 @@ public:
     [[nodiscard]] CGPath offsetBy(CGFloat dx, CGFloat dy) const;
 
 private:
-    void addCurveTo(CGPoint end, CGPoint control1, CGPoint control2);
-    void closeSubpath();
+    void addCurveTo(CGPoint end, CGPoint control1, CGPoint control2) {
+        add(CGPathElementType::addCurveToPoint, {control1, control2, end});
+    }
+    void closeSubpath() { add(CGPathElementType::closeSubpath, {}); }
     /// A straight line from corner to corner and a quarter ellipse with these radii around each corner.
     [[nodiscard]] static CGPath withCorners(const CGRect& rect, CGFloat rx, CGFloat ry);
     void add(CGPathElementType type, std::array<CGPoint, 3> points);

@@ -162,19 +162,11 @@ Result<Bitmap> readPNG(const std::string& path) {
 }
 
 std::optional<PixelSize> readPNGSize(const std::string& path) {
-    static constexpr std::array<std::uint8_t, 16> start{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
-                                                        0,    0,   0,   13,  'I',  'H',  'D',  'R'};
-    std::array<std::uint8_t, 24> header{};
-    std::ifstream file(path, std::ios::binary);
-    file.read(reinterpret_cast<char*>(header.data()), header.size());
-    if (file.gcount() != static_cast<std::streamsize>(header.size()) ||
-        !std::equal(start.begin(), start.end(), header.begin())) {
-        return std::nullopt;
-    }
-    const std::uint32_t width = png_get_uint_32(header.data() + 16);
-    const std::uint32_t height = png_get_uint_32(header.data() + 20);
-    if (!isAcceptable(width, height)) {
-        return std::nullopt;
-    }
-    return PixelSize{static_cast<int>(width), static_cast<int>(height)};
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    png_image_begin_read_from_file(&image, path.c_str()); // a failure leaves it without a size
+    png_image_free(&image);
+    return isAcceptable(image.width, image.height)
+               ? std::optional(PixelSize{static_cast<int>(image.width), static_cast<int>(image.height)})
+               : std::nullopt;
 }

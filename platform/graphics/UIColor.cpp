@@ -64,14 +64,6 @@ RGBA componentsOf(const Shade& shade) {
 
 } // namespace
 
-UIColor::Pointer UIColor::colorWithRedGreenBlueAlpha(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
-    return std::make_shared<UIColor>(red, green, blue, alpha);
-}
-
-UIColor::Pointer UIColor::dynamicColor(const RGBA& light, const RGBA& dark) {
-    return std::make_shared<UIColor>(light, dark);
-}
-
 UIColor::Pointer UIColor::colorNamed(std::string_view name) {
     AssetCatalog* catalog = AssetCatalog::current();
     return catalog == nullptr ? nullptr : catalog->colorNamed(name);
@@ -81,22 +73,6 @@ UIColor::Pointer UIColor::systemColorNamed(std::string_view name) {
     const auto* found = std::find_if(std::begin(colors), std::end(colors),
                                      [name](const SystemColor& color) { return color.name == name; });
     return found == std::end(colors) ? nullptr : dynamicColor(componentsOf(found->light), componentsOf(found->dark));
-}
-
-UIColor::Pointer UIColor::blackColor() {
-    return std::make_shared<UIColor>(0, 0, 0, 1);
-}
-UIColor::Pointer UIColor::whiteColor() {
-    return std::make_shared<UIColor>(1, 1, 1, 1);
-}
-UIColor::Pointer UIColor::grayColor() {
-    return std::make_shared<UIColor>(0.5, 0.5, 0.5, 1);
-}
-UIColor::Pointer UIColor::blueColor() {
-    return std::make_shared<UIColor>(0, 0, 1, 1);
-}
-UIColor::Pointer UIColor::clearColor() {
-    return std::make_shared<UIColor>(0, 0, 0, 0);
 }
 
 RGBA UIColor::resolved(UIUserInterfaceStyle style) const {

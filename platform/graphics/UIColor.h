@@ -29,19 +29,23 @@ public:
         : m_light{red, green, blue, alpha}, m_dark(m_light) {}
     UIColor(const RGBA& light, const RGBA& dark) : m_light(light), m_dark(dark) {}
 
-    [[nodiscard]] static Pointer colorWithRedGreenBlueAlpha(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
-    [[nodiscard]] static Pointer dynamicColor(const RGBA& light, const RGBA& dark);
+    [[nodiscard]] static Pointer colorWithRedGreenBlueAlpha(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
+        return std::make_shared<UIColor>(red, green, blue, alpha);
+    }
+    [[nodiscard]] static Pointer dynamicColor(const RGBA& light, const RGBA& dark) {
+        return std::make_shared<UIColor>(light, dark);
+    }
     /// The colour of the running extension's asset catalogue; null when it has none of that name.
     [[nodiscard]] static Pointer colorNamed(std::string_view name);
     /// A colour of the platform by its property name ("labelColor", "systemBlueColor", "blackColor"); null when
     /// unknown.
     [[nodiscard]] static Pointer systemColorNamed(std::string_view name);
 
-    [[nodiscard]] static Pointer blackColor();
-    [[nodiscard]] static Pointer whiteColor();
-    [[nodiscard]] static Pointer grayColor();
-    [[nodiscard]] static Pointer blueColor();
-    [[nodiscard]] static Pointer clearColor();
+    [[nodiscard]] static Pointer blackColor() { return std::make_shared<UIColor>(0, 0, 0, 1); }
+    [[nodiscard]] static Pointer whiteColor() { return std::make_shared<UIColor>(1, 1, 1, 1); }
+    [[nodiscard]] static Pointer grayColor() { return std::make_shared<UIColor>(0.5, 0.5, 0.5, 1); }
+    [[nodiscard]] static Pointer blueColor() { return std::make_shared<UIColor>(0, 0, 1, 1); }
+    [[nodiscard]] static Pointer clearColor() { return std::make_shared<UIColor>(0, 0, 0, 0); }
 
     [[nodiscard]] RGBA resolved(UIUserInterfaceStyle style) const;
     /// The components in the appearance that is being drawn (light outside of drawing).

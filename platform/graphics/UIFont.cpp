@@ -39,22 +39,6 @@ UIFont::UIFont(CGFloat pointSize, UIFontWeight weight, FontSlant slant)
     : m_pointSize(std::isfinite(pointSize) ? std::clamp(pointSize, 0.0, largestSize) : 0), m_weight(weight),
       m_slant(slant) {}
 
-std::shared_ptr<UIFont> UIFont::systemFontOfSize(CGFloat size) {
-    return systemFontOfSizeWeight(size, UIFontWeight::regular);
-}
-
-std::shared_ptr<UIFont> UIFont::systemFontOfSizeWeight(CGFloat size, UIFontWeight weight) {
-    return std::make_shared<UIFont>(size, weight);
-}
-
-std::shared_ptr<UIFont> UIFont::boldSystemFontOfSize(CGFloat size) {
-    return systemFontOfSizeWeight(size, UIFontWeight::bold);
-}
-
-std::shared_ptr<UIFont> UIFont::italicSystemFontOfSize(CGFloat size) {
-    return std::make_shared<UIFont>(size, UIFontWeight::regular, FontSlant::italic);
-}
-
 std::shared_ptr<UIFont> UIFont::preferredFontForTextStyle(std::string_view style, UIContentSizeCategory category) {
     const auto* found = std::find_if(std::begin(styles), std::end(styles),
                                      [style](const TextStyle& candidate) { return candidate.name == style; });

@@ -28,10 +28,18 @@ class UIFont : public NSObject {
 public:
     UIFont(CGFloat pointSize, UIFontWeight weight, FontSlant slant = FontSlant::upright);
 
-    [[nodiscard]] static std::shared_ptr<UIFont> systemFontOfSize(CGFloat size);
-    [[nodiscard]] static std::shared_ptr<UIFont> systemFontOfSizeWeight(CGFloat size, UIFontWeight weight);
-    [[nodiscard]] static std::shared_ptr<UIFont> boldSystemFontOfSize(CGFloat size);
-    [[nodiscard]] static std::shared_ptr<UIFont> italicSystemFontOfSize(CGFloat size);
+    [[nodiscard]] static std::shared_ptr<UIFont> systemFontOfSize(CGFloat size) {
+        return systemFontOfSizeWeight(size, UIFontWeight::regular);
+    }
+    [[nodiscard]] static std::shared_ptr<UIFont> systemFontOfSizeWeight(CGFloat size, UIFontWeight weight) {
+        return std::make_shared<UIFont>(size, weight);
+    }
+    [[nodiscard]] static std::shared_ptr<UIFont> boldSystemFontOfSize(CGFloat size) {
+        return systemFontOfSizeWeight(size, UIFontWeight::bold);
+    }
+    [[nodiscard]] static std::shared_ptr<UIFont> italicSystemFontOfSize(CGFloat size) {
+        return std::make_shared<UIFont>(size, UIFontWeight::regular, FontSlant::italic);
+    }
     /// By the style's name in interface files ("UICTFontTextStyleBody"); null when unknown.
     [[nodiscard]] static std::shared_ptr<UIFont>
     preferredFontForTextStyle(std::string_view style, UIContentSizeCategory category = UIContentSizeCategory::large);

@@ -3,7 +3,6 @@
 
 #include <cairo.h>
 
-#include <algorithm>
 #include <cmath>
 
 namespace {

@@ -44,17 +44,12 @@ void LayoutRows::addItem(int index, const LayoutItem& item) {
     if (item.fixedFrame) {
         addFixedFrame(index, *item.fixedFrame);
     }
-    m_rows.push_back(
-        {{{{size(index, horizontal), 1}}, 0}, LinearRelation::zeroOrMore, required, -1, index, "width >= 0"});
-    m_rows.push_back(
-        {{{{size(index, vertical), 1}}, 0}, LinearRelation::zeroOrMore, required, -1, index, "height >= 0"});
-    if (item.intrinsicWidth) {
-        addIntrinsicSize(index, horizontal, *item.intrinsicWidth, item.horizontalHugging,
-                         item.horizontalCompressionResistance);
+    for (const LayoutAxis axis : {horizontal, vertical}) {
+        const char* role = axis == horizontal ? "width >= 0" : "height >= 0";
+        m_rows.push_back({{{{size(index, axis), 1}}, 0}, LinearRelation::zeroOrMore, required, -1, index, role});
     }
-    if (item.intrinsicHeight) {
-        addIntrinsicSize(index, vertical, *item.intrinsicHeight, item.verticalHugging,
-                         item.verticalCompressionResistance);
+    for (const LayoutAxis axis : {horizontal, vertical}) {
+        addContent(index, axis, item.along(axis));
     }
 }
 
@@ -78,13 +73,17 @@ void LayoutRows::addFixedFrame(int index, const CGRect& frame) {
     }
 }
 
-void LayoutRows::addIntrinsicSize(int index, LayoutAxis axis, double length, double hugging, double resistance) {
+void LayoutRows::addContent(int index, LayoutAxis axis, const LayoutContent& content) {
+    if (!content.length) {
+        return;
+    }
     const int variable = size(index, axis);
-    const double natural = within(length, largestLength);
-    LayoutRow upper{{{{variable, -1}}, natural}, LinearRelation::zeroOrMore, hugging, -1, index, "content hugging"};
-    LayoutRow lower{{{{variable, 1}}, -natural}, LinearRelation::zeroOrMore, resistance, -1, index,
+    const double natural = within(*content.length, largestLength);
+    LayoutRow upper{
+        {{{variable, -1}}, natural}, LinearRelation::zeroOrMore, content.hugging, -1, index, "content hugging"};
+    LayoutRow lower{{{{variable, 1}}, -natural}, LinearRelation::zeroOrMore, content.compressionResistance, -1, index,
                     "compression resistance"};
-    if (areFinite({length, hugging, resistance})) {
+    if (areFinite({*content.length, content.hugging, content.compressionResistance})) {
         m_rows.push_back(std::move(upper));
         m_rows.push_back(std::move(lower));
     } else {

@@ -39,7 +39,7 @@ private:
     [[nodiscard]] bool hasItem(int index) const { return index >= 0 && index < m_itemCount; }
     void addItem(int index, const LayoutItem& item);
     void addFixedFrame(int index, const CGRect& frame);
-    void addIntrinsicSize(int index, LayoutAxis axis, double length, double hugging, double resistance);
+    void addContent(int index, LayoutAxis axis, const LayoutContent& content);
     void addConstraint(int index, const LayoutConstraint& constraint);
     void reject(const LayoutRow& row, const char* reason);
     [[nodiscard]] const char* whyUnusable(const LayoutConstraint& constraint) const;

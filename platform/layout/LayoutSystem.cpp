@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 #include <utility>
 
 namespace {
@@ -159,7 +158,7 @@ void LayoutSolver::settleOpenVariables() {
     for (int item = 0; item < itemCount(); ++item) {
         const LayoutItem& source = m_items[at(item)];
         for (const LayoutAxis axis : {horizontal, vertical}) {
-            const double length = (axis == horizontal ? source.intrinsicWidth : source.intrinsicHeight).value_or(0);
+            const double length = source.along(axis).length.value_or(0);
             const bool hasParent = source.parent >= 0 && source.parent < itemCount();
             const int origin = m_rows.position(hasParent ? source.parent : item, axis);
             settle(LayoutRows::size(item, axis), std::isfinite(length) ? length : 0, sizePriority);

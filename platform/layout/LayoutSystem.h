@@ -43,19 +43,26 @@ struct LayoutMeasure {
 
 enum class LayoutRelation { lessThanOrEqual = -1, equal = 0, greaterThanOrEqual = 1 };
 
+/// What the content of an item would like along one axis.
+struct LayoutContent {
+    std::optional<CGFloat> length{};    ///< the intrinsic size; absent where there is no wish
+    double hugging = 250;               ///< priority of "not longer than that"
+    double compressionResistance = 750; ///< priority of "not shorter than that"
+};
+
 /// A rectangle to be placed. Width and height are never negative.
 struct LayoutItem {
     std::string name{}; ///< for reports
     int parent = -1;    ///< index of the item whose origin `fixedFrame` is relative to; -1 is the system's origin
     std::optional<CGRect> fixedFrame{}; ///< a required frame (the root, views placed by autoresizing)
-    std::optional<CGFloat> intrinsicWidth{};
-    std::optional<CGFloat> intrinsicHeight{};
-    double horizontalHugging = 250; ///< priority of "not wider than the intrinsic width"
-    double verticalHugging = 250;
-    double horizontalCompressionResistance = 750; ///< priority of "not narrower than the intrinsic width"
-    double verticalCompressionResistance = 750;
+    LayoutContent width{};
+    LayoutContent height{};
     std::optional<CGFloat> firstBaseline{}; ///< distance from the item's top; absent means the bottom edge
     std::optional<CGFloat> lastBaseline{};
+
+    [[nodiscard]] const LayoutContent& along(LayoutAxis axis) const {
+        return axis == LayoutAxis::horizontal ? width : height;
+    }
 };
 
 /// first.attribute RELATION multiplier * second.attribute + constant; without a second item just RELATION constant.

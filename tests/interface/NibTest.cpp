@@ -138,8 +138,7 @@ TEST_F(Nib, ReadsHowAViewIsAndBehaves) {
  <accessibility key="accessibilityConfiguration" identifier="box" label="A box"/></view>)");
     EXPECT_EQ(view->frame(), CGRectMake(1, 2, 30, 40));
     EXPECT_TRUE(view->isHidden() && view->clipsToBounds());
-    EXPECT_EQ(std::tuple(view->alpha(), view->tag(), view->contentHuggingPriority(UILayoutConstraintAxis::vertical)),
-              std::tuple(0.5, 9, 999.0F));
+    EXPECT_EQ(std::tuple(view->alpha(), view->tag(), view->verticalPriorities().hugging), std::tuple(0.5, 9, 999.0F));
     EXPECT_EQ(view->autoresizingMask(), UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleBottomMargin);
     EXPECT_EQ(view->accessibilityIdentifier() + ": " + view->accessibilityLabel(), "box: A box");
 }

@@ -44,7 +44,7 @@ struct RandomSystem {
             items.push_back({.name = "item " + std::to_string(item)});
             frames.push_back(CGRectMake(number(300), number(300), number(100), number(100)));
             if (number(3) == 0) {
-                items.back().intrinsicWidth = number(150);
+                items.back().width.length = number(150);
             }
         }
         for (int count = 10 + number(40); count > 0; --count) {
@@ -128,7 +128,7 @@ TEST(LayoutRobustnessTest, OneHigherWishIsWorthMoreThanAllLowerOnesInEverySystem
             return sums;
         };
         for (LayoutItem& item : upper.items) {
-            item.intrinsicWidth.reset();
+            item.width.length.reset();
         }
         const auto together = cost(system.solved());
         for (const auto& [priority, sum] : cost(upper.solved())) {

@@ -72,11 +72,11 @@ private:
             item.fixedFrame = CGRectMake(number(3), number(4), number(5), number(6));
         }
         if (part[7].matched) {
-            item.intrinsicWidth = number(7);
-            item.intrinsicHeight = number(8);
+            item.width.length = number(7);
+            item.height.length = number(8);
         }
-        item.horizontalHugging = item.verticalHugging = part[9].matched ? number(9) : 250;
-        item.horizontalCompressionResistance = item.verticalCompressionResistance = part[10].matched ? number(10) : 750;
+        item.width.hugging = item.height.hugging = part[9].matched ? number(9) : 250;
+        item.width.compressionResistance = item.height.compressionResistance = part[10].matched ? number(10) : 750;
         if (part[11].matched) {
             item.firstBaseline = number(11);
             item.lastBaseline = number(12);

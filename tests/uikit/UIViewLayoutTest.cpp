@@ -42,7 +42,7 @@ protected:
         const View box = addConstrained();
         fix(box, width, 20);
         fix(box, height, 20);
-        box->topAnchor().constraintEqualToAnchor(upper->bottomAnchor())->setActive(true);
+        box->topAnchor().constraintEqualToAnchor(upper->bottomAnchor())->activate();
         return box;
     }
 };
@@ -90,8 +90,8 @@ TEST_F(UIViewLayoutTest, NeighboursShareEdgesOnDevicePixels) {
         tie(third, {width}, thirds[0]);
     }
     tie(thirds[0], {left}, window);
-    thirds[1]->leftAnchor().constraintEqualToAnchor(thirds[0]->rightAnchor())->setActive(true);
-    thirds[2]->leftAnchor().constraintEqualToAnchor(thirds[1]->rightAnchor())->setActive(true);
+    thirds[1]->leftAnchor().constraintEqualToAnchor(thirds[0]->rightAnchor())->activate();
+    thirds[2]->leftAnchor().constraintEqualToAnchor(thirds[1]->rightAnchor())->activate();
     tie(thirds[2], {right}, window);
     EXPECT_EQ(laidOut(thirds[0]), CGRectMake(0, 0, 106.5, 10));
     EXPECT_EQ(thirds[1]->frame(), CGRectMake(106.5, 0, 107, 10));
@@ -211,7 +211,7 @@ TEST_F(UIViewLayoutDeathTest, AConstraintBetweenTreesStopsTheProgram) {
     const auto elsewhere = std::make_shared<UIView>();
     const auto constraint = here->leftAnchor().constraintEqualToAnchor(elsewhere->leftAnchor());
     constraint->setIdentifier("bridge");
-    EXPECT_DEATH(constraint->setActive(true), "\"bridge\": its views have no common ancestor");
+    EXPECT_DEATH(constraint->activate(), "\"bridge\": its views have no common ancestor");
 }
 
 } // namespace

@@ -6,8 +6,6 @@
 #include "platform/uikit/view/UIView.h"
 #include "platform/uikit/window/UIScreen.h"
 
-#include <algorithm>
-
 UIViewController::~UIViewController() {
     for (const std::shared_ptr<UIViewController>& child : m_children) {
         child->m_parent = nullptr;
@@ -104,9 +102,7 @@ void UIViewController::removeFromParentViewController() {
 }
 
 void UIViewController::forgetChild(const UIViewController& child) {
-    m_children.erase(std::remove_if(m_children.begin(), m_children.end(),
-                                    [&](const auto& candidate) { return candidate.get() == &child; }),
-                     m_children.end());
+    std::erase_if(m_children, [&](const auto& candidate) { return candidate.get() == &child; });
 }
 
 std::shared_ptr<UINavigationController> UIViewController::navigationController() const {

@@ -10,8 +10,7 @@ class UILabel;
 /// A control with a title, an image, or neither. Shows the title and image of its normal state.
 class UIButton : public UIControl {
 public:
-    UIButton() : UIButton(CGRect{}) {}
-    explicit UIButton(const CGRect& frame);
+    explicit UIButton(const CGRect& frame = {});
     explicit UIButton(const NSCoder& coder);
 
     void setTitle(const std::string& title);

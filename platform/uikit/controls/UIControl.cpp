@@ -4,8 +4,6 @@
 #include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/window/UITouch.h"
 
-#include <algorithm>
-
 UIControl::UIControl(const NSCoder& coder) : UIView(coder), m_enabled(coder.boolean("enabled").value_or(true)) {}
 
 void UIControl::setEnabled(bool enabled) {
@@ -24,9 +22,7 @@ void UIControl::setHighlighted(bool highlighted) {
 
 void UIControl::addTargetActionForControlEvents(const std::shared_ptr<NSObject>& target, const std::string& selector,
                                                 unsigned events) {
-    m_targets.erase(
-        std::remove_if(m_targets.begin(), m_targets.end(), [](const Target& known) { return known.target.expired(); }),
-        m_targets.end());
+    std::erase_if(m_targets, [](const Target& known) { return known.target.expired(); });
     for (Target& known : m_targets) {
         if (known.target.lock() == target && known.selector == selector) {
             known.events |= events;

@@ -18,8 +18,7 @@ enum UIControlEvents : unsigned {
 /// target and control are retained while an action runs.
 class UIControl : public UIView {
 public:
-    UIControl() = default;
-    explicit UIControl(const CGRect& frame) : UIView(frame) {}
+    explicit UIControl(const CGRect& frame = {}) : UIView(frame) {}
     explicit UIControl(const NSCoder& coder);
 
     [[nodiscard]] bool isEnabled() const { return m_enabled; }

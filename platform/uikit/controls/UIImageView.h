@@ -6,8 +6,7 @@
 /// Shows one image, or nothing. Does not take touches unless told to.
 class UIImageView : public UIView {
 public:
-    UIImageView() : UIImageView(CGRect{}) {}
-    explicit UIImageView(const CGRect& frame);
+    explicit UIImageView(const CGRect& frame = {});
     explicit UIImageView(const NSCoder& coder);
 
     /// Null when there is none.

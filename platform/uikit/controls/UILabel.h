@@ -11,8 +11,7 @@
 /// A text of one or several lines. Its natural size comes from the text; a text that wraps grows with a smaller width.
 class UILabel : public UIView {
 public:
-    UILabel() : UILabel(CGRect{}) {}
-    explicit UILabel(const CGRect& frame);
+    explicit UILabel(const CGRect& frame = {});
     explicit UILabel(const NSCoder& coder);
 
     /// Absent when the label has no text.

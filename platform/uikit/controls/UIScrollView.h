@@ -6,8 +6,7 @@
 /// does, the touch no longer counts as a tap. Subviews are placed in content coordinates, each a layout of its own.
 class UIScrollView : public UIView {
 public:
-    UIScrollView() : UIScrollView(CGRect{}) {}
-    explicit UIScrollView(const CGRect& frame);
+    explicit UIScrollView(const CGRect& frame = {});
     explicit UIScrollView(const NSCoder& coder);
 
     [[nodiscard]] CGPoint contentOffset() const { return bounds().origin; }

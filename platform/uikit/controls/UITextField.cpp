@@ -1,6 +1,5 @@
 #include "platform/uikit/controls/UITextField.h"
 
-#include "platform/foundation/Text.h"
 #include "platform/graphics/Canvas.h"
 #include "platform/graphics/DrawingContext.h"
 #include "platform/graphics/TextLayout.h"

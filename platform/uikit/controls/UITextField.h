@@ -24,8 +24,7 @@ public:
 /// One line of text that the player edits. A touch makes it first responder; typing goes to the first responder.
 class UITextField : public UIControl {
 public:
-    UITextField() : UITextField(CGRect{}) {}
-    explicit UITextField(const CGRect& frame);
+    explicit UITextField(const CGRect& frame = {});
     explicit UITextField(const NSCoder& coder);
 
     /// Absent when the field has none.

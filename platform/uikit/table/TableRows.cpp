@@ -95,9 +95,7 @@ void TableRows::dropWhatLeft(const TableWindow& window) {
     if (!std::all_of(m_shown.begin(), m_shown.end(), [](const TableItem& item) { return item.isKnown; })) {
         m_shown.clear();
     }
-    m_shown.erase(std::remove_if(m_shown.begin(), m_shown.end(),
-                                 [&window](const TableItem& item) { return !window.shows(item); }),
-                  m_shown.end());
+    std::erase_if(m_shown, [&window](const TableItem& item) { return !window.shows(item); });
 }
 
 /// Before any row is measured a table stays where it is: it was reloaded, not scrolled to the end.

@@ -7,7 +7,6 @@
 #include "platform/uikit/window/UIScreen.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 

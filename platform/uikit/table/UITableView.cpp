@@ -7,6 +7,20 @@
 #include <cmath>
 #include <utility>
 
+// The heights that a delegate leaves to its table.
+
+CGFloat UITableViewDelegate::tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath) {
+    return table.rowHeight();
+}
+
+CGFloat UITableViewDelegate::tableViewHeightForHeaderInSection(UITableView& table, int) {
+    return table.sectionHeaderHeight();
+}
+
+CGFloat UITableViewDelegate::tableViewHeightForFooterInSection(UITableView& table, int) {
+    return table.sectionFooterHeight();
+}
+
 UITableView::UITableView(const NSCoder& coder) : UIScrollView(coder) {
     using Separator = UITableViewCellSeparatorStyle;
     m_separatorStyle = coder

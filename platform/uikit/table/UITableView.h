@@ -9,7 +9,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 class UINib;
@@ -26,8 +25,7 @@ public:
     /// Where neither the delegate nor the row itself says more.
     static constexpr CGFloat defaultRowHeight = 44;
 
-    UITableView() : UITableView(CGRect{}) {}
-    explicit UITableView(const CGRect& frame) : UIScrollView(frame) {}
+    explicit UITableView(const CGRect& frame = {}) : UIScrollView(frame) {}
     explicit UITableView(const NSCoder& coder);
 
     [[nodiscard]] std::shared_ptr<UITableViewDataSource> dataSource() const { return m_source.dataSource(); }

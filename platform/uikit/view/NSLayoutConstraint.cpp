@@ -35,23 +35,7 @@ void NSLayoutConstraint::setPriority(UILayoutPriority priority) {
     }
 }
 
-void NSLayoutConstraint::setHolder(const std::weak_ptr<UIView>& holder, bool active) {
-    m_holder = holder;
-    m_active = active;
-}
-
-void NSLayoutConstraint::setActive(bool active) {
-    if (active == m_active) {
-        return;
-    }
-    const std::shared_ptr<NSLayoutConstraint> self = strong(this);
-    if (!active) {
-        m_active = false;
-        if (const std::shared_ptr<UIView> holder = m_holder.lock()) {
-            holder->removeConstraint(self);
-        }
-        return;
-    }
+void NSLayoutConstraint::activate() {
     const std::shared_ptr<UIView> first = m_first.view.lock();
     const std::shared_ptr<UIView> second = m_second.view.lock();
     UIView* holder = commonAncestor(first.get(), second.get());
@@ -59,7 +43,7 @@ void NSLayoutConstraint::setActive(bool active) {
         fatalErrorAt(*this,
                      "Cannot activate the constraint \"" + m_identifier + "\": its views have no common ancestor");
     }
-    holder->addConstraint(self);
+    holder->addConstraint(strong(this));
 }
 
 void NSLayoutConstraint::systemNeedsSolving() const {

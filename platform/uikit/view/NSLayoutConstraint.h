@@ -43,11 +43,12 @@ public:
     [[nodiscard]] const std::string& identifier() const { return m_identifier; }
     void setIdentifier(const std::string& identifier) { m_identifier = identifier; }
 
-    [[nodiscard]] bool isActive() const { return m_active; }
+    [[nodiscard]] bool isActive() const { return !m_holder.expired(); }
     /// For the view that holds the constraint from now on; none when it is dropped.
-    void setHolder(const std::weak_ptr<UIView>& holder, bool active);
-    /// Activating hands the constraint to the nearest common ancestor of its views; without one the program stops.
-    void setActive(bool active);
+    void setHolder(const std::weak_ptr<UIView>& holder) { m_holder = holder; }
+    /// Hands the constraint to the nearest common ancestor of its views, which keeps it as long as it has both; without
+    /// one the program stops. setActive: with YES
+    void activate();
 
 private:
     void systemNeedsSolving() const;
@@ -60,7 +61,6 @@ private:
     UILayoutPriority m_priority = UILayoutPriorityRequired;
     std::string m_identifier;
     std::weak_ptr<UIView> m_holder;
-    bool m_active = false;
 };
 
 /// One edge of a view, from which constraints are made in code. A value.

@@ -28,31 +28,13 @@ void UIView::setTranslatesAutoresizingMaskIntoConstraints(bool translates) {
 void UIView::addConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint) {
     if (std::find(m_constraints.begin(), m_constraints.end(), constraint) == m_constraints.end()) {
         m_constraints.push_back(constraint);
-        constraint->setHolder(strong(this), true);
-        systemStructureChanged();
-    }
-}
-
-void UIView::removeConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint) {
-    const auto position = std::find(m_constraints.begin(), m_constraints.end(), constraint);
-    if (position != m_constraints.end()) {
-        constraint->setHolder({}, false);
-        m_constraints.erase(position);
+        constraint->setHolder(strong(this));
         systemStructureChanged();
     }
 }
 
 NSLayoutAnchor UIView::anchor(LayoutAttribute attribute) {
     return NSLayoutAnchor({strong(this), LayoutGuide::view, attribute});
-}
-
-UILayoutPriority UIView::contentHuggingPriority(UILayoutConstraintAxis axis) const {
-    return axis == UILayoutConstraintAxis::horizontal ? m_horizontalPriorities.hugging : m_verticalPriorities.hugging;
-}
-
-UILayoutPriority UIView::contentCompressionResistancePriority(UILayoutConstraintAxis axis) const {
-    return axis == UILayoutConstraintAxis::horizontal ? m_horizontalPriorities.compressionResistance
-                                                      : m_verticalPriorities.compressionResistance;
 }
 
 void UIView::setLayoutMargins(const UIEdgeInsets& margins) {

@@ -137,16 +137,13 @@ void UIView::dropConstraintsInto(const UIView& subtree) {
         return view && view->isDescendantOfView(subtree);
     };
     for (UIView* ancestor = this; ancestor != nullptr; ancestor = ancestor->m_superview) {
-        auto& constraints = ancestor->m_constraints;
-        constraints.erase(std::remove_if(constraints.begin(), constraints.end(),
-                                         [&](const std::shared_ptr<NSLayoutConstraint>& constraint) {
-                                             if (!reachesIn(constraint->first()) && !reachesIn(constraint->second())) {
-                                                 return false;
-                                             }
-                                             constraint->setHolder({}, false);
-                                             return true;
-                                         }),
-                          constraints.end());
+        std::erase_if(ancestor->m_constraints, [&](const std::shared_ptr<NSLayoutConstraint>& constraint) {
+            const bool isDropped = reachesIn(constraint->first()) || reachesIn(constraint->second());
+            if (isDropped) {
+                constraint->setHolder({});
+            }
+            return isDropped;
+        });
     }
 }
 

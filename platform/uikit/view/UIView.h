@@ -44,7 +44,11 @@ enum UIViewAutoresizing : unsigned {
     UIViewAutoresizingFlexibleBottomMargin = 1u << 5,
 };
 
-enum class UILayoutConstraintAxis { horizontal, vertical };
+/// How firmly a view keeps to the size of its content, along one axis.
+struct ContentPriorities {
+    UILayoutPriority hugging = UILayoutPriorityDefaultLow;
+    UILayoutPriority compressionResistance = UILayoutPriorityDefaultHigh;
+};
 
 /// A rectangle on the screen that lays out, draws and hit-tests itself and its subviews. A view owns its subviews and
 /// the constraints it holds; the superview is a plain back reference that is cleared when the superview goes.
@@ -53,9 +57,8 @@ public:
     /// intrinsicContentSize() of a view without a natural width or height.
     static constexpr CGFloat noIntrinsicMetric = -1;
 
-    UIView() : UIView(CGRect{}) {}
-    explicit UIView(const CGRect& frame);  // initWithFrame:
-    explicit UIView(const NSCoder& coder); // initWithCoder:
+    explicit UIView(const CGRect& frame = {}); // initWithFrame:
+    explicit UIView(const NSCoder& coder);     // initWithCoder:
     ~UIView() override;
 
     // Geometry, in points. `frame` is in the superview's coordinates, `bounds` in the view's own.
@@ -140,13 +143,12 @@ public:
     /// The constraints this view holds, for itself and its descendants.
     [[nodiscard]] const std::vector<std::shared_ptr<NSLayoutConstraint>>& constraints() const { return m_constraints; }
     void addConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint);
-    void removeConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint);
     [[nodiscard]] NSLayoutAnchor leftAnchor() { return anchor(LayoutAttribute::left); }
     [[nodiscard]] NSLayoutAnchor rightAnchor() { return anchor(LayoutAttribute::right); }
     [[nodiscard]] NSLayoutAnchor topAnchor() { return anchor(LayoutAttribute::top); }
     [[nodiscard]] NSLayoutAnchor bottomAnchor() { return anchor(LayoutAttribute::bottom); }
-    [[nodiscard]] UILayoutPriority contentHuggingPriority(UILayoutConstraintAxis axis) const;
-    [[nodiscard]] UILayoutPriority contentCompressionResistancePriority(UILayoutConstraintAxis axis) const;
+    [[nodiscard]] const ContentPriorities& horizontalPriorities() const { return m_horizontalPriorities; }
+    [[nodiscard]] const ContentPriorities& verticalPriorities() const { return m_verticalPriorities; }
     /// Width and height the content would like; noIntrinsicMetric where it has no wish.
     [[nodiscard]] virtual CGSize intrinsicContentSize() const { return {noIntrinsicMetric, noIntrinsicMetric}; }
     /// The same when the width is already known (texts that wrap); by default intrinsicContentSize().
@@ -189,10 +191,6 @@ protected:
 private:
     friend class ViewSystem; // for place() and setPlacedByConstraints()
 
-    struct Priorities {
-        UILayoutPriority hugging = UILayoutPriorityDefaultLow;
-        UILayoutPriority compressionResistance = UILayoutPriorityDefaultHigh;
-    };
     /// What the layout knows of this view.
     struct Layout {
         LayoutMarks marks;
@@ -252,8 +250,8 @@ private:
     std::string m_accessibilityIdentifier;
     std::string m_accessibilityLabel;
     std::vector<std::shared_ptr<NSLayoutConstraint>> m_constraints;
-    Priorities m_horizontalPriorities;
-    Priorities m_verticalPriorities;
+    ContentPriorities m_horizontalPriorities;
+    ContentPriorities m_verticalPriorities;
     UIEdgeInsets m_layoutMargins{8, 8, 8, 8};
     Layout m_layout;
     UIViewController* m_viewController = nullptr;

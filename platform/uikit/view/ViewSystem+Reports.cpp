@@ -36,24 +36,22 @@ void tell(const std::string& text) {
     }
 }
 
-std::string listed(const char* before, const std::vector<std::string>& words) {
+std::string othersOf(const LayoutConflict& conflict) {
     std::string text;
-    for (const std::string& word : words) {
-        text += (text.empty() ? before : ", ") + word;
+    for (const std::string& other : conflict.others) {
+        text += (text.empty() ? ": " : ", ") + other;
     }
     return text;
 }
 
-std::vector<std::string> openPlaces(const LayoutAmbiguity& ambiguity) {
+std::string openPlaces(const LayoutAmbiguity& ambiguity) {
     const std::pair<bool, const char*> places[] = {
         {ambiguity.x, "x"}, {ambiguity.y, "y"}, {ambiguity.width, "width"}, {ambiguity.height, "height"}};
-    std::vector<std::string> open;
+    std::string text;
     for (const auto& [isOpen, name] : places) {
-        if (isOpen) {
-            open.emplace_back(name);
-        }
+        text += !isOpen ? "" : (text.empty() ? " " : ", ") + std::string(name);
     }
-    return open;
+    return text;
 }
 
 } // namespace
@@ -70,10 +68,10 @@ void ViewSystem::report() {
     nameEverything();
     const LayoutResult named = solveLayout(m_items, m_constraints);
     for (const LayoutConflict& conflict : named.conflicts) {
-        tell("layout conflict: " + conflict.name + " " + conflict.reason + listed(": ", conflict.others));
+        tell("layout conflict: " + conflict.name + " " + conflict.reason + othersOf(conflict));
     }
     for (const LayoutAmbiguity& ambiguity : named.ambiguities) {
-        tell("layout ambiguity: " + ambiguity.name + " has no definite" + listed(" ", openPlaces(ambiguity)));
+        tell("layout ambiguity: " + ambiguity.name + " has no definite" + openPlaces(ambiguity));
     }
 }
 

@@ -11,14 +11,6 @@ constexpr int maximumSolves = 3;              // the natural widths, then two ro
 constexpr std::size_t fittingConstraints = 4; // left, top, width and height of the root
 constexpr std::size_t autoresizingConstraints = 4;
 
-/// True when the field had another value.
-template <class T, class U>
-bool assign(T& field, const U& value) {
-    const bool differs = !(field == value);
-    field = value;
-    return differs;
-}
-
 /// The solver's arithmetic leaves traces far behind the decimal point; a text must not be measured again for those.
 CGFloat withoutNoise(CGFloat length) {
     return std::round(length * 1e6) / 1e6;
@@ -53,7 +45,7 @@ bool ViewSystem::isFixed(std::size_t index) const {
 
 bool ViewSystem::update() {
     const bool isEmpty = m_entries.size() == 1 && m_constraints.empty() && m_purpose == Purpose::placing;
-    m_changed = refresh() || m_changed;
+    refresh();
     if (!m_changed || isEmpty) {
         return false;
     }
@@ -62,18 +54,23 @@ bool ViewSystem::update() {
         m_result = solveLayout(m_items, m_constraints);
         rememberSizes();
         m_measuresContent = true;
-        m_changed = refreshItems();
+        m_changed = false;
+        refreshItems();
     }
     m_changed = false;
     return true;
 }
 
-bool ViewSystem::refreshItems() {
-    bool changed = false;
+template <class T, class U>
+void ViewSystem::assign(T& field, const U& value) {
+    m_changed = m_changed || !(field == value);
+    field = value;
+}
+
+void ViewSystem::refreshItems() {
     for (std::size_t index = 0; index < m_entries.size(); ++index) {
-        changed = refreshItem(index) || changed;
+        refreshItem(index);
     }
-    return changed;
 }
 
 void ViewSystem::placeViews() {
@@ -96,77 +93,72 @@ CGFloat ViewSystem::heightForWidth(CGFloat width) {
     return UIScreen::mainScreen().grid().holding(m_result.frames[0].size).height;
 }
 
-bool ViewSystem::refresh() {
-    bool changed = refreshItems();
+void ViewSystem::refresh() {
+    refreshItems();
     for (std::size_t index = 0; index < m_rows.size(); ++index) {
-        changed = refreshConstraint(index) || changed;
+        refreshConstraint(index);
     }
     if (m_purpose == Purpose::placing) {
-        return changed;
+        return;
     }
-    changed = assign(m_constraints[m_rows.size() + 2].constant, m_fittingWidth) || changed;
+    assign(m_constraints[m_rows.size() + 2].constant, m_fittingWidth);
     std::size_t next = m_rows.size() + fittingConstraints;
     for (std::size_t index = 1; index < m_entries.size(); ++index) {
         if (m_entries[index].view->translatesAutoresizingMaskIntoConstraints()) {
-            changed = refreshAutoresizing(index, next) || changed;
+            refreshAutoresizing(index, next);
             next += autoresizingConstraints;
         }
     }
-    return changed;
 }
 
-bool ViewSystem::refreshItem(std::size_t index) {
+void ViewSystem::refreshItem(std::size_t index) {
     LayoutItem& item = m_items[index];
     const Entry& entry = m_entries[index];
     const UIView& view = *entry.view;
-    bool changed = false;
     CGSize size;
     if (isFixed(index)) {
         const CGRect frame = index == 0 ? CGRect{{0, 0}, view.bounds().size} : view.frame();
-        changed = assign(item.fixedFrame, std::optional(frame));
+        assign(item.fixedFrame, std::optional(frame));
         size = frame.size;
     } else if (!m_measuresContent) {
-        return false;
+        return;
     } else {
         const bool needsWidth = !entry.widthIsGiven;
         CGSize natural = needsWidth ? view.intrinsicContentSize() : CGSize{UIView::noIntrinsicMetric, 0};
         if (entry.solvedSize) {
             natural.height = view.intrinsicContentSizeForWidth(entry.solvedSize->width).height;
         }
-        changed = assign(item.intrinsicWidth, metric(natural.width));
-        changed = assign(item.intrinsicHeight, metric(natural.height)) || changed;
+        assign(item.width.length, metric(natural.width));
+        assign(item.height.length, metric(natural.height));
         size = entry.solvedSize.value_or(natural);
     }
     if (entry.usesBaseline) {
-        changed = assign(item.firstBaseline, view.firstBaseline(size)) || changed;
-        changed = assign(item.lastBaseline, view.lastBaseline(size)) || changed;
+        assign(item.firstBaseline, view.firstBaseline(size));
+        assign(item.lastBaseline, view.lastBaseline(size));
     }
-    return changed;
 }
 
-bool ViewSystem::refreshConstraint(std::size_t index) {
+void ViewSystem::refreshConstraint(std::size_t index) {
     const Row& row = m_rows[index];
     const NSLayoutConstraint& source = *row.source;
     double constant = source.constant() - guideOffset(*row.first, source.first());
     if (row.second != nullptr) {
         constant += source.multiplier() * guideOffset(*row.second, source.second());
     }
-    LayoutConstraint& constraint = m_constraints[index];
-    const bool changed = assign(constraint.constant, constant);
-    return assign(constraint.priority, static_cast<double>(source.priority())) || changed;
+    assign(m_constraints[index].constant, constant);
+    assign(m_constraints[index].priority, static_cast<double>(source.priority()));
 }
 
-bool ViewSystem::refreshAutoresizing(std::size_t index, std::size_t firstConstraint) {
+void ViewSystem::refreshAutoresizing(std::size_t index, std::size_t firstConstraint) {
     const CGRect frame = m_entries[index].view->frame();
     const CGSize parent = m_entries[static_cast<std::size_t>(m_items[index].parent)].view->bounds().size;
     LayoutConstraint* constraints = &m_constraints[firstConstraint];
     const bool growsSideways = constraints[2].firstAttribute == LayoutAttribute::right;
     const bool growsDown = constraints[3].firstAttribute == LayoutAttribute::bottom;
-    bool changed = assign(constraints[0].constant, frame.minX());
-    changed = assign(constraints[1].constant, frame.minY()) || changed;
-    changed =
-        assign(constraints[2].constant, growsSideways ? frame.maxX() - parent.width : frame.size.width) || changed;
-    return assign(constraints[3].constant, growsDown ? frame.maxY() - parent.height : frame.size.height) || changed;
+    assign(constraints[0].constant, frame.minX());
+    assign(constraints[1].constant, frame.minY());
+    assign(constraints[2].constant, growsSideways ? frame.maxX() - parent.width : frame.size.width);
+    assign(constraints[3].constant, growsDown ? frame.maxY() - parent.height : frame.size.height);
 }
 
 void ViewSystem::rememberSizes() {
@@ -174,8 +166,8 @@ void ViewSystem::rememberSizes() {
         Entry& entry = m_entries[index];
         const LayoutItem& item = m_items[index];
         entry.widthIsGiven = m_result.conflicts.empty() && m_result.givenWidths[index] &&
-                             item.horizontalHugging < UILayoutPriorityRequired &&
-                             item.horizontalCompressionResistance < UILayoutPriorityRequired;
+                             item.width.hugging < UILayoutPriorityRequired &&
+                             item.width.compressionResistance < UILayoutPriorityRequired;
         if (m_measuresContent || entry.widthIsGiven) {
             const CGSize size = m_result.frames[index].size;
             entry.solvedSize = CGSize{withoutNoise(size.width), withoutNoise(size.height)};

@@ -2,6 +2,15 @@
 
 #include "platform/uikit/view/UIView.h"
 
+namespace {
+
+void setPriorities(LayoutContent& content, const ContentPriorities& priorities) {
+    content.hugging = priorities.hugging;
+    content.compressionResistance = priorities.compressionResistance;
+}
+
+} // namespace
+
 ViewSystem::ViewSystem(UIView& root, Purpose purpose) : m_purpose(purpose) {
     collectRows(root);
     collectViews(root, -1);
@@ -21,7 +30,7 @@ void ViewSystem::collectRows(const UIView& view) {
     for (const std::shared_ptr<NSLayoutConstraint>& constraint : view.constraints()) {
         const Row row{constraint.get(), constraint->first().view.lock().get(), constraint->second().view.lock().get()};
         const bool hasTwoEnds = constraint->second().attribute != LayoutAttribute::notAnAttribute;
-        if (!constraint->isActive() || row.first == nullptr || (hasTwoEnds && row.second == nullptr)) {
+        if (row.first == nullptr || (hasTwoEnds && row.second == nullptr)) {
             continue;
         }
         m_rows.push_back(row);
@@ -55,11 +64,8 @@ bool ViewSystem::collectViews(UIView& view, int parent) {
         return false;
     }
     LayoutItem& item = m_items[static_cast<std::size_t>(index)];
-    item.horizontalHugging = view.contentHuggingPriority(UILayoutConstraintAxis::horizontal);
-    item.verticalHugging = view.contentHuggingPriority(UILayoutConstraintAxis::vertical);
-    item.horizontalCompressionResistance =
-        view.contentCompressionResistancePriority(UILayoutConstraintAxis::horizontal);
-    item.verticalCompressionResistance = view.contentCompressionResistancePriority(UILayoutConstraintAxis::vertical);
+    setPriorities(item.width, view.horizontalPriorities());
+    setPriorities(item.height, view.verticalPriorities());
     m_indices[&view] = index;
     return true;
 }
@@ -77,29 +83,25 @@ void ViewSystem::addConstraint(const Row& row) {
         return;
     }
     const NSLayoutConstraint& source = *row.source;
-    LayoutConstraint constraint;
-    constraint.first = first;
-    constraint.firstAttribute = source.first().attribute;
-    constraint.relation = source.relation();
-    constraint.second = second;
-    constraint.secondAttribute = source.second().attribute;
-    constraint.multiplier = source.multiplier();
-    m_entries[static_cast<std::size_t>(first)].usesBaseline |= isBaseline(constraint.firstAttribute);
+    m_entries[static_cast<std::size_t>(first)].usesBaseline |= isBaseline(source.first().attribute);
     if (second >= 0) {
-        m_entries[static_cast<std::size_t>(second)].usesBaseline |= isBaseline(constraint.secondAttribute);
+        m_entries[static_cast<std::size_t>(second)].usesBaseline |= isBaseline(source.second().attribute);
     }
     m_rows.push_back(row);
-    m_constraints.push_back(std::move(constraint));
+    m_constraints.push_back({.first = first,
+                             .firstAttribute = source.first().attribute,
+                             .relation = source.relation(),
+                             .second = second,
+                             .secondAttribute = source.second().attribute,
+                             .multiplier = source.multiplier()});
 }
 
 void ViewSystem::add(int first, LayoutAttribute attribute, int second, double priority) {
-    LayoutConstraint constraint;
-    constraint.first = first;
-    constraint.firstAttribute = attribute;
-    constraint.second = second;
-    constraint.secondAttribute = second < 0 ? LayoutAttribute::notAnAttribute : attribute;
-    constraint.priority = priority;
-    m_constraints.push_back(std::move(constraint));
+    m_constraints.push_back({.first = first,
+                             .firstAttribute = attribute,
+                             .second = second,
+                             .secondAttribute = second < 0 ? LayoutAttribute::notAnAttribute : attribute,
+                             .priority = priority});
 }
 
 void ViewSystem::addFittingConstraints() {

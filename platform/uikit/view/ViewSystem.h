@@ -4,7 +4,6 @@
 #include "platform/uikit/view/NSLayoutConstraint.h"
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -61,11 +60,14 @@ private:
     void addFittingConstraints();
     void addAutoresizingConstraints(int index);
     void add(int first, LayoutAttribute attribute, int second, double priority = UILayoutPriorityRequired);
-    bool refresh();
-    bool refreshItems();
-    bool refreshItem(std::size_t index);
-    bool refreshConstraint(std::size_t index);
-    bool refreshAutoresizing(std::size_t index, std::size_t firstConstraint);
+    void refresh();
+    void refreshItems();
+    void refreshItem(std::size_t index);
+    void refreshConstraint(std::size_t index);
+    void refreshAutoresizing(std::size_t index, std::size_t firstConstraint);
+    /// Remembers when the field had another value.
+    template <class T, class U>
+    void assign(T& field, const U& value);
     void rememberSizes();
     void nameEverything();
 

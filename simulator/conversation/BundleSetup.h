@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -9,6 +11,7 @@
 struct ResourceOverride {
     std::string name; // with its extension, for example "Friends.json"
     std::optional<std::string> file;
+    std::optional<TextPlace> place = std::nullopt; // of the name, in the flow that asks for this
 };
 
 /// Makes the folder the main bundle of this process, with some resources replaced, and the extension's and the

@@ -97,7 +97,10 @@ std::string Selector::describe() const {
     if (id) {
         words += (words.empty() ? "id '" : " with id '") + *id + "'";
     }
-    return words + (index ? " number " + std::to_string(*index) : "");
+    words += index ? " number " + std::to_string(*index) : "";
+    words += enabled ? *enabled ? ", enabled" : ", disabled" : "";
+    words += below ? " below " + below->describe() : "";
+    return words + (above ? " above " + above->describe() : "");
 }
 
 std::vector<ScreenElement> ElementSearch::elements() const {
@@ -110,9 +113,20 @@ std::vector<ScreenElement> ElementSearch::elements() const {
 
 std::optional<ScreenElement> ElementSearch::find(const Selector& selector) const {
     std::vector<ScreenElement> found = select(matching(elements(), selector), &ScreenElement::isVisible);
-    std::stable_sort(found.begin(), found.end(), [](const ScreenElement& one, const ScreenElement& other) {
-        return std::pair(one.frame().minY(), one.frame().minX()) <
-               std::pair(other.frame().minY(), other.frame().minX());
+    const std::optional<ScreenElement> upper = selector.below ? find(*selector.below) : std::nullopt;
+    const std::optional<ScreenElement> lower = selector.above ? find(*selector.above) : std::nullopt;
+    if ((selector.below && !upper) || (selector.above && !lower)) {
+        return std::nullopt;
+    }
+    std::erase_if(found, [&](const ScreenElement& element) {
+        return (selector.enabled && *selector.enabled != element.isEnabled()) ||
+               (upper && element.frame().minY() <= upper->frame().minY()) ||
+               (lower && element.frame().minY() >= lower->frame().minY());
+    });
+    const double direction = lower && !upper ? -1 : 1; // the nearest comes first
+    std::stable_sort(found.begin(), found.end(), [direction](const ScreenElement& one, const ScreenElement& other) {
+        return std::pair(direction * one.frame().minY(), one.frame().minX()) <
+               std::pair(direction * other.frame().minY(), other.frame().minX());
     });
     const auto index = static_cast<std::size_t>(selector.index.value_or(0));
     return index < found.size() ? std::optional(found[index]) : std::nullopt;

@@ -7,9 +7,12 @@
 struct Selector {
     std::optional<std::string> text;
     std::optional<std::string> id;
-    std::optional<int> index; // among all that match, from top to bottom, then left to right; counted from 0
+    std::optional<int> index;      // among all that match, from top to bottom, then left to right; counted from 0
+    std::optional<bool> enabled{}; // whether the control that it is or stands in can be used
+    std::shared_ptr<const Selector> below{}; // then the first that begins below this element
+    std::shared_ptr<const Selector> above{}; // then the last that begins above this element
 
-    /// For messages: 'Friends', id 'back', 'Play' number 2.
+    /// For messages: 'Friends', id 'back', 'Play' number 2, 'Play' below 'Friends'.
     [[nodiscard]] std::string describe() const;
 };
 

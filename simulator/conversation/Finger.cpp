@@ -1,5 +1,6 @@
 #include "simulator/conversation/Finger.h"
 
+#include "platform/uikit/controls/UITextField.h"
 #include "platform/uikit/window/UITouch.h"
 #include "simulator/conversation/ConversationHost.h"
 
@@ -51,4 +52,10 @@ std::vector<std::string> Finger::keystrokes(const std::string& text) {
         }
     }
     return keys;
+}
+
+bool Finger::eraseLast(UITextField& field) {
+    const std::string before = field.text().value_or("");
+    const std::size_t last = before.empty() ? 0 : utf16Length(keystrokes(before).back());
+    return last > 0 && field.replaceCharactersInRange(NSMakeRange(utf16Length(before) - last, last), "");
 }

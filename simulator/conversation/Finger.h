@@ -7,6 +7,7 @@
 #include <vector>
 
 class ConversationHost;
+class UITextField;
 
 /// One finger on the extension's window. What it does goes the way of every touch: window, hit test, view. Points are
 /// in the window's coordinates.
@@ -23,6 +24,8 @@ public:
 
     /// A text as single presses of keys.
     [[nodiscard]] static std::vector<std::string> keystrokes(const std::string& text);
+    /// The delete key: the field's last character goes. False when there is none, or the field keeps it.
+    static bool eraseLast(UITextField& field);
 
 private:
     void report(const std::shared_ptr<UITouch>& touch);

@@ -90,6 +90,18 @@ double ScreenElement::visibleShare() const {
     return inside * static_cast<double>(visiblePoints().size()) / (grid * grid);
 }
 
+bool ScreenElement::isEnabled() const {
+    const UIView* at = m_view.get();
+    const auto isUsable = [](const UIView& view) {
+        const auto* control = dynamic_cast<const UIControl*>(&view);
+        return control == nullptr || control->isEnabled();
+    };
+    while (at != nullptr && isUsable(*at)) {
+        at = at->superview();
+    }
+    return at == nullptr;
+}
+
 bool ScreenElement::takesTouchesOf(const UIView& hit) const {
     if (hit.isDescendantOfView(*m_view) || m_view->isDescendantOfView(hit)) {
         return true;

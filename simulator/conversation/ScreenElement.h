@@ -24,6 +24,8 @@ public:
     [[nodiscard]] double visibleShare() const;
     /// Whether so much of it can be seen that it counts as visible.
     [[nodiscard]] bool isVisible() const { return visibleShare() >= 0.5; }
+    /// Whether no control that it is or stands in is disabled.
+    [[nodiscard]] bool isEnabled() const;
     /// Where a finger would touch it: the visible point nearest to its middle at which it, a view around or inside it,
     /// or the control that spans it receives the touch. None when there is no such point.
     [[nodiscard]] std::optional<CGPoint> pointToTouch() const;

@@ -1,9 +1,9 @@
-#include "simulator/flows/FlowCommands.h"
-
 #include "platform/foundation/FileReading.h"
 #include "platform/foundation/NSURL.h"
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
+#include "simulator/flows/FlowTable.h"
+#include "simulator/flows/FlowValue.h"
 
 #include <filesystem>
 #include <fstream>
@@ -41,12 +41,7 @@ FlowAction withNextLink(std::function<std::optional<Failure>(const NSURL&)> comp
     };
 }
 
-FlowAction readLinkItems(const FlowValue& value) {
-    std::vector<std::pair<std::string, std::string>> items;
-    for (const FlowEntry& entry : value.node().entries) {
-        const auto item = value.find(entry.key.text);
-        items.emplace_back(entry.key.text, item->isNothing() ? "" : item->text());
-    }
+FlowAction compareItems(const std::vector<std::pair<std::string, std::string>>& items) {
     return withNextLink([items](const NSURL& link) -> std::optional<Failure> {
         const NSURLComponents parts = NSURLComponents::componentsWithURL(link);
         for (const auto& [name, expected] : items) {
@@ -83,30 +78,30 @@ std::string firstDifference(const std::string& expected, const std::string& actu
            lineAt(actual);
 }
 
-FlowAction readAssertVisible(const FlowValue& value) {
+FlowAction makeAssertVisible(const FlowValue& value) {
     return [selector = value.selector()](FlowPlayer& player) {
         return player.waitForElement(selector) ? std::nullopt : std::optional(player.missing(selector));
     };
 }
 
-FlowAction readAssertNotVisible(const FlowValue& value) {
+FlowAction makeAssertNotVisible(const FlowValue& value) {
     return [selector = value.selector()](FlowPlayer& player) {
         const bool isGone = player.waitUntil([&] { return !player.find(selector); });
-        return expect(isGone, selector.describe() + " is visible and should not be");
+        return isGone ? std::nullopt : std::optional(FlowPlayer::unwanted(selector));
     };
 }
 
-FlowAction readAssertLink(const FlowValue& value) {
+FlowAction makeAssertLink(const FlowValue& value) {
     if (value.isMap()) {
-        return readLinkItems(value);
+        return compareItems(value.values());
     }
-    return withNextLink([expected = value.name()](const NSURL& link) {
+    return withNextLink([expected = value.text()](const NSURL& link) {
         return expect(link.absoluteString() == expected,
                       "the link is\n      " + link.absoluteString() + "\n   not\n      " + expected);
     });
 }
 
-FlowAction readAssertDebug(const FlowValue& value) {
+FlowAction makeAssertDebug(const FlowValue& value) {
     return [expected = value.texts()](FlowPlayer& player) {
         const std::vector<std::string> lines = player.takeDebugLines();
         return expect(lines == expected,
@@ -114,9 +109,8 @@ FlowAction readAssertDebug(const FlowValue& value) {
     };
 }
 
-FlowAction readAssertTree(const FlowValue& value) {
-    return [name = value.name()](FlowPlayer& player) -> std::optional<Failure> {
-        const std::string path = player.flow().besideIt(name);
+FlowAction makeAssertTree(const FlowValue& value) {
+    return [path = value.reading().besideIt(value.text())](FlowPlayer& player) -> std::optional<Failure> {
         const std::string tree = describeTree(player.host().window(), TreeDetail::stable);
         std::error_code error;
         if (!std::filesystem::exists(path, error)) {
@@ -131,8 +125,8 @@ FlowAction readAssertTree(const FlowValue& value) {
     };
 }
 
-FlowAction readAssertStyleRequests(const FlowValue& value) {
-    return [expected = value.count()](FlowPlayer& player) {
+FlowAction makeAssertStyleRequests(const FlowValue& value) {
+    return [expected = value.number()](FlowPlayer& player) {
         const int requests = static_cast<int>(player.host().styleRequests().size());
         return expect(requests == expected, "the extension asked for a presentation style " + std::to_string(requests) +
                                                 " times, not " + std::to_string(expected));
@@ -141,11 +135,43 @@ FlowAction readAssertStyleRequests(const FlowValue& value) {
 
 } // namespace
 
-const std::vector<FlowCommand>& assertCommands() {
-    static const std::vector<FlowCommand> commands{
-        {"assertVisible", readAssertVisible}, {"assertNotVisible", readAssertNotVisible},
-        {"assertLink", readAssertLink},       {"assertDebug", readAssertDebug},
-        {"assertTree", readAssertTree},       {"assertStyleRequests", readAssertStyleRequests},
+FlowCommands assertCommands() {
+    return {
+        {"assertVisible",
+         {{FlowType::name}},
+         selectorKeys(),
+         "an element is on the screen, or appears within seven seconds",
+         {"assertVisible: Slow Burn", "assertVisible: {id: lblDropDown, text: Adult (18+)}"},
+         makeAssertVisible},
+        {"assertNotVisible",
+         {{FlowType::name}},
+         selectorKeys(),
+         "none is, or it goes within seven seconds",
+         {"assertNotVisible: Warm-Up Round"},
+         makeAssertNotVisible},
+        {"assertLink",
+         {{FlowType::name}, {FlowType::values}},
+         {},
+         "the next link that was opened, whole or by decoded items",
+         {"assertLink: {sectionItem: Hold My Gaze}"},
+         makeAssertLink},
+        {"assertDebug",
+         {{FlowType::texts}},
+         {},
+         "all debug lines since the last `assertDebug`",
+         {"assertDebug: [willBecomeActive]"},
+         makeAssertDebug},
+        {"assertTree",
+         {{FlowType::name}},
+         {},
+         "the view tree is that of the file beside the flow; the first run records it and fails",
+         {"assertTree: tree.txt"},
+         makeAssertTree},
+        {"assertStyleRequests",
+         {{FlowType::number}},
+         {},
+         "how often the extension has asked for a presentation",
+         {"assertStyleRequests: 1"},
+         makeAssertStyleRequests},
     };
-    return commands;
 }

@@ -12,10 +12,14 @@ using FlowAction = std::function<std::optional<Failure>(FlowPlayer&)>;
 
 /// One command of a flow, ready to be played.
 struct FlowStep {
+    std::string file; // the flow's, or that of a flow which it runs
     TextPlace place;
-    std::string command;
+    std::string name; // the label that it was given, or else the command
     FlowAction run;
+    bool isOptional = false; // then its failure is none of the flow
 };
+
+using FlowSteps = std::vector<FlowStep>;
 
 /// A scripted visit to the conversation, as read from one file.
 struct Flow {
@@ -25,10 +29,5 @@ struct Flow {
     std::string scene;                               // a developer scene in the extension's stead; empty: none
     std::vector<std::string> participants{"A", "B"}; // the other people in the conversation, in the host's order
     std::vector<ResourceOverride> overrides;
-    std::vector<FlowStep> steps;
-
-    /// Files that a flow names stand beside it.
-    [[nodiscard]] std::string besideIt(const std::string& other) const {
-        return (std::filesystem::path(file).parent_path() / other).string();
-    }
+    FlowSteps steps;
 };

@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds patience(7000);
-constexpr std::chrono::milliseconds step(50);
+constexpr std::chrono::milliseconds interval(50);
+constexpr std::size_t mostSteps = 2000; // repetitions must not go on for ever
 
 } // namespace
 
@@ -30,30 +30,48 @@ FlowPlayer::~FlowPlayer() {
 }
 
 FlowResult FlowPlayer::play() {
-    for (const FlowStep& flowStep : m_flow.steps) {
-        playStep(flowStep);
-    }
+    playSteps(m_flow.steps);
     return {m_flow.file,  m_flow.name,     m_host->device().name,   m_host->events(),
             m_debugLines, m_host->links(), m_host->styleRequests(), m_failures};
 }
 
-void FlowPlayer::playStep(const FlowStep& flowStep) {
-    const std::optional<Failure> failure = flowStep.run(*this);
-    m_host->settle();
-    m_narrator.tell(*m_host);
-    if (failure) {
-        m_failures.push_back({Severity::error, m_flow.file, flowStep.place, flowStep.command + ": " + failure->what});
-        m_host->note("failure", m_failures.back().describe());
-    }
-}
-
-bool FlowPlayer::waitUntil(const std::function<bool()>& condition) {
-    m_host->settle();
-    for (std::chrono::milliseconds waited(0); !condition(); waited += step) {
-        if (waited >= patience) {
+bool FlowPlayer::playSteps(const FlowSteps& steps) {
+    bool havePassed = true;
+    for (const FlowStep& step : steps) {
+        if (m_stepsPlayed > mostSteps) {
             return false;
         }
-        m_host->advance(step);
+        havePassed = playStep(step) && havePassed;
+    }
+    return havePassed;
+}
+
+bool FlowPlayer::playStep(const FlowStep& step) {
+    const std::size_t failuresBefore = m_failures.size();
+    std::optional<Failure> failure;
+    if (++m_stepsPlayed > mostSteps) {
+        failure = {"the flow has played " + std::to_string(mostSteps) + " commands; it ends here"};
+    } else {
+        failure = step.run(*this);
+    }
+    m_host->settle();
+    m_narrator.tell(*m_host);
+    if (failure && step.isOptional) {
+        m_host->note("optional", step.name + " failed, which is no failure of the flow: " + failure->what);
+    } else if (failure) {
+        m_failures.push_back({Severity::error, step.file, step.place, step.name + ": " + failure->what});
+        m_host->note("failure", m_failures.back().describe());
+    }
+    return m_failures.size() == failuresBefore;
+}
+
+bool FlowPlayer::waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds time) {
+    m_host->settle();
+    for (std::chrono::milliseconds waited(0); !condition(); waited += interval) {
+        if (waited >= time) {
+            return false;
+        }
+        m_host->advance(interval);
     }
     return true;
 }
@@ -80,6 +98,10 @@ Failure FlowPlayer::missing(const Selector& selector) {
         return {selector.describe() + " is there but cannot be seen: hidden, covered or scrolled away"};
     }
     return {"no " + selector.describe() + " on the screen" + search.suggestionFor(selector)};
+}
+
+Failure FlowPlayer::unwanted(const Selector& selector) {
+    return {selector.describe() + " is visible and should not be"};
 }
 
 Failure FlowPlayer::notOpened() {

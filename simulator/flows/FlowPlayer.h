@@ -32,16 +32,19 @@ public:
     [[nodiscard]] FlowResult play();
 
     // For the commands.
-    [[nodiscard]] const Flow& flow() const { return m_flow; }
     [[nodiscard]] ConversationHost& host() const { return *m_host; }
     [[nodiscard]] const PictureSettings& pictures() const { return m_pictures; }
     /// An element of the screen as it is now.
     [[nodiscard]] std::optional<ScreenElement> find(const Selector& selector) const;
-    /// Lets virtual time pass until the condition holds, seven seconds at most.
-    bool waitUntil(const std::function<bool()>& condition);
+    /// How long commands wait for what they are about, in virtual time.
+    static constexpr std::chrono::milliseconds patience{7000};
+    /// Lets virtual time pass until the condition holds, or so much of it has passed.
+    bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds time = patience);
     [[nodiscard]] std::optional<ScreenElement> waitForElement(const Selector& selector);
     /// Why an element was not found, with the nearest that is there.
     [[nodiscard]] Failure missing(const Selector& selector);
+    /// Why an element that is there should not be.
+    [[nodiscard]] static Failure unwanted(const Selector& selector);
     /// Why a command that needs the extension cannot do anything.
     [[nodiscard]] static Failure notOpened();
     /// The first link that no one asked for yet.
@@ -49,8 +52,11 @@ public:
     /// The debug lines since the last call.
     [[nodiscard]] std::vector<std::string> takeDebugLines();
 
+    /// Plays commands that stand inside another; whether all of them passed, optional ones aside.
+    bool playSteps(const FlowSteps& steps);
+
 private:
-    void playStep(const FlowStep& step);
+    bool playStep(const FlowStep& step);
 
     const Flow& m_flow;
     PictureSettings m_pictures;
@@ -58,6 +64,7 @@ private:
     ScreenNarrator m_narrator;
     std::vector<std::string> m_debugLines;
     Findings m_failures;
+    std::size_t m_stepsPlayed = 0;
     std::size_t m_linksAsked = 0;
     std::size_t m_debugLinesTaken = 0;
 };

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "platform/foundation/Geometry.h"
+#include "platform/foundation/NSURL.h"
 #include "simulator/conversation/ElementSearch.h"
 #include "simulator/flows/FlowDocuments.h"
+#include "simulator/flows/FlowTable.h"
 
-#include <initializer_list>
-#include <string_view>
+#include <map>
 
 /// A place in the extension's window, in points or as a share of its size.
 struct FlowPoint {
@@ -16,54 +17,69 @@ struct FlowPoint {
     [[nodiscard]] CGPoint in(CGSize window) const;
 };
 
-/// A value of a flow file while it is turned into a command: typed access that reports what does not fit and then
-/// answers with an empty value, so that one reading finds every problem. Refers to a node and problems that outlive it.
+/// One flow file while it is read.
+struct FlowReading {
+    std::string file;
+    Findings& findings;
+    std::size_t& stepsLeft;                  // flows that run flows must not grow without end
+    std::map<std::string, std::string> env;  // ${NAME}
+    std::vector<std::string> participants{}; // empty while the settings are read
+    const FlowReading* runBy = nullptr;      // the flow that runs this one
+
+    /// Files that a flow names stand beside it.
+    [[nodiscard]] std::string besideIt(const std::string& other) const;
+};
+
+/// A value of a flow file while it is turned into a command. check() tells what does not fit the tables; what fits can
+/// be taken as what it is. Refers to a node and a reading that outlive it.
 class FlowValue {
 public:
-    FlowValue(const FlowNode& node, std::vector<Failure>& problems) : m_node(&node), m_problems(&problems) {}
+    FlowValue(const FlowNode& node, const FlowReading& reading) : m_node(&node), m_reading(&reading) {}
 
     [[nodiscard]] bool isNothing() const { return m_node->kind == FlowNode::Kind::nothing; }
     [[nodiscard]] bool isText() const { return m_node->kind == FlowNode::Kind::text; }
     [[nodiscard]] bool isList() const { return m_node->kind == FlowNode::Kind::list; }
     [[nodiscard]] bool isMap() const { return m_node->kind == FlowNode::Kind::map; }
     [[nodiscard]] const FlowNode& node() const { return *m_node; }
+    [[nodiscard]] const FlowReading& reading() const { return *m_reading; }
 
+    /// Whether it is one of these forms or, if there are any, a map of these keys; adds findings when it is not.
+    [[nodiscard]] bool check(const std::vector<FlowForm>& forms, const FlowKeys& keys = {}) const;
+    void complain(const std::string& what, Severity severity = Severity::error) const;
+
+    /// With the names of `env` replaced.
     [[nodiscard]] std::string text() const;
-    /// Not empty.
-    [[nodiscard]] std::string name() const;
-    /// One of these words.
-    [[nodiscard]] std::string word(const std::vector<std::string>& words) const;
-    /// A whole number, 0 or above.
-    [[nodiscard]] int count() const;
-    [[nodiscard]] std::vector<FlowValue> list() const;
-    /// The texts of a list, or one text standing for a list of one.
-    [[nodiscard]] std::vector<std::string> texts() const;
-
-    /// An element of the screen: `"Friends"` or `{text: …, id: …, index: …}`.
-    [[nodiscard]] Selector selector() const;
-    /// The same within a map that has other keys, too, and whose keys were checked.
-    [[nodiscard]] Selector selectorAmongKeys() const;
-    /// "120,40" or "50%,80%".
+    [[nodiscard]] int number() const;
+    [[nodiscard]] bool isTrue() const { return text() == "true"; }
     [[nodiscard]] FlowPoint point() const;
+    [[nodiscard]] std::vector<FlowPoint> points() const;
+    [[nodiscard]] std::vector<std::string> texts() const;
+    [[nodiscard]] std::vector<std::pair<std::string, std::string>> values() const;
+    [[nodiscard]] NSURL link() const;
+    /// Also of a map with selectorKeys() among others.
+    [[nodiscard]] Selector selector() const;
+    /// The items of a list; of any other value itself.
+    [[nodiscard]] std::vector<FlowValue> list() const;
 
     /// For maps: the value under a key; absent when the key is.
     [[nodiscard]] std::optional<FlowValue> find(std::string_view key) const;
-    /// The value under a key as `type`, such as &FlowValue::name, reads it; absent when the key is.
+    /// The value under a key as `type`, such as &FlowValue::text, takes it; absent when the key is.
     template <class Value>
     [[nodiscard]] std::optional<Value> find(std::string_view key, Value (FlowValue::*type)() const) const {
         const std::optional<FlowValue> value = find(key);
-        return value ? std::optional((*value.*type)()) : std::nullopt;
+        return value ? std::optional(((*value).*type)()) : std::nullopt;
     }
-    [[nodiscard]] std::string requiredText(std::string_view key) const;
-    /// Reports keys other than these, and a value that is no map.
-    void allowOnly(std::initializer_list<const char*> keys) const;
-    /// For commands that take nothing, or nothing but settings that may all be left out.
-    void expectNothing() const;
-    void expectNothingBut(const char* key) const;
-
-    void complain(const std::string& message) const { m_problems->push_back({message, m_node->place}); }
+    /// The value itself, or in a map what stands under `key`.
+    [[nodiscard]] std::optional<FlowValue> itselfOr(std::string_view key) const;
 
 private:
+    [[nodiscard]] bool isOf(FlowType type) const;
+    [[nodiscard]] bool checkKeys(const FlowKeys& keys) const;
+    [[nodiscard]] bool checkAll(FlowType type) const;
+    [[nodiscard]] bool checkInside(const FlowForm& form) const;
+    [[nodiscard]] std::string problemOfText(const FlowForm& form) const;
+    [[nodiscard]] std::optional<FlowPoint> pointIfAny() const;
+
     const FlowNode* m_node;
-    std::vector<Failure>* m_problems;
+    const FlowReading* m_reading;
 };

@@ -1,6 +1,6 @@
-#include "simulator/flows/FlowCommands.h"
-
 #include "simulator/flows/FlowPlayer.h"
+#include "simulator/flows/FlowTable.h"
+#include "simulator/flows/FlowValue.h"
 #include "simulator/pictures/PictureFile.h"
 #include "simulator/pictures/ScreenPicture.h"
 
@@ -13,46 +13,19 @@ struct PictureRequest {
     PictureExtent extent = PictureExtent::screen;
 };
 
-/// Pictures stay in the folder that they are meant for.
-std::string readPictureName(const FlowValue& value) {
-    std::string name = value.name();
-    for (const fs::path& part : fs::path(name)) {
-        if (part == ".." || part.has_root_directory()) {
-            value.complain("a picture's name is a path inside its folder, without '..'");
-            return {};
-        }
+PictureRequest pictureIn(const FlowValue& value) {
+    fs::path name = value.itselfOr("path")->text();
+    if (name.extension() == ".png") {
+        name.replace_extension();
     }
-    const std::string ending = ".png";
-    if (name.ends_with(ending)) {
-        name.resize(name.size() - ending.size());
-    }
-    const bool isNameless = fs::path(name).filename().string().find_first_not_of('.') == std::string::npos;
-    if (isNameless && !value.node().text.empty()) { // an empty text is told already
-        value.complain("'" + value.node().text + "' has no name before its ending");
-    }
-    return name;
+    const bool isBare = value.find("bare", &FlowValue::isTrue).value_or(false);
+    return {name.string(), isBare ? PictureExtent::extension : PictureExtent::screen};
 }
 
-PictureRequest readPicture(const FlowValue& value) {
-    if (!value.isMap()) {
-        return {readPictureName(value), PictureExtent::screen};
-    }
-    value.allowOnly({"path", "bare"});
-    PictureRequest request;
-    if (const auto path = value.find("path")) {
-        request.name = readPictureName(*path);
-    } else {
-        value.complain("'path' must say what the picture is called");
-    }
-    if (const auto bare = value.find("bare"); bare && bare->word({"true", "false"}) == "true") {
-        request.extent = PictureExtent::extension;
-    }
-    return request;
-}
-
-FlowAction readAssertScreenshot(const FlowValue& value) {
-    return [request = readPicture(value)](FlowPlayer& player) -> std::optional<Failure> {
-        const std::string golden = player.flow().besideIt(request.name + ".png");
+FlowAction makeAssertScreenshot(const FlowValue& value) {
+    const PictureRequest request = pictureIn(value);
+    return [request,
+            golden = value.reading().besideIt(request.name + ".png")](FlowPlayer& player) -> std::optional<Failure> {
         const std::optional<Failure> failure =
             compareWithGolden(takePicture(player.host(), request.extent), golden, request.name, player.pictures());
         if (!failure && player.pictures().updateGoldens) {
@@ -62,18 +35,16 @@ FlowAction readAssertScreenshot(const FlowValue& value) {
     };
 }
 
-FlowAction readSetAppearance(const FlowValue& value) {
-    const auto style =
-        value.word({"light", "dark"}) == "dark" ? UIUserInterfaceStyle::dark : UIUserInterfaceStyle::light;
+FlowAction makeSetAppearance(const FlowValue& value) {
+    const auto style = value.text() == "dark" ? UIUserInterfaceStyle::dark : UIUserInterfaceStyle::light;
     return [style](FlowPlayer& player) -> std::optional<Failure> {
         player.host().window().setUserInterfaceStyle(style);
         return std::nullopt;
     };
 }
 
-FlowAction readSetTextSize(const FlowValue& value) {
-    const std::string name = value.word(textSizeNames());
-    return [name](FlowPlayer& player) -> std::optional<Failure> {
+FlowAction makeSetTextSize(const FlowValue& value) {
+    return [name = value.text()](FlowPlayer& player) -> std::optional<Failure> {
         player.host().window().setContentSizeCategory(textSizeNamed(name));
         player.host().settle();
         return std::nullopt;
@@ -82,8 +53,8 @@ FlowAction readSetTextSize(const FlowValue& value) {
 
 } // namespace
 
-FlowAction readTakeScreenshot(const FlowValue& value) {
-    return [request = readPicture(value)](FlowPlayer& player) -> std::optional<Failure> {
+FlowAction makeTakeScreenshot(const FlowValue& value) {
+    return [request = pictureIn(value)](FlowPlayer& player) -> std::optional<Failure> {
         const fs::path file = player.pictures().output / (request.name + ".png");
         const std::optional<Failure> failure = savePicture(takePicture(player.host(), request.extent), file);
         if (!failure) {
@@ -93,12 +64,33 @@ FlowAction readTakeScreenshot(const FlowValue& value) {
     };
 }
 
-const std::vector<FlowCommand>& pictureCommands() {
-    static const std::vector<FlowCommand> commands{
-        {"takeScreenshot", readTakeScreenshot},
-        {"assertScreenshot", readAssertScreenshot},
-        {"setAppearance", readSetAppearance},
-        {"setTextSize", readSetTextSize},
+FlowCommands pictureCommands() {
+    const FlowKeys picture{{"path", {FlowType::picture}, "what it is called, without .png", FlowNeed::required},
+                           {"bare", {FlowType::truth}, "true: of the extension alone"}};
+    return {
+        {"takeScreenshot",
+         {{FlowType::picture}},
+         picture,
+         "a picture in the output folder",
+         {"takeScreenshot: opened", "takeScreenshot: {path: opened, bare: true}"},
+         makeTakeScreenshot},
+        {"assertScreenshot",
+         {{FlowType::picture}},
+         picture,
+         "the screen is, to the pixel, the golden picture beside the flow",
+         {"assertScreenshot: opened"},
+         makeAssertScreenshot},
+        {"setAppearance",
+         {{FlowType::word, {"light", "dark"}}},
+         {},
+         "the phone changes its appearance",
+         {"setAppearance: dark"},
+         makeSetAppearance},
+        {"setTextSize",
+         {{FlowType::word, textSizeNames()}},
+         {},
+         "the reader sets a text size",
+         {"setTextSize: accessibility1"},
+         makeSetTextSize},
     };
-    return commands;
 }

@@ -1,9 +1,9 @@
-#include "simulator/flows/FlowCommands.h"
-
 #include "platform/uikit/controls/UITextField.h"
 #include "simulator/conversation/Finger.h"
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
+#include "simulator/flows/FlowTable.h"
+#include "simulator/flows/FlowValue.h"
 
 #include <algorithm>
 #include <map>
@@ -86,59 +86,37 @@ std::optional<Failure> scrollTo(FlowPlayer& player, const Selector& selector, co
     }
 }
 
-Stroke readStroke(const FlowValue& value) {
-    Stroke stroke;
-    for (const FlowValue& point : value.list()) {
-        stroke.points.push_back(point.point());
-    }
-    if (stroke.points.size() < 2) {
-        value.complain("a swipe needs two points at least");
-    }
-    return stroke;
-}
-
-Stroke readSwipeMap(const FlowValue& value) {
-    value.allowOnly({"direction", "start", "end", "points", "steps", "takeScreenshot"});
-    if (const auto points = value.find("points")) {
-        Stroke stroke = readStroke(*points);
-        stroke.steps = std::max(1, value.find("steps", &FlowValue::count).value_or(stroke.steps));
-        return stroke;
-    }
-    if (const auto direction = value.find("direction")) {
-        return strokeTowards(direction->word({"UP", "DOWN", "LEFT", "RIGHT"}));
-    }
-    const auto start = value.find("start");
-    const auto end = value.find("end");
-    if (!start || !end) {
+Stroke strokeIn(const FlowValue& value) {
+    const auto points = value.isList() ? std::optional(value.points()) : value.find("points", &FlowValue::points);
+    const auto direction = value.find("direction", &FlowValue::text);
+    const auto start = value.find("start", &FlowValue::point);
+    const auto end = value.find("end", &FlowValue::point);
+    if (!points && !direction && !(start && end)) {
         value.complain("'direction', 'points', or 'start' and 'end', must say where the finger goes");
         return {};
     }
-    return {{start->point(), end->point()}};
+    Stroke stroke = points ? Stroke{*points} : direction ? strokeTowards(*direction) : Stroke{{*start, *end}};
+    stroke.steps = std::clamp(value.find("steps", &FlowValue::number).value_or(stroke.steps), 1, 1000);
+    return stroke;
 }
 
-FlowAction readTapOn(const FlowValue& value) {
-    if (value.isMap()) {
-        value.allowOnly({"text", "id", "index", "point"});
-        if (const auto point = value.find("point")) {
-            if (value.find("text") || value.find("id") || value.find("index")) {
-                point->complain("a point is a place of its own; leave out 'text', 'id' and 'index'");
-            }
-            return [target = point->point()](FlowPlayer& player) -> std::optional<Failure> {
-                return tapPlace(player, target);
-            };
-        }
-        return [selector = value.selectorAmongKeys()](FlowPlayer& player) { return tapElement(player, selector); };
+FlowAction makeTapOn(const FlowValue& value) {
+    const auto point = value.find("point");
+    if (!point) {
+        return [selector = value.selector()](FlowPlayer& player) { return tapElement(player, selector); };
     }
-    return [selector = value.selector()](FlowPlayer& player) { return tapElement(player, selector); };
+    if (value.find("text") || value.find("id") || value.find("index")) {
+        point->complain("a point is a place of its own; leave out 'text', 'id' and 'index'");
+    }
+    return [target = point->point()](FlowPlayer& player) { return tapPlace(player, target); };
 }
 
-FlowAction readSwipe(const FlowValue& value) {
-    const Stroke stroke = value.isList() ? readStroke(value) : readSwipeMap(value);
+FlowAction makeSwipe(const FlowValue& value) {
     FlowAction picture; // of the moment before the finger is lifted
     if (const auto name = value.find("takeScreenshot")) {
-        picture = readTakeScreenshot(*name);
+        picture = makeTakeScreenshot(*name);
     }
-    return [stroke, picture](FlowPlayer& player) -> std::optional<Failure> {
+    return [stroke = strokeIn(value), picture](FlowPlayer& player) -> std::optional<Failure> {
         std::optional<Failure> failure;
         drag(player, stroke, [&] {
             if (picture) {
@@ -149,55 +127,104 @@ FlowAction readSwipe(const FlowValue& value) {
     };
 }
 
-FlowAction readScroll(const FlowValue& value) {
-    value.expectNothing();
+FlowAction makeScroll(const FlowValue&) {
     return [](FlowPlayer& player) -> std::optional<Failure> {
         drag(player, strokeTowards("UP"));
         return std::nullopt;
     };
 }
 
-FlowAction readScrollUntilVisible(const FlowValue& value) {
-    Selector selector;
-    std::string direction = "UP";
-    if (value.isMap()) {
-        value.allowOnly({"element", "direction"});
-        const auto element = value.find("element");
-        if (element) {
-            selector = element->selector();
-        } else {
-            value.complain("'element' must say what to scroll to");
-        }
-        if (const auto towards = value.find("direction")) { // the direction to look in; the finger goes the other way
-            direction = towards->word({"UP", "DOWN"}) == "UP" ? "DOWN" : "UP";
-        }
-    } else {
-        selector = value.selector();
-    }
-    return [selector, direction](FlowPlayer& player) { return scrollTo(player, selector, direction); };
+FlowAction makeScrollUntilVisible(const FlowValue& value) {
+    // The direction to look in; the finger goes the other way.
+    const std::string direction = value.find("direction", &FlowValue::text).value_or("DOWN") == "UP" ? "DOWN" : "UP";
+    return [selector = value.itselfOr("element")->selector(), direction](FlowPlayer& player) {
+        return scrollTo(player, selector, direction);
+    };
 }
 
-FlowAction readInputText(const FlowValue& value) {
-    return [text = value.text()](FlowPlayer& player) -> std::optional<Failure> {
+/// What is done in the text field that has the keyboard.
+FlowAction inField(const std::function<void(UITextField&)>& act) {
+    return [act](FlowPlayer& player) -> std::optional<Failure> {
         const auto field = std::dynamic_pointer_cast<UITextField>(UIResponder::firstResponder());
         if (!field) {
             return Failure{"no text field has the keyboard; tap on one first"};
         }
-        for (const std::string& character : Finger::keystrokes(text)) {
-            field->insertText(character);
-        }
+        act(*field);
         player.host().settle();
         return std::nullopt;
     };
 }
 
+FlowAction makeInputText(const FlowValue& value) {
+    return inField([text = value.itselfOr("text")->text()](UITextField& field) {
+        for (const std::string& character : Finger::keystrokes(text)) {
+            static_cast<void>(field.insertText(character));
+        }
+    });
+}
+
+FlowAction makeEraseText(const FlowValue& value) {
+    const auto characters =
+        value.isText() ? value.number() : value.find("charactersToErase", &FlowValue::number).value_or(50);
+    return inField([characters](UITextField& field) {
+        for (int i = 0; i < characters && Finger::eraseLast(field); ++i) {
+        }
+    });
+}
+
+FlowAction makeHideKeyboard(const FlowValue&) {
+    return inField([](UITextField& field) { static_cast<void>(field.resignFirstResponder()); });
+}
+
 } // namespace
 
-const std::vector<FlowCommand>& touchCommands() {
-    static const std::vector<FlowCommand> commands{
-        {"tapOn", readTapOn},         {"swipe", readSwipe},
-        {"scroll", readScroll},       {"scrollUntilVisible", readScrollUntilVisible},
-        {"inputText", readInputText},
+FlowCommands touchCommands() {
+    const FlowForm everyDirection{FlowType::word, {"UP", "DOWN", "LEFT", "RIGHT"}};
+    return {
+        {"tapOn",
+         {{FlowType::name}},
+         joined(selectorKeys(), {{"point", {FlowType::point}, "a place of the extension instead"}}),
+         "a touch on an element or a place",
+         {"tapOn: Friends", "tapOn: {text: Play, index: 1}", "tapOn: {text: Play, below: Chaos Hour}",
+          "tapOn: {point: \"50%,20%\"}"},
+         makeTapOn},
+        {"scroll", {{FlowType::nothing}}, {}, "one drag upwards through the table", {"scroll"}, makeScroll},
+        {"scrollUntilVisible",
+         {{FlowType::name}},
+         {{"element", {FlowType::selector}, "what is looked for", FlowNeed::required},
+          {"direction", {FlowType::word, {"UP", "DOWN"}}, "where it is looked for; DOWN when left out"}},
+         "drags through the table until all of an element is seen",
+         {"scrollUntilVisible: Aftercare", "scrollUntilVisible: {element: Slow Burn, direction: UP}"},
+         makeScrollUntilVisible},
+        {"swipe",
+         {{FlowType::points}},
+         {{"direction", everyDirection, "across the middle"},
+          {"start", {FlowType::point}, "where the finger comes down"},
+          {"end", {FlowType::point}, "where it is lifted"},
+          {"points", {FlowType::points}, "all the corners of its way"},
+          {"steps", {FlowType::number}, "how often it is seen on each line, 20 times when left out"},
+          {"takeScreenshot", {FlowType::picture}, "a picture, taken before the finger is lifted"}},
+         "one finger along a line",
+         {"swipe: {direction: LEFT}", "swipe: {start: \"120,400\", end: \"120,90\"}",
+          "swipe: [\"50%,80%\", \"50%,40%\"]"},
+         makeSwipe},
+        {"inputText",
+         {{FlowType::text}},
+         {{"text", {FlowType::text}, "what is typed", FlowNeed::required}},
+         "key by key into the field that has the keyboard",
+         {"inputText: abc"},
+         makeInputText},
+        {"eraseText",
+         {{FlowType::nothing}, {FlowType::number}},
+         {{"charactersToErase", {FlowType::number}, "50 when left out"}},
+         "takes characters from the end of that field",
+         {"eraseText", "eraseText: 3"},
+         makeEraseText},
+        {"hideKeyboard",
+         {{FlowType::nothing}},
+         {},
+         "that field gives the keyboard up",
+         {"hideKeyboard"},
+         makeHideKeyboard},
     };
-    return commands;
 }

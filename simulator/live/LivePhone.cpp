@@ -366,9 +366,7 @@ void LivePhone::type(const std::string& text) {
     if (text == "\n") {
         field->pressReturn();
     } else if (text == "\b") {
-        const std::string before = field->text().value_or("");
-        const std::size_t last = before.empty() ? 0 : utf16Length(Finger::keystrokes(before).back());
-        (void)field->replaceCharactersInRange(NSMakeRange(utf16Length(before) - last, last), "");
+        (void)Finger::eraseLast(*field);
     } else {
         for (const std::string& key : Finger::keystrokes(text)) {
             (void)field->insertText(key);

@@ -14,9 +14,16 @@ void tell(const Findings& findings) {
 
 Result<std::vector<Flow>> readFlowsToPlay(const std::vector<std::string>& paths) {
     Findings findings;
-    std::vector<Flow> flows = readFlowFiles(paths, findings);
+    std::vector<Flow> flows;
+    for (const std::string& path : paths) {
+        for (const std::string& file : flowFilesAt(path)) {
+            if (std::optional<Flow> flow = readFlowFile(file, findings)) {
+                flows.push_back(*std::move(flow));
+            }
+        }
+    }
     tell(findings);
-    if (!findings.empty()) {
+    if (hasErrors(findings)) {
         return Failure{"nothing is played, as not every flow can be read"};
     }
     if (flows.empty()) {

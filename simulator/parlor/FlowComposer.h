@@ -10,7 +10,9 @@ public:
 
     /// Commands as a flow file has them, which must be good.
     void add(const std::string& commands);
-    void addStep(std::string name, FlowAction run) { m_flow.steps.push_back({{}, std::move(name), std::move(run)}); }
+    void addStep(std::string name, FlowAction run) {
+        m_flow.steps.push_back({m_flow.file, {}, std::move(name), std::move(run)});
+    }
     /// Shows another group than the first by tapping.
     void choose(const std::string& group);
     /// A list without modes has nothing to tap, which is no failure.

@@ -1,8 +1,6 @@
 #include "platform/foundation/FileReading.h"
 #include "tests/simulator/SimulatorFixtures.h"
 
-#include <cstring>
-
 namespace {
 
 using testing::AllOf;
@@ -13,6 +11,16 @@ using testing::IsEmpty;
 
 class FlowPlayerTest : public FlowTest {
 protected:
+    /// An interface document of the bundle as it stands.
+    [[nodiscard]] std::string document(const std::string& name) const { return readWholeFile(bundle / name).value(); }
+    /// Plays on a copy of the bundle with something added to one of its documents.
+    void changeDocument(const std::string& name, std::size_t at, const std::string& addition) {
+        std::string text = document(name);
+        bundle = folder.path() / "bundle";
+        std::filesystem::copy(TD_BUNDLE, bundle, std::filesystem::copy_options::recursive);
+        ASSERT_LT(at, text.size());
+        folder.write("bundle/" + name, text.insert(at, addition));
+    }
     /// What is told of the layout while the screen is shown in both styles.
     std::vector<std::string> layoutEvents() {
         std::vector<std::string> texts;
@@ -76,6 +84,50 @@ TEST_F(FlowPlayerTest, ClosesTheExtensionAndShowsWhatArrivesMeanwhile) {
                             HasSubstr("resign: the extension has not been opened yet")));
 }
 
+TEST_F(FlowPlayerTest, RepeatsRunsOtherFlowsWaitsAndForgivesWhatIsOptional) {
+    folder.write("steps/choose.yaml", "- tapOn: {id: btnDropdown}\n- tapOn: ${GROUP}\n");
+    EXPECT_THAT(failuresOf("- launchApp: {loadingTakes: 9000}\n"
+                           "- extendedWaitUntil: {visible: Slow Burn, timeout: 10000}\n"
+                           "- runFlow: {file: steps/choose.yaml, env: {GROUP: Friends}}\n"
+                           "- assertVisible: Warm-Up Round\n"
+                           "- repeat: {while: {notVisible: Karaoke Hostage}, commands: [scroll]}\n"
+                           "- tapOn: {text: .*, below: Chaos Hour, index: 0}\n"
+                           "- assertLink: {sectionCategory: Chaos Hour}\n"
+                           "- tapOn: {text: Knitting, optional: true}\n"
+                           "- runFlow: {when: {visible: Slow Burn}, commands: [jump: 1]}\n"),
+                ElementsAre(HasSubstr("unknown command 'jump'")));
+    EXPECT_THAT(failuresOf("- launchApp\n"
+                           "- wait: 600\n"
+                           "- runFlow: {when: {visible: Chaos Hour}, commands: [tapOn: Knitting]}\n"
+                           "- repeat: {times: 5, commands: [tapOn: {text: Knitting, label: The needles}]}\n"
+                           "- extendedWaitUntil: {notVisible: Slow Burn, timeout: 100}\n"
+                           "- repeat: {times: 3000, commands: [wait: 0]}\n"
+                           "- launchApp\n"),
+                ElementsAre(HasSubstr("The needles: no 'Knitting'"), HasSubstr("'Slow Burn' is visible and should not"),
+                            HasSubstr("the flow has played 2000 commands")));
+}
+
+TEST_F(FlowPlayerTest, TypesAndErasesInTheFieldThatHasTheKeyboard) {
+    const std::size_t end = document("MainInterface.storyboard").rfind("</subviews>");
+    changeDocument("MainInterface.storyboard", end,
+                   "<textField id=\"fld-01-abc\" translatesAutoresizingMaskIntoConstraints=\"YES\">"
+                   "<rect key=\"frame\" x=\"10\" y=\"10\" width=\"200\" height=\"40\"/>"
+                   "<accessibility key=\"accessibilityConfiguration\" identifier=\"field\"/></textField>");
+    EXPECT_THAT(failuresOf("- launchApp\n- wait: 600\n"
+                           "- eraseText\n"
+                           "- tapOn: {id: field}\n"
+                           "- inputText: Grüße\n"
+                           "- assertVisible: {id: field, text: Grüße}\n"
+                           "- eraseText: 3\n"
+                           "- assertVisible: {id: field, text: Gr}\n"
+                           "- eraseText\n"
+                           "- assertNotVisible: Gr\n"
+                           "- hideKeyboard\n"
+                           "- inputText: x\n"),
+                ElementsAre(HasSubstr("eraseText: no text field has the keyboard"),
+                            HasSubstr("inputText: no text field has the keyboard")));
+}
+
 TEST_F(FlowPlayerTest, RecordsATreeOnceAndThenComparesWithIt) {
     const std::string flow = "- launchApp\n- wait: 600\n- assertTree: tree.txt\n";
     EXPECT_THAT(failuresOf(flow), ElementsAre(HasSubstr("has been recorded")));
@@ -86,12 +138,10 @@ TEST_F(FlowPlayerTest, RecordsATreeOnceAndThenComparesWithIt) {
 
 TEST_F(FlowPlayerTest, TellsOfConstraintsThatContradictEachOtherAndOfNoOthers) {
     EXPECT_THAT(layoutEvents(), IsEmpty());
-    bundle = folder.path() / "bundle";
-    std::filesystem::copy(TD_BUNDLE, bundle, std::filesystem::copy_options::recursive);
-    std::string nib = readWholeFile(bundle / "ModeTblCell.xib").value();
-    const std::string two = "<constraints><constraint firstAttribute=\"width\" constant=\"10\" id=\"con-01-ten\"/>"
-                            "<constraint firstAttribute=\"width\" constant=\"20\" id=\"con-02-20p\"/>";
-    folder.write("bundle/ModeTblCell.xib", nib.replace(nib.find("<constraints>"), std::strlen("<constraints>"), two));
+    const std::string mark = "<constraints>";
+    changeDocument("ModeTblCell.xib", document("ModeTblCell.xib").find(mark) + mark.size(),
+                   "<constraint firstAttribute=\"width\" constant=\"10\" id=\"con-01-ten\"/>"
+                   "<constraint firstAttribute=\"width\" constant=\"20\" id=\"con-02-20p\"/>");
     EXPECT_THAT(layoutEvents(), Contains(AllOf(HasSubstr("con-01-ten (ModeTblCell.xib:"), HasSubstr("con-02-20p"))));
 }
 

@@ -79,7 +79,7 @@ private:
     void checkFlow(const fs::path& path) {
         ++m_checked.count;
         Findings found;
-        static_cast<void>(readFlowFiles({path.string()}, found));
+        static_cast<void>(readFlowFile(path.string(), found));
         nameRule(found, "flow.unreadable");
         append(m_checked.findings, found);
     }

@@ -128,8 +128,7 @@ private:
                    std::vector<std::string>& missing) {
         for (std::size_t i = 0; i < object.keys.size(); ++i) {
             const auto& [offset, name] = object.keys[i];
-            const auto sameName = [&](const ListKey& key) { return key.name == name; };
-            if (std::any_of(known.begin(), known.end(), sameName)) {
+            if (isAmong(known, name)) {
                 checkOnce(object, i);
                 continue;
             }
@@ -146,8 +145,13 @@ private:
         }
     }
 
+    static bool isAmong(const std::vector<ListKey>& known, std::string_view name) {
+        return std::any_of(known.begin(), known.end(), [name](const ListKey& key) { return key.name == name; });
+    }
+
     void checkOnce(const TolerantValue& object, std::size_t index) {
-        const auto& [offset, name] = object.keys[index];
+        const std::size_t offset = object.keys[index].first;
+        const std::string& name = object.keys[index].second; // clang 14 captures no structured binding
         const auto end = object.keys.begin() + static_cast<std::ptrdiff_t>(index);
         if (std::any_of(object.keys.begin(), end, [&](const auto& key) { return key.second == name; })) {
             tell("content.key-doubled", offset, where() + inQuotes(name) + " stands here twice; the last one counts");

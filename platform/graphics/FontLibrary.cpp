@@ -139,7 +139,7 @@ PangoContext* makeContext(PangoFontMap* fonts) {
 
 } // namespace
 
-#ifdef __SANITIZE_ADDRESS__
+#if defined(__SANITIZE_ADDRESS__) || defined(__clang__) // which does not tell; nobody else calls them
 /// Fontconfig keeps its patterns by encoded addresses, which the leak sanitizer cannot follow. Every program that shows
 /// text has them at its end.
 extern "C" const char* __lsan_default_suppressions();

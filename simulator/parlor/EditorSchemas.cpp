@@ -2,6 +2,9 @@
 
 #include "simulator/check/IconNames.h"
 #include "simulator/check/ListSchema.h"
+#include "simulator/flows/FlowTable.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -49,6 +52,127 @@ json::object& propertyOf(json::object& schema, const char* key) {
     return schema.at("properties").as_object().at(key).as_object();
 }
 
+// Flows.
+
+json::object referenceTo(const char* definition) {
+    return {{"$ref", std::string("#/definitions/") + definition}};
+}
+
+json::object schemaOf(const FlowKeys& keys);
+
+/// A name of `env` can stand for any text.
+json::object scalar(json::value schema) {
+    return {{"anyOf", json::array{std::move(schema), referenceTo("nameOfEnv")}}};
+}
+
+json::object schemaOf(const FlowForm& form) {
+    switch (form.type) {
+    case FlowType::nothing:
+        return {{"type", "null"}};
+    case FlowType::number:
+        return scalar({{"type", "integer"}, {"minimum", 0}, {"maximum", greatestNumber}});
+    case FlowType::truth:
+        return scalar({{"type", "boolean"}});
+    case FlowType::word:
+        return scalar({{"enum", json::array(form.words.begin(), form.words.end())}});
+    case FlowType::point:
+        return scalar({{"type", "string"}, {"pattern", "^[-0-9.]+%?, *[-0-9.]+%?$"}});
+    case FlowType::points:
+        return {{"type", "array"}, {"minItems", 2}, {"items", schemaOf(FlowForm{FlowType::point})}};
+    case FlowType::texts:
+        return {{"if", {{"type", "array"}}}, {"then", {{"items", referenceTo("text")}}}, {"else", referenceTo("text")}};
+    case FlowType::values:
+        return {{"type", "object"}, {"additionalProperties", referenceTo("text")}};
+    case FlowType::selector:
+        return referenceTo("element");
+    case FlowType::condition:
+        return schemaOf(conditionKeys());
+    case FlowType::resources:
+        return referenceTo("resources");
+    case FlowType::commands:
+        return referenceTo("commands");
+    default:
+        return referenceTo("text");
+    }
+}
+
+json::object described(json::object schema, const std::string& description) {
+    if (schema.contains("$ref")) {
+        schema = {{"allOf", json::array{std::move(schema)}}}; // nothing beside a reference counts
+    }
+    schema["description"] = description;
+    return schema;
+}
+
+/// A map of these keys and no other.
+json::object schemaOf(const FlowKeys& keys) {
+    json::array required;
+    json::object properties;
+    for (const FlowKey& key : keys) {
+        properties[key.name] = described(schemaOf(key.form), key.purpose);
+        if (key.need == FlowNeed::required) {
+            required.emplace_back(key.name);
+        }
+    }
+    return {{"type", "object"},
+            {"additionalProperties", false},
+            {"required", std::move(required)},
+            {"properties", std::move(properties)}};
+}
+
+/// What stands behind a command's name.
+json::object schemaOf(const FlowCommand& command) {
+    json::array values;
+    for (const FlowForm& form : command.values) {
+        values.push_back(schemaOf(form));
+    }
+    json::value other = values.size() == 1 ? values.front() : json::value{{"anyOf", values}};
+    std::string description = command.purpose;
+    for (const char* example : command.examples) {
+        description += std::string("\n") + example;
+    }
+    if (command.options.empty()) {
+        return described(other.as_object(), description);
+    }
+    json::value map = schemaOf(command.options);
+    if (values.empty()) {
+        return described(map.as_object(), description);
+    }
+    return described({{"if", {{"type", "object"}}}, {"then", std::move(map)}, {"else", std::move(other)}}, description);
+}
+
+json::object commandSchema() {
+    json::array alone;
+    json::object properties;
+    for (const FlowCommand& command : flowCommands()) {
+        const bool takesNothing = std::any_of(command.values.begin(), command.values.end(),
+                                              [](const FlowForm& form) { return form.type == FlowType::nothing; });
+        if (takesNothing) {
+            alone.emplace_back(command.name);
+        }
+        properties[command.name] = schemaOf(command);
+    }
+    return {{"if", {{"type", "string"}}},
+            {"then", {{"enum", std::move(alone)}}},
+            {"else",
+             {{"type", "object"},
+              {"minProperties", 1},
+              {"maxProperties", 1},
+              {"additionalProperties", false},
+              {"properties", std::move(properties)}}}};
+}
+
+json::object flowDefinitions() {
+    const json::object resource = schemaOf(resourceKeys());
+    return {
+        {"text", {{"type", json::array{"string", "number", "boolean"}}}},
+        {"nameOfEnv", {{"type", "string"}, {"pattern", "\\$\\{"}}},
+        {"element", {{"if", {{"type", "object"}}}, {"then", schemaOf(selectorKeys())}, {"else", referenceTo("text")}}},
+        {"resources", {{"if", {{"type", "array"}}}, {"then", {{"items", resource}}}, {"else", resource}}},
+        {"commands", {{"type", "array"}, {"items", commandSchema()}}},
+        {"settings", schemaOf(flowSettings())}};
+}
+
 } // namespace
 
 json::object contentSchema() {
@@ -63,5 +187,14 @@ json::object contentSchema() {
               "described here, and shows no icon for a name that it does not know.");
     schema["type"] = "array";
     schema["items"] = std::move(section);
+    return schema;
+}
+
+json::object flowSchema() {
+    json::object schema = start("A flow", "A visit to the conversation: settings, then ---, then a list of commands.");
+    schema["if"] = {{"type", "array"}};
+    schema["then"] = referenceTo("commands");
+    schema["else"] = referenceTo("settings");
+    schema["definitions"] = flowDefinitions();
     return schema;
 }

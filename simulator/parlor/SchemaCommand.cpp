@@ -54,9 +54,9 @@ private:
     }
 };
 
-CommandResult printSchema(const std::string& /*kind*/) {
+CommandResult printSchema(const std::string& kind) {
     openExtensionBundle(besideProgram("TruthsAndDares.appex"));
-    if (!(std::cout << SchemaPrinter::print(contentSchema()) << std::flush)) {
+    if (!(std::cout << SchemaPrinter::print(kind == "flow" ? flowSchema() : contentSchema()) << std::flush)) {
         return Failure{"standard output cannot be written"};
     }
     return Findings();
@@ -68,7 +68,7 @@ ParlorCommand addSchemaCommand(CLI::App& app) {
     const auto kind = std::make_shared<std::string>();
     CLI::App* line = app.add_subcommand("schema", "Prints the JSON Schema of lists or flows, for editors");
     line->add_option("kind", *kind, "content or flow")
-        ->check(CLI::IsMember({"content"}))
+        ->check(CLI::IsMember({"content", "flow"}))
         ->option_text("KIND")
         ->required();
     line->footer(examples);

@@ -3,6 +3,7 @@
 A library's validator reads them. The files are those that .vscode/settings.json connects.
 """
 import json
+import re
 import subprocess
 import sys
 from pathlib import Path
@@ -17,6 +18,22 @@ BAD_LISTS = [
         {**ITEM, "titel": "T"}, {**ITEM, "icon": "icon_dyce"}, {**ITEM, "isSelected": "true"}, {**ITEM, "title": 1},
         {key: value for key, value in ITEM.items() if key != "subtitle"})),
 ]
+BAD_FLOWS = [
+    "devise: se", "- tapOnn: x", "- 3", "- tapOn", "- {tapOn: a, wait: 1}", "- wait: soon", "- wait: -1", "- setStyle: big",
+    "- launchApp: {loading: 3}", "- tapOn: {point: middle}", "- tapOn: {text: [a]}", "- swipe: ['10,10']", "- openBubble",
+    "- repeat: {times: 2}", "- assertDebug: {a: b}",
+]
+
+
+class Reader(yaml.SafeLoader):
+    """YAML 1.2, as flows and editors read it: no dates, no yes and no."""
+
+    yaml_implicit_resolvers = {}
+
+
+Reader.add_implicit_resolver("tag:yaml.org,2002:bool", re.compile("true|false$"), None)
+Reader.add_implicit_resolver("tag:yaml.org,2002:null", re.compile("$"), None)
+Reader.add_implicit_resolver("tag:yaml.org,2002:int", re.compile("-?[0-9]+$"), None)
 
 
 def validator(parlor, root, kind):
@@ -39,7 +56,10 @@ def check(validates, documents, bad):
 def main(parlor, root):
     settings = json.loads((root / ".vscode/settings.json").read_text())
     lists = [file for schema in settings["json.schemas"] for glob in schema["fileMatch"] for file in root.glob(glob[1:])]
+    flows = [file for globs in settings["yaml.schemas"].values() for glob in globs for file in root.glob(glob)]
     check(validator(parlor, root, "content"), [(file, json.loads(file.read_text())) for file in lists], BAD_LISTS)
+    check(validator(parlor, root, "flow"), [(file, part) for file in flows for part in yaml.load_all(file.read_text(), Reader)],
+          [yaml.load(text, Reader) for text in BAD_FLOWS])
 
 
 if __name__ == "__main__":

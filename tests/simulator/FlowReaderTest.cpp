@@ -214,7 +214,7 @@ std::string optionsOf(const FlowCommand& command) {
 
 TEST(FlowTableTest, StandsInTheDocumentWhoseExamplesAreFlows) {
     const std::string folder = TD_FLOWS;
-    const std::string document = readWholeFile(folder + "/README.md").value();
+    const std::string document = readWholeFile(folder + "/../docs/write-a-flow.md").value();
     std::string commands;
     for (const FlowCommand& command : flowCommands()) {
         std::string examples;
@@ -227,7 +227,7 @@ TEST(FlowTableTest, StandsInTheDocumentWhoseExamplesAreFlows) {
         commands += "| " + examples + " | " + command.purpose + optionsOf(command) + " |\n";
     }
     for (const std::string& rows : {commands, rowsOf(flowSettings()), rowsOf(selectorKeys())}) {
-        EXPECT_NE(document.find(rows), std::string::npos) << "flows/README.md lacks:\n" << rows;
+        EXPECT_NE(document.find(rows), std::string::npos) << "docs/write-a-flow.md lacks:\n" << rows;
     }
 }
 

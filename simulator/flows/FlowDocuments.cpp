@@ -55,6 +55,9 @@ Explanation explain(const std::string& message) {
         {"nested block mapping on the same line", "a text in which ': ' occurs must stand in quotes"},
         {"plain scalar cannot start", "a text that begins with this character must stand in quotes"},
         {"expected '-' indicator", "a command is expected here, begun with '- '"},
+        {"did not find expected key", "a setting is expected here; a line '---' parts settings and commands"},
+        {"invalid multiline plain key",
+         "a command begins with '- ', below the one before it; is a blank missing here?"},
     };
     for (const Explanation& explanation : explanations) {
         if (message.find(explanation.part) != std::string::npos) {

@@ -41,7 +41,11 @@ const FlowCommand* findCommand(const FlowValue& key) {
         }
         names.emplace_back(command.name);
     }
-    key.complain("unknown command '" + key.node().text + "'" + suggestion(key.node().text, names));
+    const std::string& text = key.node().text;
+    const std::string word = text.substr(0, text.find(' '));
+    const bool lacksColon = word != text && std::find(names.begin(), names.end(), word) != names.end();
+    key.complain(lacksColon ? "a ':' is missing behind '" + word + "'"
+                            : "unknown command '" + text + "'" + suggestion(text, names));
     return nullptr;
 }
 

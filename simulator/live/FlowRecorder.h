@@ -14,9 +14,9 @@ struct RecordedSettings {
 };
 
 /// Writes down what is done to a live phone, from its beginning, as a flow that ends in the same picture and the same
-/// links when it is played in virtual time (docs/write-a-flow.md). Owned by the phone, which tells it of everything that is
-/// done, of touches before the window hears of them. A flow that grows beyond all measure ends with a comment that says
-/// so.
+/// links when it is played in virtual time (docs/write-a-flow.md). Owned by the phone, which tells it of everything
+/// that is done, of touches before the window hears of them. A flow that grows beyond all measure ends with a comment
+/// that says so.
 class FlowRecorder {
 public:
     /// Everything from the beginning.

@@ -37,6 +37,10 @@ TEST(FlowReaderTest, ReportsWhatIsWrongWithItsPlace) {
         // Names.
         {"- tapon: Friends\n", "1:3: error: unknown command 'tapon'; did you mean tapOn?"},
         {"- launchApp\n- jump\n", "2:3: error: unknown command 'jump'"},
+        {"- tapOn Friends\n", "1:3: error: a ':' is missing behind 'tapOn'"},
+        {"name: x\n- launchApp\n", "2:1: error: a setting is expected here; a line '---' parts settings and commands"},
+        {"-launchApp\n- wait: 5\n",
+         "1:1: error: a command begins with '- ', below the one before it; is a blank missing here?"},
         {"- tapOn: {txt: Friends, id: a}\n", "1:11: error: unknown key 'txt'; did you mean text?"},
         {"nmae: x\n---\n- launchApp\n", "1:1: error: unknown key 'nmae'; did you mean name?"},
         {"- setStyle: Compact\n", "1:13: error: 'Compact' is not one of compact, expanded; did you mean compact?"},

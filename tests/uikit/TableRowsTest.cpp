@@ -122,28 +122,6 @@ TEST(TableRows, StandWithoutGapOrJumpHoweverTheyAreScrolled) {
     EXPECT_GT(kept, 1000);
 }
 
-TEST(TableRows, AreEstimatedAgainForAnotherWidthWhereTheOneAtTheTopEdgeStays) {
-    TableRows rows = tableOf({{5, 3, 2}, {5, 40, 2}});
-    TableWindow window{.height = 100};
-    settle(rows, window, [](NSIndexPath) { return 25; });
-    EXPECT_EQ(rows.averageHeight(), 25);
-    window.top = 102; // in the first row of the second section, which begins at 87: deeper than the estimate reaches
-    rows.forgetHeights(window);
-    EXPECT_EQ(rows.item({1, 0}), (TableItem{{1, 0}, 42, estimate, false}));
-    settle(rows, window, [](NSIndexPath) { return 30; });
-    EXPECT_EQ(rows.shown().front().path, (NSIndexPath{1, 0}));
-    EXPECT_EQ(rows.shown().front().top - window.top, 87 - 102);
-}
-
-TEST(TableRows, CountWhatIsBoundlesslyTallAsTheTallest) {
-    constexpr Pixels boundless = 1'000'000'000'000'000;
-    TableRows rows(estimate);
-    rows.addSection(boundless, 1, boundless);
-    TableWindow window{.top = TableRows::tallestItem, .height = 10};
-    EXPECT_TRUE(rows.layOut(window, [](NSIndexPath) { return boundless; }));
-    EXPECT_EQ(rows.height(), 3 * TableRows::tallestItem);
-}
-
 TEST(TableRows, EndALayoutThatIsNotAnsweredOrFindsTooMany) {
     TableRows rows = tableOf({{5, 1'000'000, 2}});
     TableWindow unanswered{.height = 100};

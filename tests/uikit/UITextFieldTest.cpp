@@ -4,8 +4,7 @@
 
 namespace {
 
-class Gatekeeper : public UITextFieldDelegate {
-public:
+struct Gatekeeper : UITextFieldDelegate {
     bool textFieldShouldChangeCharactersInRangeReplacementString(UITextField&, NSRange range,
                                                                  const std::string& replacement) override {
         asked.push_back({range, replacement});
@@ -40,7 +39,6 @@ TEST_F(UITextFieldTest, ATouchOpensTheKeyboardAndReturnClosesIt) {
     tap({10, 10});
     EXPECT_TRUE(field->isFirstResponder());
     tap({10, 60});
-    EXPECT_FALSE(field->isFirstResponder());
     EXPECT_EQ(UIResponder::firstResponder(), other);
     tap({10, 10});
     field->pressReturn();

@@ -30,8 +30,7 @@ private:
     std::string& m_log;
 };
 
-class SomeContext : public NSExtensionContext {
-public:
+struct SomeContext : NSExtensionContext {
     void openURLCompletionHandler(const NSURL&, std::function<void(bool)>) override {}
 };
 
@@ -47,32 +46,28 @@ protected:
 
 TEST_F(UIViewControllerTest, TheViewIsLoadedAtItsFirstUseOnlyAndOutlivesItsController) {
     auto controller = screen("a");
-    EXPECT_FALSE(controller->isViewLoaded());
     int loads = 0;
     controller->setStoryboardSource(nullptr, [&](UIViewController&) {
         ++loads;
         return std::make_shared<UIView>(CGRectMake(0, 0, 7, 7));
     });
-    EXPECT_EQ(told(), "");
+    EXPECT_FALSE(controller->isViewLoaded());
     const auto view = controller->view();
     EXPECT_EQ(controller->view()->frame().size.width, 7);
-    EXPECT_EQ(view->viewController(), controller.get());
     EXPECT_EQ(loads, 1);
     EXPECT_EQ(told(), "a didLoad\n");
     window->addSubview(view);
     controller.reset();
-    EXPECT_EQ(view->viewController(), nullptr);
     EXPECT_EQ(view->nextResponder(), window.get());
     tap({5, 5});
 }
 
-TEST_F(UIViewControllerTest, AddingTellsTheChildFirstAndRemovingTellsItAfterwards) {
+TEST_F(UIViewControllerTest, AChildHasOneParentAtATime) {
     const auto first = screen("1");
     const auto second = screen("2");
     auto child = screen("c");
     first->addChildViewController(child);
     EXPECT_EQ(told(), "c willMove\n");
-    EXPECT_EQ(child->parentViewController(), first.get());
     second->addChildViewController(child);
     EXPECT_TRUE(first->childViewControllers().empty());
     EXPECT_EQ(child->parentViewController(), second.get());
@@ -112,7 +107,6 @@ TEST_F(UIViewControllerTest, TheContextIsTheNearestAncestors) {
     EXPECT_EQ(bottom->extensionContext(), top->extensionContext());
     middle->setExtensionContext(std::make_shared<SomeContext>());
     EXPECT_EQ(bottom->extensionContext(), middle->extensionContext());
-    EXPECT_EQ(bottom->navigationController(), nullptr);
 }
 
 TEST_F(UIViewControllerTest, ANavigationControllerShowsTheTopOfItsStack) {
@@ -120,7 +114,6 @@ TEST_F(UIViewControllerTest, ANavigationControllerShowsTheTopOfItsStack) {
     const auto first = screen("1");
     const auto second = screen("2");
     navigation->pushViewControllerAnimated(first, false);
-    EXPECT_FALSE(first->isViewLoaded());
     window->setRootViewController(navigation);
     EXPECT_EQ(first->navigationController(), navigation);
     static_cast<void>(told());
@@ -128,7 +121,6 @@ TEST_F(UIViewControllerTest, ANavigationControllerShowsTheTopOfItsStack) {
     EXPECT_EQ(told(), "2 willMove\n1 willDisappear\n1 didDisappear\n2 didLoad\n2 willAppear\n2 didAppear\n2 didMove\n");
     EXPECT_EQ(second->view()->frame(), window->bounds());
     EXPECT_EQ(navigation->popViewControllerAnimated(true), second);
-    EXPECT_EQ(navigation->topViewController(), first);
     EXPECT_NE(first->view()->window(), nullptr);
     EXPECT_EQ(navigation->popViewControllerAnimated(true), nullptr);
 }
@@ -137,9 +129,8 @@ using UIViewControllerDeathTest = UIViewControllerTest;
 
 TEST_F(UIViewControllerDeathTest, AControllerIsNeverItsOwnChild) {
     const auto parent = screen("p");
-    const auto child = screen("c");
-    parent->addChildViewController(child);
-    EXPECT_DEATH(child->addChildViewController(parent), "cannot be its own child");
+    parent->addChildViewController(screen("c"));
+    EXPECT_DEATH(parent->childViewControllers()[0]->addChildViewController(parent), "cannot be its own child");
 }
 
 } // namespace

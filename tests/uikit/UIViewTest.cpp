@@ -22,7 +22,6 @@ TEST_F(UIViewTest, APointHitsTheTopmostViewThatCanBeTouched) {
     const auto below = add(CGRectMake(10, 10, 100, 100));
     const auto above = add(CGRectMake(50, 50, 100, 100));
     const auto inside = add(CGRectMake(10, 10, 20, 20), above);
-    EXPECT_EQ(hitAt(20, 20), below);
     EXPECT_EQ(hitAt(55, 55), above);
     EXPECT_EQ(hitAt(60, 60), inside);
     EXPECT_EQ(hitAt(300, 300), window);
@@ -38,16 +37,10 @@ TEST_F(UIViewTest, APointHitsTheTopmostViewThatCanBeTouched) {
     inside->setUserInteractionEnabled(true);
     inside->setFrame(CGRectMake(150, 0, 50, 50));
     EXPECT_EQ(hitAt(210, 60), window) << "drawn outside of its superview, but not reachable there";
-}
-
-TEST_F(UIViewTest, ScrolledContentIsHitWhereItIsSeen) {
-    const auto scrolled = add(CGRectMake(0, 100, 320, 100));
-    const auto row = add(CGRectMake(0, 500, 320, 20), scrolled);
-    scrolled->setBounds(CGRectMake(0, 490, 320, 100));
-    EXPECT_EQ(hitAt(5, 115), row);
-    EXPECT_EQ(row->convertPointToView({1, 2}, nullptr), (CGPoint{1, 112}));
-    EXPECT_EQ(row->convertPointFromView({1, 112}, window.get()), (CGPoint{1, 2}));
-    EXPECT_EQ(row->convertRectToView(row->bounds(), scrolled.get()), CGRectMake(0, 500, 320, 20));
+    above->setBounds(CGRectMake(140, -10, 100, 100));
+    EXPECT_EQ(hitAt(65, 65), inside) << "scrolled content is hit where it is seen";
+    EXPECT_EQ(inside->convertPointToView({1, 2}, nullptr), (CGPoint{61, 62}));
+    EXPECT_EQ(inside->convertPointFromView({61, 62}, window.get()), (CGPoint{1, 2}));
 }
 
 TEST_F(UIViewTest, AViewHasOneSuperviewAtATime) {
@@ -57,7 +50,6 @@ TEST_F(UIViewTest, AViewHasOneSuperviewAtATime) {
     second->insertSubviewAtIndex(child, 99);
     EXPECT_TRUE(first->subviews().empty());
     EXPECT_EQ(child->superview(), second.get());
-    EXPECT_EQ(child->window(), window.get());
     second->removeFromSuperview();
     second.reset();
     EXPECT_EQ(child->superview(), nullptr) << "it outlives its superview without one";
@@ -73,12 +65,12 @@ TEST_F(UIViewTest, AutoresizingSpreadsTheChangeOverTheFlexibleParts) {
                                  UIViewAutoresizingFlexibleTopMargin);
     const auto fixed = add(CGRectMake(1, 2, 3, 4), parent);
     parent->setFrame(CGRectMake(0, 0, 200, 140));
+    EXPECT_EQ(fixed->frame(), CGRectMake(1, 2, 3, 4));
     EXPECT_EQ(filling->frame(), CGRectMake(10, 10, 180, 120));
     EXPECT_EQ(centred->frame(), CGRectMake(90, 80, 20, 20));
-    EXPECT_EQ(fixed->frame(), CGRectMake(1, 2, 3, 4));
 }
 
-TEST_F(UIViewTest, AChangeDamagesWhatWasAndWhatIs) {
+TEST_F(UIViewTest, AChangeDamagesWhatIsSeenOfIt) {
     const auto view = add(CGRectMake(10, 10, 20, 20));
     const auto child = add(CGRectMake(10, 10, 20, 20), view);
     static_cast<void>(damage());
@@ -86,19 +78,14 @@ TEST_F(UIViewTest, AChangeDamagesWhatWasAndWhatIs) {
     EXPECT_EQ(damage(), CGRectMake(10, 10, 70, 30));
     view->setFrame(CGRectMake(50, 10, 20, 20));
     EXPECT_TRUE(damage().isEmpty());
-    child->setAlpha(0);
-    EXPECT_EQ(damage(), CGRectMake(60, 20, 20, 20));
-    child->setBackgroundColor(UIColor::blackColor());
-    EXPECT_TRUE(damage().isEmpty()) << "nobody sees it";
-    child->setAlpha(1);
     view->setClipsToBounds(true);
     static_cast<void>(damage());
     child->setNeedsDisplay();
     EXPECT_EQ(damage(), CGRectMake(60, 20, 10, 10)) << "clipped where views clip";
     view->setHidden(true);
     EXPECT_EQ(damage(), CGRectMake(50, 10, 20, 20));
-    view->setBackgroundColor(UIColor::blackColor());
-    EXPECT_TRUE(damage().isEmpty());
+    child->setBackgroundColor(UIColor::blackColor());
+    EXPECT_TRUE(damage().isEmpty()) << "nobody sees it";
 }
 
 TEST_F(UIViewTest, AShadowIsDamagedWithWhatCastsIt) {
@@ -117,12 +104,9 @@ TEST_F(UIViewTest, AShadowIsDamagedWithWhatCastsIt) {
 
 using UIViewDeathTest = UIViewTest;
 
-TEST_F(UIViewDeathTest, AViewIsNeverInsideItself) {
+TEST_F(UIViewDeathTest, AViewIsNeverInsideItselfAndItsShadowNeverBlurred) {
     const auto child = add(CGRect{});
     EXPECT_DEATH(child->addSubview(window), "cannot be added to itself");
-}
-
-TEST_F(UIViewDeathTest, AShadowIsNeverBlurred) {
     EXPECT_DEATH(window->layer()->setShadowRadius(3), "its radius cannot be 3");
 }
 

@@ -3,7 +3,6 @@
 #include "tests/support/OutputCapture.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <iostream>
 #include <unistd.h>
 
@@ -17,33 +16,21 @@ void flushAll() {
     std::fflush(nullptr);
 }
 
-int openUnlinkedFile() {
-    std::string name = "/tmp/captured-output-XXXXXX";
-    const int file = mkstemp(name.data());
-    if (file < 0) {
-        std::perror("captured output");
-        std::abort();
-    }
-    unlink(name.c_str());
-    return file;
-}
-
 } // namespace
 
 void OutputCapture::begin() {
     flushAll();
-    m_file = openUnlinkedFile();
+    m_file = std::tmpfile();
     m_taken = 0;
     m_saved = dup(m_descriptor);
-    dup2(m_file, m_descriptor);
+    dup2(fileno(m_file), m_descriptor);
 }
 
 std::string OutputCapture::end() {
     std::string rest = take();
     dup2(m_saved, m_descriptor);
     close(m_saved);
-    close(m_file);
-    m_file = -1;
+    std::fclose(m_file);
     return rest;
 }
 
@@ -52,7 +39,7 @@ std::string OutputCapture::take() {
     std::string text;
     char buffer[4096];
     ssize_t count = 0;
-    while ((count = pread(m_file, buffer, sizeof buffer, m_taken)) > 0) {
+    while ((count = pread(fileno(m_file), buffer, sizeof buffer, m_taken)) > 0) {
         text.append(buffer, static_cast<std::size_t>(count));
         m_taken += count;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <string>
 
 namespace support {
@@ -18,7 +19,7 @@ public:
 private:
     int m_descriptor;
     int m_saved = -1;
-    int m_file = -1;
+    std::FILE* m_file = nullptr;
     long m_taken = 0;
 };
 

@@ -21,8 +21,6 @@ public:
 const ModeSection section("S", {});
 const ModeItem item("I", "T", "never sent", true);
 
-const std::string base = "https://truths-and-dares.example/Category?mainCategory=";
-
 std::string linkOf(CurrentOption option, const ModeSection& inSection, const ModeItem& forItem) {
     const std::optional<NSURL> link = launchLink(option, inSection, forItem);
     return link ? link->absoluteString() : "none";
@@ -30,36 +28,25 @@ std::string linkOf(CurrentOption option, const ModeSection& inSection, const Mod
 
 } // namespace
 
-TEST(LaunchLink, NamesTheOptionAsItStands) {
-    const std::pair<CurrentOption, const char*> cases[] = {
-        {CurrentOption::Adult_18_Plus, "Adult%20(18+)"},
-        {CurrentOption::Family, "Family"},
-        {CurrentOption::IsItCheating, "Is%20It%20Cheating?"},
-        {CurrentOption::WhoIsMostLikely, "Who%E2%80%99s%20Most%20Likely"},
+TEST(LaunchLink, NamesOptionSectionItemAndIconAsTheyStand) {
+    const struct {
+        CurrentOption option;
+        std::string section;
+        std::string title;
+        std::optional<std::string> icon;
+        const char* written;
+    } cases[] = {
+        {CurrentOption::Adult_18_Plus, "S", "T", "I", "Adult%20(18+)&sectionCategory=S&sectionItem=T&icon=I"},
+        {CurrentOption::IsItCheating, "", "", "", "Is%20It%20Cheating?&sectionCategory=&sectionItem=&icon="},
+        {CurrentOption::WhoIsMostLikely, "Truth & Dare", "= 1+1 #%", std::nullopt,
+         "Who%E2%80%99s%20Most%20Likely&sectionCategory=Truth%20%26%20Dare&sectionItem=%3D%201+1%20%23%25&icon"},
+        {CurrentOption::Family, "a/b?c:d@e!$'()*,;-._~", "Who’s é😀", "a\0b"s,
+         "Family&sectionCategory=a/b?c:d@e!$'()*,;-._~&sectionItem=Who%E2%80%99s%20%C3%A9%F0%9F%98%80&icon=a%00b"},
     };
-    for (const auto& [option, written] : cases) {
-        EXPECT_EQ(linkOf(option, section, item), base + written + "&sectionCategory=S&sectionItem=T&icon=I");
+    for (const auto& [option, title, itemTitle, icon, written] : cases) {
+        EXPECT_EQ(linkOf(option, ModeSection(title, {}), ModeItem(icon, itemTitle, "never sent", true)),
+                  std::string("https://truths-and-dares.example/Category?mainCategory=") + written);
     }
-}
-
-TEST(LaunchLink, EncodesTexts) {
-    const std::pair<std::string, const char*> cases[] = {
-        {"", ""},
-        {"Truth & Dare = 1+1 #%", "Truth%20%26%20Dare%20%3D%201+1%20%23%25"},
-        {"a/b?c:d@e!$'()*,;-._~", "a/b?c:d@e!$'()*,;-._~"},
-        {"Who’s é😀", "Who%E2%80%99s%20%C3%A9%F0%9F%98%80"},
-        {"a\0b"s, "a%00b"},
-    };
-    for (const auto& [text, written] : cases) {
-        EXPECT_EQ(linkOf(CurrentOption::Couple, ModeSection(text, {}), ModeItem(text, text, "", false)),
-                  base + "Couple&sectionCategory=" + written + "&sectionItem=" + written + "&icon=" + written)
-            << text;
-    }
-}
-
-TEST(LaunchLink, WritesABareNameForAMissingIcon) {
-    const ModeItem bare(std::nullopt, "T", "", false);
-    EXPECT_EQ(linkOf(CurrentOption::Family, section, bare), base + "Family&sectionCategory=S&sectionItem=T&icon");
 }
 
 TEST(LaunchLink, GoesToTheContextOfTheNearestAncestorAtEveryTap) {

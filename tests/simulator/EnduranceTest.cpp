@@ -39,7 +39,9 @@ TEST_F(EnduranceTest, AThousandActivationsLeaveOneScreenAndNoMemoryBehind) {
     if (countsMemory) {
         EXPECT_LT(mallinfo2().uordblks, settled + (std::size_t{1} << 20)) << "grew over 800 activations";
     }
+    const std::weak_ptr<UIViewController> controller = host->controller();
     host->close();
+    EXPECT_TRUE(controller.expired());
     EXPECT_TRUE(screens.back().expired());
 }
 

@@ -29,6 +29,21 @@ TEST(UIBezierPathTest, DrawsItsPiecesInOrderWithItsStyleAndTheCurrentColor) {
                              "stroke path(M 1 2 Q 3 4, 5 6 L 7 8) rgba(0 0 1 1) width 40 join round cap round\n");
 }
 
+TEST(UIColorTest, ResolvesInTheAppearanceAndIsSetForTheInnermostDrawing) {
+    const auto label = UIColor::systemColorNamed("labelColor");
+    EXPECT_EQ(label->components(), (RGBA{0, 0, 0, 1}));
+    RecordingCanvas canvas;
+    const DrawingContext outer(canvas, UIUserInterfaceStyle::light);
+    {
+        const DrawingContext inner(canvas, UIUserInterfaceStyle::dark);
+        label->set();
+        EXPECT_EQ(inner.color(), (RGBA{1, 1, 1, 1}));
+    }
+    EXPECT_EQ(DrawingContext::current(), &outer);
+    EXPECT_EQ(outer.color(), (RGBA{0, 0, 0, 1}));
+    EXPECT_EQ(UIColor::systemColorNamed("systemPlaidColor"), nullptr);
+}
+
 TEST(CGPathTest, KnowsWhetherItIsARoundedRectangleAndWhetherItHasBounds) {
     CGPath path = CGPath::withRoundedRect(CGRectMake(0, 0, 100, 20), 50);
     EXPECT_EQ(path.asRectangle()->radius, 10) << "half its shorter side at most";

@@ -215,11 +215,6 @@ const std::vector<Screen> screens{
         a.top = root.top; b.top = root.top; c.top = root.top
         a.bottom = root.bottom; b.height = 0.5 * a.height; c.height = 0.5 * b.height + 3)",
      {{"a", "10 0 96.667 100"}, {"b", "111.667 0 96.667 50"}, {"c", "213.333 0 96.667 28"}}},
-    {"AspectRatioTiesTheAxesAndCentreFollows",
-     R"(item root frame 20 40 200 100; item image
-        image.centerX = root.centerX; image.centerY = root.centerY
-        image.height = 0.8 * root.height; image.width = 1.5 * image.height)",
-     {{"image", "60 50 120 80"}}},
     {"FixedFramesNestInTheirParents",
      R"(item window frame 0 0 320 480; item panel in window frame 10 20 100 200
         item button in panel frame 5 6 30 40; item hint
@@ -232,29 +227,16 @@ const std::vector<Screen> screens{
         detail.left = title.right; detail.firstBaseline = title.lastBaseline
         icon.left = detail.right; icon.lastBaseline = title.firstBaseline)",
      {{"detail", "80 22 40 16"}, {"icon", "120 0 20 20"}}},
-    {"InequalitiesLimitWhatLowerPrioritiesWant",
-     R"(item root frame 0 0 600 100; item column
-        column.centerX = root.centerX; column.width <= 400; column.width = root.width @999
-        column.top = root.top; column.bottom <= root.bottom - 20; column.height = 500 @10)",
-     {{"column", "100 0 400 80"}}},
     {"LabelThatHugsLessTakesTheRoomLeftOver",
      labelRow("300", "hug 250", "hug 251"),
      {{"a", "0 0 230 20"}, {"b", "240 0 60 20"}}},
-    {"LabelThatResistsLessIsCompressed",
-     labelRow("120", "resist 749", "resist 750"),
-     {{"a", "0 0 50 20"}, {"b", "60 0 60 20"}}},
     {"CompressionStopsAtZeroAndThenTheOtherLabelGives",
      labelRow("40", "resist 749", "resist 750"),
      {{"a", "0 0 0 20"}, {"b", "10 0 30 20"}}},
     {"EqualLabelsAreAmbiguousInWidthButNotInHeight", labelRow("300", "", ""), {}, {"a: width", "b: x width"}},
-    {"EqualLabelsThatFitExactlyAreNotAmbiguous", labelRow("170", "", ""), {{"a", "0 0 100 20"}}},
     {"HigherPriorityIsNeverGivenUpForManyLowerOnes",
      "item a; a.left = 0; a.top = 0; a.height = 1; a.width = 10 @501;" + repeated("a.width = 90 @500;", 50),
      {{"a", "0 0 10 1"}}},
-    {"WithinOnePriorityTheSumOfViolationsIsLeast",
-     R"(item a; a.left = 0; a.top = 0; a.height = 1
-        a.width = 10 @500; a.width = 40 @500; a.width = 90 @500; a.width = 60 @400)",
-     {{"a", "0 0 40 1"}}},
     {"LowerPriorityDecidesWhatHigherOnesLeaveOpen",
      R"(item a; a.left = 0; a.top = 0; a.height = 1
         a.width = 10 @500; a.width = 90 @500; a.width = 60 @400; a.width = 70 @300)",
@@ -264,22 +246,11 @@ const std::vector<Screen> screens{
         a.left = 10; a.right = root.right - 10; a.width = 50)",
      {{"a", "10 0 300 20"}},
      {"a.width = 50" + contradicts + "root frame, a.left = 10, a.right = root.right - 10"}},
-    {"ContradictingInequalityIsLeftOutAndTheRestStillHolds",
-     R"(item root frame 0 0 320 100; item a; item b
-        a.top = root.top; a.height >= 20; a.left = root.left; a.width >= 200
-        b.left >= a.right + 50; b.width >= 100; b.right <= root.right; b.top = root.top; b.height = a.height
-        a.height = 30 @500; a.width = 0 @400; b.width = 120 @300; b.left = a.right @200)",
-     {{"a", "0 0 200 30"}, {"b", "250 0 120 30"}},
-     {"b.right <= root.right" + contradicts +
-      "root frame, a.left = root.left, a.width >= 200, b.left >= a.right + 50, b.width >= 100"}},
     {"ConstraintThatMakesASizeNegativeIsTheOneLeftOut",
      R"(item root frame 0 0 30 100; item a; a.top = root.top; a.bottom = root.bottom
         a.left = root.left + 20; a.right = root.right - 20)",
      {{"a", "20 0 0 100"}},
      {"a.right = root.right - 20" + contradicts + "root frame, a width >= 0, a.left = root.left + 20", "a: width"}},
-    {"RepeatedConstraintIsNoConflict",
-     "item a; a.left = 1; a.left = 1; a.top = 2; a.width = 3; a.width >= 3; a.width <= 3; a.height = 4",
-     {{"a", "1 2 3 4"}}},
     {"UndeterminedAttributesAreNamed",
      R"(item root frame 10 20 320 100; item placed in root size 40 20; item sized in root; item between in root
         placed.centerX = root.centerX
@@ -292,10 +263,6 @@ const std::vector<Screen> screens{
      "item a; a.right = 100; a.top = 3; a.height = 4; item b frame 0 0 -5 7",
      {{"a", "100 3 0 4"}, {"b", "0 0 0 7"}},
      {"a: x width"}},
-    {"InequalitiesThatLeaveOnePointAreNoAmbiguity",
-     R"(item a; item b; a.top = 0; a.height = 1; b.top = 0; b.height = 1
-        a.left >= 10; b.left >= a.right; b.right <= 30; a.width >= 12; b.width >= 8)",
-     {{"a", "10 0 12 1"}, {"b", "22 0 8 1"}}},
     {"LongListOfLabels", labels(200, Below::oneAnother), {{"r10", "16 244 120 20"}, {"r199", "16 4780 288 20"}}},
     {"NamesOfNothingAreReportedAndIgnored",
      "item a frame 1 2 3 4; ghost.left = 5; a.left = ghost.right; a.depth = 6",

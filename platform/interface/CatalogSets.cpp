@@ -2,9 +2,11 @@
 
 #include "platform/foundation/FileReading.h"
 #include "platform/interface/ElementReader.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <algorithm>
 #include <charconv>
+#include <map>
 
 namespace {
 
@@ -115,21 +117,24 @@ int scaleOf(JSONValue entry) {
     return scale == "3x" ? 3 : scale == "2x" ? 2 : 1;
 }
 
-/// What is drawn on a phone, whatever the appearance: the files that entries name for it, else those for any device.
-/// Slots may be empty.
+/// What is drawn on a phone, whatever the appearance: files that entries name for it rather than those for any device,
+/// and among them those for the direction of its language. Slots may be empty.
 std::vector<ImageFile> filesFor(JSONValue images, const std::filesystem::path& folder) {
-    std::vector<ImageFile> forPhone;
-    std::vector<ImageFile> forAny;
+    const bool isRightToLeft =
+        UIScreen::mainScreen().userInterfaceLayoutDirection() == UIUserInterfaceLayoutDirection::rightToLeft;
+    std::map<int, std::vector<ImageFile>> byFitness;
     for (const JSONValue entry : images.elements()) {
         const std::string_view idiom = textAt(entry, "idiom");
         const std::string_view name = textAt(entry, "filename");
         if (!name.empty() && !entry.find("appearances") && (idiom == "iphone" || idiom == "universal")) {
-            std::vector<ImageFile>& files = idiom == "iphone" ? forPhone : forAny;
+            const std::string_view direction = textAt(entry, "language-direction");
+            const bool fits = direction == (isRightToLeft ? "right-to-left" : "left-to-right");
+            std::vector<ImageFile>& files = byFitness[(idiom == "iphone" ? 2 : 0) + (fits ? 1 : 0)];
             const std::vector<ImageFile> drawn = imageFilesOf(folder, name, scaleOf(entry));
             files.insert(files.end(), drawn.begin(), drawn.end());
         }
     }
-    return forPhone.empty() ? forAny : forPhone;
+    return byFitness.empty() ? std::vector<ImageFile>() : byFitness.rbegin()->second;
 }
 
 } // namespace

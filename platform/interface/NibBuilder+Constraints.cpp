@@ -78,6 +78,13 @@ bool isInside(const LayoutEnd& end, const UIView& owner) {
     return !view || view.get() == &owner || view->isDescendantOfView(owner);
 }
 
+/// On a phone whose language runs from right to left, one of the two would change its side.
+bool mixDirections(const LayoutEnd& one, const LayoutEnd& other) {
+    using enum LayoutAttribute;
+    return (one.attribute == leading || one.attribute == trailing) &&
+           (other.attribute == left || other.attribute == right);
+}
+
 /// The identifier, label or id that the file gives, with file and line.
 std::string identifierOf(const InterfaceElement& element, const std::string& path) {
     std::string identifier(element.id());
@@ -125,6 +132,10 @@ std::shared_ptr<NSLayoutConstraint> NibBuilder::makeConstraint(const InterfaceEl
     }
     if (!isInside(*first, *owner) || !isInside(*second, *owner)) {
         m_reader.error(element, "the constraint reaches outside the view that holds it");
+        return nullptr;
+    }
+    if (mixDirections(*first, *second) || mixDirections(*second, *first)) {
+        m_reader.error(element, "an edge that follows the language is tied to left or right, which the phone refuses");
         return nullptr;
     }
     const auto constraint = std::make_shared<NSLayoutConstraint>(*first, *relation, *second, multiplier, constant);

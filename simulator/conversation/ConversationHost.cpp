@@ -48,6 +48,7 @@ ConversationHost::ConversationHost(Device device, const std::vector<std::string>
     }
     UIScreen::mainScreen().configure(m_device.size, m_device.scale);
     UIScreen::mainScreen().setContentSizeCategory(m_device.textSize);
+    UIScreen::mainScreen().setUserInterfaceLayoutDirection(m_device.direction);
     m_window = std::make_shared<UIWindow>(m_device.compactFrame());
 }
 

@@ -3,6 +3,7 @@
 #include "platform/foundation/Geometry.h"
 #include "platform/foundation/Result.h"
 #include "platform/graphics/UIFont.h"
+#include "platform/uikit/window/UIScreen.h"
 
 #include <string>
 #include <vector>
@@ -13,7 +14,8 @@ struct Device {
     CGSize size; // points, upright
     int scale = 1;
     UIEdgeInsets safeArea;
-    UIContentSizeCategory textSize = UIContentSizeCategory::large; // that its reader wants
+    UIContentSizeCategory textSize = UIContentSizeCategory::large;                          // that its reader wants
+    UIUserInterfaceLayoutDirection direction = UIUserInterfaceLayoutDirection::leftToRight; // of its language
 
     /// The part of the screen that an extension gets in each presentation, in screen coordinates.
     [[nodiscard]] CGRect compactFrame() const;

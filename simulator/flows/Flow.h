@@ -27,6 +27,7 @@ struct Flow {
     std::string name;
     std::string device;                              // empty: the one the command line names
     std::string scene;                               // a developer scene in the extension's stead; empty: none
+    bool rightToLeft = false;                        // the direction of the phone's language
     std::vector<std::string> participants{"A", "B"}; // the other people in the conversation, in the host's order
     std::vector<ResourceOverride> overrides;
     FlowSteps steps;

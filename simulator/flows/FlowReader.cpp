@@ -18,6 +18,7 @@ void takeSettings(const FlowValue& settings, Flow& flow) {
     flow.name = settings.find("name", &FlowValue::text).value_or(flow.name);
     flow.participants = settings.find("participants", &FlowValue::texts).value_or(flow.participants);
     flow.device = settings.find("device", &FlowValue::text).value_or("");
+    flow.rightToLeft = settings.find("direction").has_value();
     flow.scene = settings.find("scene", &FlowValue::text).value_or("");
     if (const auto removed = settings.find("withoutResource")) {
         for (const FlowValue& name : removed->list()) {

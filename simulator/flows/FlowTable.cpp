@@ -80,6 +80,7 @@ const FlowKeys& flowSettings() {
         {"tags", {FlowType::texts}, "for readers"},
         {"appId", {FlowType::name}, "for other tools"},
         {"device", {FlowType::device}, "se, 8, 8plus, 15, 15max, or a size such as 390x844@3"},
+        {"direction", {FlowType::word, {"rightToLeft"}}, "of the phone's language, which else runs from left to right"},
         {"participants", {FlowType::texts}, "the other people, in the host's order; [A, B] when it is left out"},
         {"withoutResource", {FlowType::texts}, "files of the bundle that the extension does not find"},
         {"resource", {FlowType::resources}, "a file beside the flow in place of one of the bundle"},

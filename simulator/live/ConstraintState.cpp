@@ -69,10 +69,13 @@ CGFloat valueOf(const LayoutEnd& end) {
     if (const std::optional<CGFloat> baseline = baselineOf(*view, end.attribute)) {
         return frame.minY() + *baseline;
     }
-    const auto [axis, positions, sizes] = measureOf(end.attribute);
+    const LayoutAttribute attribute = onThisPhone(end.attribute);
+    const auto [axis, positions, sizes] = measureOf(attribute);
     const bool isHorizontal = axis == LayoutAxis::horizontal;
-    return positions * (isHorizontal ? frame.minX() : frame.minY()) +
-           sizes * (isHorizontal ? frame.size.width : frame.size.height) + guideOffset(*view, end);
+    const CGFloat value = positions * (isHorizontal ? frame.minX() : frame.minY()) +
+                          sizes * (isHorizontal ? frame.size.width : frame.size.height) +
+                          guideOffset(*view, end.guide, attribute);
+    return attribute == end.attribute ? value : -value;
 }
 
 } // namespace

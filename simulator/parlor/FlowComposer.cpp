@@ -51,7 +51,7 @@ void FlowComposer::add(const std::string& commands) {
 void FlowComposer::choose(const std::string& group) {
     if (group != rawValue(CurrentOption::Adult_18_Plus)) {
         openDropdown();
-        add("- tapOn: \"" + group + "\"\n");
+        add("- scrollUntilVisible: \"" + group + "\"\n- tapOn: \"" + group + "\"\n"); // a low screen shows two of them
     }
 }
 

@@ -59,6 +59,9 @@ std::vector<Scene> allScenes(const GalleryOptions& options) {
         add("Text size " + size).textSize = size;
     }
     add("Five scripts").content = scriptsList();
+    Shot& rightToLeft = add("Right to left");
+    rightToLeft.content = scriptsList();
+    rightToLeft.rightToLeft = true;
     add("After a tap on a mode").tapFirst = true;
     return scenes;
 }
@@ -186,6 +189,9 @@ CommandResult takeInOwnProcesses(const std::vector<Sheet>& sheets, const Gallery
         if (options.content) {
             arguments.insert(arguments.end(), {"--content", *options.content});
         }
+        if (options.rightToLeft) {
+            arguments.emplace_back("--right-to-left");
+        }
         argumentLists.push_back(std::move(arguments));
     }
     return runInOwnProcesses(argumentLists);
@@ -213,6 +219,7 @@ CommandResult takeAll(const GalleryOptions& options, const std::vector<Device>& 
     return withBundle(options, [&](const PreparedBundle&) -> CommandResult {
         CommandResult result = takeInOwnProcesses(sheets, options);
         if (!result || !result.value().empty()) {
+            folder.withdraw();
             return result;
         }
         if (const std::optional<Failure> failure = folder.savePage(pageFor(devices, sheets))) {

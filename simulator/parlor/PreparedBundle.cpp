@@ -20,6 +20,7 @@ void addBundleOptions(CLI::App& command, BundleOptions& options) {
                     "The reader's text size, from xSmall over large (default) to xxxLarge, accessibility1 to 3")
         ->check(CLI::IsMember(textSizeNames()))
         ->option_text("SIZE");
+    command.add_flag("--right-to-left", options.rightToLeft, "On a phone whose language runs from right to left");
 }
 
 void addDeviceOption(CLI::App& command, BundleOptions& options) {
@@ -54,6 +55,7 @@ std::optional<Failure> PreparedBundle::fitTo(const BundleOptions& options) {
         device = named.value();
     }
     textSize = textSizeNamed(options.textSize);
+    rightToLeft = options.rightToLeft;
     if (options.content) {
         overrides = {{groupFor(*options.content) + ".json", options.content}};
     }
@@ -69,6 +71,9 @@ void PreparedBundle::openFor(const Flow& flow) const {
 Device PreparedBundle::deviceFor(const Flow& flow) const {
     Device shown = device ? *device : deviceNamed(flow.device.empty() ? "15" : flow.device).value();
     shown.textSize = textSize;
+    if (rightToLeft || flow.rightToLeft) {
+        shown.direction = UIUserInterfaceLayoutDirection::rightToLeft;
+    }
     return shown;
 }
 

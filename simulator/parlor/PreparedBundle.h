@@ -11,6 +11,7 @@ struct BundleOptions {
     std::string device;                 // empty: each flow's own, or 15
     std::optional<std::string> content; // a content file to show
     std::string textSize = "large";     // that the reader has set
+    bool rightToLeft = false;           // the direction of the phone's language, or else the flow's own
 };
 
 /// The bundle that a command's flows are played on, perhaps with a content file of somebody's own. Made by
@@ -19,17 +20,18 @@ struct PreparedBundle {
     std::filesystem::path folder;
     std::optional<Device> device; // of the command line; then it stands in for a flow's own
     UIContentSizeCategory textSize = UIContentSizeCategory::large;
+    bool rightToLeft = false;
     std::vector<ResourceOverride> overrides; // for every flow
     BundleFindings findings;
 
-    /// Takes device, text size and content file from the options; why that cannot be, else.
+    /// Takes all but the folder from the options; why that cannot be, else.
     [[nodiscard]] std::optional<Failure> fitTo(const BundleOptions& options);
     /// Makes it the main bundle, as the flow wants it.
     void openFor(const Flow& flow) const;
     [[nodiscard]] Device deviceFor(const Flow& flow) const;
 };
 
-/// Adds --bundle, --content and --text-size.
+/// Adds --bundle, --content, --text-size and --right-to-left.
 void addBundleOptions(CLI::App& command, BundleOptions& options);
 /// Adds --device.
 void addDeviceOption(CLI::App& command, BundleOptions& options);

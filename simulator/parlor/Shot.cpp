@@ -87,6 +87,7 @@ std::string Shot::commandLine(const std::string& file) const {
     add("--group", group.value_or(""), group.has_value() && group != groupFor(content.value_or("")));
     add("--dark", "", dark);
     add("--text-size", textSize, textSize != usual.textSize);
+    add("--right-to-left", "", rightToLeft);
     add("--style", style, style != usual.style);
     add("--open-dropdown", "", openDropdown);
     add("--scroll", scroll, scroll != usual.scroll);

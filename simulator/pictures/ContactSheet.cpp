@@ -10,7 +10,7 @@ namespace {
 
 constexpr int gap = 24;
 constexpr int captionHeight = 28;
-constexpr int columns = 5;
+constexpr int columns = 4;
 
 void copyInto(Bitmap& sheet, const Bitmap& picture, int left, int top) {
     for (int y = 0; y < picture.height(); ++y) {

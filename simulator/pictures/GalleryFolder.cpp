@@ -43,6 +43,9 @@ std::optional<Failure> GalleryFolder::claim(const std::vector<std::string>& name
         if (std::optional<Failure> failure = refusal(name)) {
             return failure;
         }
+        if (!std::filesystem::exists(m_folder / name, error)) {
+            m_added.insert(name);
+        }
     }
     return std::nullopt;
 }
@@ -54,6 +57,13 @@ std::optional<Failure> GalleryFolder::refusal(const std::string& name) const {
         return std::nullopt;
     }
     return Failure{(m_folder / name).string() + " is not of an earlier gallery; --force overwrites it"};
+}
+
+void GalleryFolder::withdraw() const {
+    for (const std::string& name : m_added) {
+        std::error_code error; // one that stays does no harm
+        std::filesystem::remove(m_folder / name, error);
+    }
 }
 
 std::optional<Failure> GalleryFolder::savePage(const std::string& html) const {

@@ -1,5 +1,6 @@
 #include "platform/graphics/UIColor.h"
 #include "platform/graphics/UIImage.h"
+#include "platform/uikit/window/UIScreen.h"
 #include "tests/support/InterfaceBundle.h"
 
 #include <map>
@@ -73,6 +74,10 @@ TEST_F(Catalogue, ChoosesFilesByIdiomScaleAndAppearance) {
     ASSERT_TRUE(photo);
     EXPECT_EQ(withoutFolder(photo->fileForScale(1)->path), "Assets.xcassets/photo.imageset/phone.png");
     EXPECT_EQ(photo->fileForScale(1)->scale, 3);
+    UIScreen::mainScreen().setUserInterfaceLayoutDirection(UIUserInterfaceLayoutDirection::rightToLeft);
+    writeImage("back", R"({"idiom":"universal","filename":"a.png","language-direction":"left-to-right"},
+        {"idiom":"universal","filename":"b.png","language-direction":"right-to-left"})");
+    EXPECT_EQ(withoutFolder(UIImage::imageNamed("back")->fileForScale(1)->path), "Assets.xcassets/back.imageset/b.png");
 }
 
 TEST_F(Catalogue, HasNoImageForEmptySlotsAndNamesThatLeadElsewhereAndLooksIntoGroups) {

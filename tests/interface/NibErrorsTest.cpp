@@ -89,6 +89,7 @@ TEST_F(NibErrors, NameConstraintsThatMakeNoSense) {
 <constraint firstItem="x" firstAttribute="width"/> => <constraint>: firstItem: no object has the id "x"
 <constraint firstItem="w" firstAttribute="top" secondItem="other" secondAttribute="top"/> => <constraint>: the constraint reaches outside the view that holds it
 <constraint firstItem="other" firstAttribute="width"/> => <constraint>: the constraint reaches outside the view that holds it
+<constraint firstItem="w" firstAttribute="right" secondItem="v" secondAttribute="trailing"/> => <constraint>: an edge that follows the language is tied to left or right, which the phone refuses
 <constraint firstAttribute="width" relation="atLeast"/> => <constraint>: relation is "atLeast", one of equal, lessThanOrEqual, greaterThanOrEqual is expected
 <constraint firstAttribute="width" multiplier="1:0"/> => <constraint>: multiplier is "1:0", a number or a ratio is expected
 <constraint firstAttribute="width" priority="1001" id="k"/> => <constraint id="k">: priority is 1001, 1 to 1000 is expected

@@ -55,6 +55,15 @@ TEST_F(GalleryFolderTest, RemovesThePicturesThatOnlyItsEarlierPageShows) {
     EXPECT_TRUE(has("c.png") && std::filesystem::exists(outside));
 }
 
+TEST_F(GalleryFolderTest, TakesBackWhatAGalleryThatFailedHasAdded) {
+    EXPECT_TRUE(makeGallery({"a.png"}));
+    GalleryFolder failed(folder.path(), Overwriting::own);
+    EXPECT_FALSE(failed.claim({"a.png", "b.png"}));
+    folder.write("b.png", "a picture");
+    failed.withdraw();
+    EXPECT_TRUE(has("a.png") && has("index.html") && !has("b.png"));
+}
+
 TEST_F(GalleryFolderTest, NamesAFolderThatCannotBe) {
     folder.write("file", "");
     const std::optional<Failure> failure = GalleryFolder(folder.path() / "file" / "in it", Overwriting::own).claim({});

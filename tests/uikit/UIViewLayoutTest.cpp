@@ -64,6 +64,23 @@ TEST_F(UIViewLayoutTest, ViewsFollowEdgesMarginsAndSafeArea) {
     EXPECT_EQ(safe->frame(), page->bounds());
 }
 
+TEST_F(UIViewLayoutTest, LeadingEdgesStandWhereTheLanguageBegins) {
+    UIScreen::mainScreen().setUserInterfaceLayoutDirection(UIUserInterfaceLayoutDirection::rightToLeft);
+    window->setWindowSafeAreaInsets({0, 10, 0, 30});
+    const View box = addConstrained();
+    tie(box, {leading}, window, 16, LayoutGuide::safeArea);
+    const auto end = std::make_shared<NSLayoutConstraint>(LayoutEnd{box, LayoutGuide::view, trailing},
+                                                          LayoutRelation::greaterThanOrEqual,
+                                                          LayoutEnd{window, LayoutGuide::safeArea, trailing}, 1, -210);
+    end->activate();
+    tie(box, {top}, window);
+    fix(box, height, 20);
+    const auto narrow = fix(box, width, 0); // as far as the others let it
+    narrow->setPriority(100);
+    EXPECT_EQ(laidOut(box), CGRectMake(220, 0, 54, 20));
+    UIScreen::mainScreen().setUserInterfaceLayoutDirection(UIUserInterfaceLayoutDirection::leftToRight);
+}
+
 TEST_F(UIViewLayoutTest, ATextThatWrapsPushesWhatIsBelow) {
     const auto label = addConstrained<UILabel>();
     label->setNumberOfLines(0);

@@ -160,6 +160,10 @@ TextRequest UILabel::textRequest(std::optional<CGFloat> width) const {
         request.alignment = style->alignment;
         request.lineSpacing = style->lineSpacing;
     }
+    const UIUserInterfaceLayoutDirection direction = UIScreen::mainScreen().userInterfaceLayoutDirection();
+    if (request.alignment == NSTextAlignment::natural && direction == UIUserInterfaceLayoutDirection::rightToLeft) {
+        request.alignment = NSTextAlignment::right;
+    }
     return request;
 }
 

@@ -26,13 +26,13 @@ UIEdgeInsets sum(const UIEdgeInsets& one, const UIEdgeInsets& other) {
 
 } // namespace
 
-CGFloat guideOffset(const UIView& view, const LayoutEnd& end) {
-    if (end.guide == LayoutGuide::view || isBaseline(end.attribute)) {
+CGFloat guideOffset(const UIView& view, LayoutGuide guide, LayoutAttribute attribute) {
+    if (guide == LayoutGuide::view || isBaseline(attribute)) {
         return 0;
     }
     const UIEdgeInsets safe = view.safeAreaInsets();
-    const UIEdgeInsets insets = end.guide == LayoutGuide::safeArea ? safe : sum(view.layoutMargins(), safe);
-    const auto [axis, positions, sizes] = measureOf(end.attribute);
+    const UIEdgeInsets insets = guide == LayoutGuide::safeArea ? safe : sum(view.layoutMargins(), safe);
+    const auto [axis, positions, sizes] = measureOf(attribute);
     const CGFloat before = axis == LayoutAxis::horizontal ? insets.left : insets.top;
     const CGFloat after = axis == LayoutAxis::horizontal ? insets.right : insets.bottom;
     return positions * before - sizes * (before + after);
@@ -141,12 +141,14 @@ void ViewSystem::refreshItem(std::size_t index) {
 void ViewSystem::refreshConstraint(std::size_t index) {
     const Row& row = m_rows[index];
     const NSLayoutConstraint& source = *row.source;
-    double constant = source.constant() - guideOffset(*row.first, source.first());
+    LayoutConstraint& constraint = m_constraints[index];
+    double constant = row.isMirrored ? -source.constant() : source.constant();
+    constant -= guideOffset(*row.first, source.first().guide, constraint.firstAttribute);
     if (row.second != nullptr) {
-        constant += source.multiplier() * guideOffset(*row.second, source.second());
+        constant += source.multiplier() * guideOffset(*row.second, source.second().guide, constraint.secondAttribute);
     }
-    assign(m_constraints[index].constant, constant);
-    assign(m_constraints[index].priority, static_cast<double>(source.priority()));
+    assign(constraint.constant, constant);
+    assign(constraint.priority, static_cast<double>(source.priority()));
 }
 
 void ViewSystem::refreshAutoresizing(std::size_t index, std::size_t firstConstraint) {

@@ -1,6 +1,21 @@
 #include "platform/uikit/view/ViewSystem.h"
 
 #include "platform/uikit/view/UIView.h"
+#include "platform/uikit/window/UIScreen.h"
+
+LayoutAttribute onThisPhone(LayoutAttribute attribute) {
+    if (UIScreen::mainScreen().userInterfaceLayoutDirection() == UIUserInterfaceLayoutDirection::leftToRight) {
+        return attribute;
+    }
+    switch (attribute) {
+    case LayoutAttribute::leading:
+        return LayoutAttribute::right;
+    case LayoutAttribute::trailing:
+        return LayoutAttribute::left;
+    default:
+        return attribute;
+    }
+}
 
 namespace {
 
@@ -83,16 +98,20 @@ void ViewSystem::addConstraint(const Row& row) {
         return;
     }
     const NSLayoutConstraint& source = *row.source;
+    const LayoutAttribute firstAttribute = onThisPhone(source.first().attribute);
+    const bool isMirrored = firstAttribute != source.first().attribute; // at least so far left is at most so far right
+    const int sign = isMirrored ? -1 : 1;
     m_entries[static_cast<std::size_t>(first)].usesBaseline |= isBaseline(source.first().attribute);
     if (second >= 0) {
         m_entries[static_cast<std::size_t>(second)].usesBaseline |= isBaseline(source.second().attribute);
     }
     m_rows.push_back(row);
+    m_rows.back().isMirrored = isMirrored;
     m_constraints.push_back({.first = first,
-                             .firstAttribute = source.first().attribute,
-                             .relation = source.relation(),
+                             .firstAttribute = firstAttribute,
+                             .relation = static_cast<LayoutRelation>(sign * static_cast<int>(source.relation())),
                              .second = second,
-                             .secondAttribute = source.second().attribute,
+                             .secondAttribute = onThisPhone(source.second().attribute),
                              .multiplier = source.multiplier()});
 }
 

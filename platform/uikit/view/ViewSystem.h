@@ -17,7 +17,11 @@ class UIView;
 void setLayoutReportObserver(std::function<void(const std::string&)> observer);
 
 /// How far a guide's edge, centre or length lies from the view's own; a guide has the view's baselines.
-[[nodiscard]] CGFloat guideOffset(const UIView& view, const LayoutEnd& end);
+[[nodiscard]] CGFloat guideOffset(const UIView& view, LayoutGuide guide, LayoutAttribute attribute);
+
+/// The side that an edge stands on which follows the phone's language, where that runs from right to left; any other
+/// attribute is returned as it is. Such an edge counts its distances to the left.
+[[nodiscard]] LayoutAttribute onThisPhone(LayoutAttribute attribute);
 
 /// The constraints of one root view and its descendants, described for the solver: down to scroll views, whose content
 /// is laid out by itself. Kept by the root until views or constraints come or go; only numbers are refreshed.
@@ -50,6 +54,7 @@ private:
         const NSLayoutConstraint* source = nullptr;
         const UIView* first = nullptr;
         const UIView* second = nullptr; // null when the constraint has one end
+        bool isMirrored = false;        // of edges that stand on the other side on this phone
     };
 
     void collectRows(const UIView& view);

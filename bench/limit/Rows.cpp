@@ -16,7 +16,7 @@ void Rows::layOutTo(int bottom) {
 void Rows::layOutNext() {
     const Section& section = m_sections[m_section];
     if (!m_next) {
-        add({m_bottom, headerHeight, nullptr, layOut(section.title, Weight::bold, points(20), 0), {}});
+        add({m_bottom, headerHeight, nullptr, layOut(section.title, Weight::regular, points(22), 0), {}});
         m_next = 0;
     } else if (*m_next < section.items.size()) {
         const Item& item = section.items[(*m_next)++];

@@ -215,7 +215,7 @@ private:
 
     const Rows& m_rows;
     Pictures& m_pictures;
-    QFont m_headerFont = interFont(20, QFont::Bold);
+    QFont m_headerFont = interFont(22, QFont::Normal);
     QFont m_titleFont = interFont(17, QFont::DemiBold);
     QFont m_subtitleFont = interFont(15, QFont::Normal);
     QFontMetricsF m_titleMetrics{m_titleFont};

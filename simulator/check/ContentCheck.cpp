@@ -236,6 +236,9 @@ std::string foreignEncoding(std::string_view text) {
     if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
         return "UTF-16";
     }
+    if (text.starts_with("{\\rtf") || text.starts_with("PK\x03\x04")) {
+        return "a word processor's document, no plain text";
+    }
     const bool hasZero = text.substr(0, 4).find('\0') != std::string_view::npos;
     return hasZero ? "UTF-16 or UTF-32" : "";
 }

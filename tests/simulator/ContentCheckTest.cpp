@@ -88,6 +88,7 @@ TEST_F(ContentCheck, TellsEachSlipAtItsPlaceAndReadsOn) {
         {with("\"Easy\"", "\" \""), {"3:36 content.title-empty"}},
         {with("\"Easy\"", "\"Caf\xE9\""), {"3:40 content.encoding"}},
         {std::string("[\0", 2), {"content.encoding"}},
+        {"{\\rtf1 []}", {"content.encoding"}},
         {" \n", {"1:1 content.empty"}},
         {soundList + soundList, {"7:2 content.root"}},
         {"{}", {"1:1 content.root"}},

@@ -118,10 +118,10 @@ void MessagesViewController::embedChildController(const std::shared_ptr<UIViewCo
     screen.setFrame(container.bounds());
     container.addSubview(child->view());
     screen.setTranslatesAutoresizingMaskIntoConstraints(false);
-    screen.leftAnchor().constraintEqualToAnchor(container.leftAnchor())->activate();
-    screen.rightAnchor().constraintEqualToAnchor(container.rightAnchor())->activate();
-    screen.topAnchor().constraintEqualToAnchor(container.topAnchor())->activate();
-    screen.bottomAnchor().constraintEqualToAnchor(container.bottomAnchor())->activate();
+    screen.leftAnchor().constraintEqualToAnchor(container.leftAnchor())->setActive(true);
+    screen.rightAnchor().constraintEqualToAnchor(container.rightAnchor())->setActive(true);
+    screen.topAnchor().constraintEqualToAnchor(container.topAnchor())->setActive(true);
+    screen.bottomAnchor().constraintEqualToAnchor(container.bottomAnchor())->setActive(true);
     child->didMoveToParentViewController(this);
 }
 

@@ -141,7 +141,7 @@ std::shared_ptr<NSLayoutConstraint> NibBuilder::makeConstraint(const InterfaceEl
     const auto constraint = std::make_shared<NSLayoutConstraint>(*first, *relation, *second, multiplier, constant);
     constraint->setPriority(priority);
     constraint->setIdentifier(identifierOf(element, m_reader.document().path()));
-    constraint->activate();
+    constraint->setActive(true);
     return constraint;
 }
 

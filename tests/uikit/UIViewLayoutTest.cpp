@@ -43,7 +43,7 @@ protected:
         const View box = addConstrained();
         fix(box, width, 20);
         fix(box, height, 20);
-        box->topAnchor().constraintEqualToAnchor(upper->bottomAnchor())->activate();
+        box->topAnchor().constraintEqualToAnchor(upper->bottomAnchor())->setActive(true);
         return box;
     }
 };
@@ -72,13 +72,26 @@ TEST_F(UIViewLayoutTest, LeadingEdgesStandWhereTheLanguageBegins) {
     const auto end = std::make_shared<NSLayoutConstraint>(LayoutEnd{box, LayoutGuide::view, trailing},
                                                           LayoutRelation::greaterThanOrEqual,
                                                           LayoutEnd{window, LayoutGuide::safeArea, trailing}, 1, -210);
-    end->activate();
+    end->setActive(true);
     tie(box, {top}, window);
     fix(box, height, 20);
     const auto narrow = fix(box, width, 0); // as far as the others let it
     narrow->setPriority(100);
     EXPECT_EQ(laidOut(box), CGRectMake(220, 0, 54, 20));
     UIScreen::mainScreen().setUserInterfaceLayoutDirection(UIUserInterfaceLayoutDirection::leftToRight);
+}
+
+TEST_F(UIViewLayoutTest, AConstraintHoldsOnlyWhileItIsActive) {
+    const View box = addConstrained();
+    tie(box, {left, top}, window);
+    fix(box, height, 20);
+    fix(box, width, 30)->setPriority(500);
+    const auto wide = fix(box, width, 50);
+    EXPECT_EQ(laidOut(box), CGRectMake(0, 0, 50, 20));
+    wide->setActive(false);
+    EXPECT_EQ(laidOut(box), CGRectMake(0, 0, 30, 20));
+    wide->setActive(true);
+    EXPECT_EQ(laidOut(box), CGRectMake(0, 0, 50, 20));
 }
 
 TEST_F(UIViewLayoutTest, ATextThatWrapsPushesWhatIsBelow) {
@@ -104,8 +117,8 @@ TEST_F(UIViewLayoutTest, NeighboursShareEdgesOnDevicePixels) {
         tie(third, {width}, thirds[0]);
     }
     tie(thirds[0], {left}, window);
-    thirds[1]->leftAnchor().constraintEqualToAnchor(thirds[0]->rightAnchor())->activate();
-    thirds[2]->leftAnchor().constraintEqualToAnchor(thirds[1]->rightAnchor())->activate();
+    thirds[1]->leftAnchor().constraintEqualToAnchor(thirds[0]->rightAnchor())->setActive(true);
+    thirds[2]->leftAnchor().constraintEqualToAnchor(thirds[1]->rightAnchor())->setActive(true);
     tie(thirds[2], {right}, window);
     EXPECT_EQ(laidOut(thirds[0]), CGRectMake(0, 0, 106.5, 480));
     EXPECT_EQ(thirds[1]->frame(), CGRectMake(106.5, 0, 107, 480));
@@ -220,7 +233,7 @@ TEST_F(UIViewLayoutDeathTest, AConstraintBetweenTreesStopsTheProgram) {
     const auto elsewhere = std::make_shared<UIView>();
     const auto constraint = here->leftAnchor().constraintEqualToAnchor(elsewhere->leftAnchor());
     constraint->setIdentifier("bridge");
-    EXPECT_DEATH(constraint->activate(), "\"bridge\": its views have no common ancestor");
+    EXPECT_DEATH(constraint->setActive(true), "\"bridge\": its views have no common ancestor");
 }
 
 } // namespace

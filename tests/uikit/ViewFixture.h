@@ -25,7 +25,7 @@ inline std::shared_ptr<NSLayoutConstraint> tie(const std::shared_ptr<UIView>& vi
         last =
             std::make_shared<NSLayoutConstraint>(LayoutEnd{view, LayoutGuide::view, attribute}, LayoutRelation::equal,
                                                  LayoutEnd{to, guide, attribute}, 1, constant);
-        last->activate();
+        last->setActive(true);
     }
     return last;
 }
@@ -40,7 +40,7 @@ inline std::shared_ptr<NSLayoutConstraint> fix(const std::shared_ptr<UIView>& vi
                                                double points) {
     auto constraint = std::make_shared<NSLayoutConstraint>(LayoutEnd{view, LayoutGuide::view, length},
                                                            LayoutRelation::equal, LayoutEnd{}, 1, points);
-    constraint->activate();
+    constraint->setActive(true);
     return constraint;
 }
 

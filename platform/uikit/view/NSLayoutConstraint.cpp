@@ -35,7 +35,16 @@ void NSLayoutConstraint::setPriority(UILayoutPriority priority) {
     }
 }
 
-void NSLayoutConstraint::activate() {
+void NSLayoutConstraint::setActive(bool active) {
+    const std::shared_ptr<UIView> holder = m_holder.lock();
+    if (active && !holder) {
+        holderOfBothEnds().addConstraint(strong(this));
+    } else if (!active && holder) {
+        holder->removeConstraint(strong(this));
+    }
+}
+
+UIView& NSLayoutConstraint::holderOfBothEnds() const {
     const std::shared_ptr<UIView> first = m_first.view.lock();
     const std::shared_ptr<UIView> second = m_second.view.lock();
     UIView* holder = commonAncestor(first.get(), second.get());
@@ -43,7 +52,7 @@ void NSLayoutConstraint::activate() {
         fatalErrorAt(*this,
                      "Cannot activate the constraint \"" + m_identifier + "\": its views have no common ancestor");
     }
-    holder->addConstraint(strong(this));
+    return *holder;
 }
 
 void NSLayoutConstraint::systemNeedsSolving() const {

@@ -46,11 +46,12 @@ public:
     [[nodiscard]] bool isActive() const { return !m_holder.expired(); }
     /// For the view that holds the constraint from now on; none when it is dropped.
     void setHolder(const std::weak_ptr<UIView>& holder) { m_holder = holder; }
-    /// Hands the constraint to the nearest common ancestor of its views, which keeps it as long as it has both; without
-    /// one the program stops. setActive: with YES
-    void activate();
+    /// Hands the constraint to the nearest common ancestor of its views, which keeps it as long as it has both (without
+    /// one the program stops), or takes it from there.
+    void setActive(bool active);
 
 private:
+    [[nodiscard]] UIView& holderOfBothEnds() const;
     void systemNeedsSolving() const;
 
     LayoutEnd m_first;

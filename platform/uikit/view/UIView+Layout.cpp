@@ -33,6 +33,13 @@ void UIView::addConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint
     }
 }
 
+void UIView::removeConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint) {
+    if (std::erase(m_constraints, constraint) > 0) {
+        constraint->setHolder({});
+        systemStructureChanged();
+    }
+}
+
 NSLayoutAnchor UIView::anchor(LayoutAttribute attribute) {
     return NSLayoutAnchor({strong(this), LayoutGuide::view, attribute});
 }

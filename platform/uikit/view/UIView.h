@@ -143,6 +143,7 @@ public:
     /// The constraints this view holds, for itself and its descendants.
     [[nodiscard]] const std::vector<std::shared_ptr<NSLayoutConstraint>>& constraints() const { return m_constraints; }
     void addConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint);
+    void removeConstraint(const std::shared_ptr<NSLayoutConstraint>& constraint);
     [[nodiscard]] NSLayoutAnchor leftAnchor() { return anchor(LayoutAttribute::left); }
     [[nodiscard]] NSLayoutAnchor rightAnchor() { return anchor(LayoutAttribute::right); }
     [[nodiscard]] NSLayoutAnchor topAnchor() { return anchor(LayoutAttribute::top); }

@@ -7,18 +7,18 @@
 namespace {
 
 void nameUnusedOutlets(ClassBuilder<CategoriesVC>& names) {
-    names.outlet("viewOptions1", &CategoriesVC::viewOptions1)
-        .outlet("viewOptions2", &CategoriesVC::viewOptions2)
-        .outlet("viewOptions3", &CategoriesVC::viewOptions3)
-        .outlet("viewOptions4", &CategoriesVC::viewOptions4)
-        .outlet("imgSelect1", &CategoriesVC::imgSelect1)
-        .outlet("imgSelect2", &CategoriesVC::imgSelect2)
-        .outlet("imgSelect3", &CategoriesVC::imgSelect3)
-        .outlet("imgSelect4", &CategoriesVC::imgSelect4)
-        .outlet("lblFriends", &CategoriesVC::lblFriends)
-        .outlet("lblFamily", &CategoriesVC::lblFamily)
-        .outlet("lblCouple", &CategoriesVC::lblCouple)
-        .outlet("lblRandom", &CategoriesVC::lblRandom);
+    names.unusedOutlet("viewOptions1", &CategoriesVC::viewOptions1)
+        .unusedOutlet("viewOptions2", &CategoriesVC::viewOptions2)
+        .unusedOutlet("viewOptions3", &CategoriesVC::viewOptions3)
+        .unusedOutlet("viewOptions4", &CategoriesVC::viewOptions4)
+        .unusedOutlet("imgSelect1", &CategoriesVC::imgSelect1)
+        .unusedOutlet("imgSelect2", &CategoriesVC::imgSelect2)
+        .unusedOutlet("imgSelect3", &CategoriesVC::imgSelect3)
+        .unusedOutlet("imgSelect4", &CategoriesVC::imgSelect4)
+        .unusedOutlet("lblFriends", &CategoriesVC::lblFriends)
+        .unusedOutlet("lblFamily", &CategoriesVC::lblFamily)
+        .unusedOutlet("lblCouple", &CategoriesVC::lblCouple)
+        .unusedOutlet("lblRandom", &CategoriesVC::lblRandom);
 }
 
 } // namespace
@@ -34,6 +34,10 @@ void registerGameClasses() {
         .outlet("imgDropDown", &CategoriesVC::imgDropDown)
         .outlet("cnBottomOfLetsPlay", &CategoriesVC::cnBottomOfLetsPlay)
         .outlet("heightOfTblView", &CategoriesVC::heightOfTblView)
+        .needs("tblDropDown")
+        .asksFor(AskedResource::Kind::nib, {"ModeTblCell", "VibeDropdownTblCell", "ModeHeaderView"})
+        .asksFor(AskedResource::Kind::image, {"drowdown_up", "drowdown_down", "tick_selected", "tick_not_selected"})
+        .asksFor(AskedResource::Kind::color, {"AppGreen"})
         .action("btnDropdownWithSender:", &CategoriesVC::btnDropdownWithSender)
         .action("btnBackWithSender:", &CategoriesVC::btnBackWithSender)
         .action("btnOptionsClickedWithSender:", &CategoriesVC::btnOptionsClickedWithSender)

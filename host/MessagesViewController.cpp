@@ -132,5 +132,7 @@ void MessagesViewController::requestExpandedStyleLater() {
 }
 
 void registerHostClasses() {
-    ClassBuilder<MessagesViewController>("MessagesViewController", "MSMessagesAppViewController").madeByCoder();
+    ClassBuilder<MessagesViewController>("MessagesViewController", "MSMessagesAppViewController")
+        .madeByCoder()
+        .asksFor(AskedResource::Kind::scene, {"CategoriesVC"});
 }

@@ -50,7 +50,9 @@ void registerTableParts() {
         .outlet("lblTitle", &ModeTblCell::lblTitle)
         .outlet("lblDesc", &ModeTblCell::lblDesc)
         .outlet("imgSelection", &ModeTblCell::imgSelection)
-        .outlet("viewBackground", &ModeTblCell::viewBackground);
+        .outlet("viewBackground", &ModeTblCell::viewBackground)
+        .asksFor(AskedResource::Kind::image, {"list_arrow"})
+        .asksFor(AskedResource::Kind::textColor, {"TextColor", "TextGrey"});
     ClassBuilder<ModeHeaderView>("ModeHeaderView", "UITableViewHeaderFooterView")
         .madeByCoder()
         .outlet("lblHeaderTitle", &ModeHeaderView::lblHeaderTitle);

@@ -69,6 +69,21 @@ int TextLayout::lineCount() const {
     return static_cast<int>(m_lines->lines.size());
 }
 
+bool TextLayout::isCut() const {
+    return m_lines->isCut;
+}
+
+std::string TextLayout::characterWithoutFont(std::string_view text) {
+    const std::string valid = validated(std::string(text));
+    for (const char* at = valid.data(); at < valid.data() + valid.size(); at = g_utf8_next_char(at)) {
+        const std::string character(at, static_cast<std::size_t>(g_utf8_next_char(at) - at));
+        if (character.size() > 1 && !hasFontFor(character)) {
+            return character;
+        }
+    }
+    return {};
+}
+
 CGFloat TextLayout::firstBaseline() const {
     return m_lines->lines.front().baseline;
 }

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 /// What happens to text that does not fit its width; the numbers are those of archives.
 enum class NSLineBreakMode {
@@ -43,6 +44,8 @@ class TextLayout {
 public:
     /// What was made last is kept: the same request again gives the same layout. Ask again rather than keep it.
     [[nodiscard]] static std::shared_ptr<const TextLayout> make(const TextRequest& request);
+    /// The first character of a text that no font of the machine has; empty when all can be shown.
+    [[nodiscard]] static std::string characterWithoutFont(std::string_view text);
     TextLayout(Key, const TextRequest& request);
     ~TextLayout();
     TextLayout(const TextLayout&) = delete;
@@ -52,6 +55,8 @@ public:
     /// the height of one line.
     [[nodiscard]] CGSize size() const;
     [[nodiscard]] int lineCount() const;
+    /// Whether some of the text had no room and was left out.
+    [[nodiscard]] bool isCut() const;
     /// From the top of the layout.
     [[nodiscard]] CGFloat firstBaseline() const;
     [[nodiscard]] CGFloat lastBaseline() const;

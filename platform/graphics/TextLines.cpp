@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <map>
 #include <string>
 
 namespace {
@@ -128,7 +129,9 @@ void LineBreaker::breakPiece() {
         addLine(static_cast<PangoLayoutLine*>(line->data));
     }
     m_result->owners.push_back(std::move(layout));
-    m_done = linesLeft() == 0 || (line == nullptr && isLast);
+    const bool isWhole = line == nullptr && isLast;
+    m_done = linesLeft() == 0 || isWhole;
+    m_result->isCut = m_done && !isWhole;
     m_position += line == nullptr
                       ? piece.size()
                       : static_cast<std::size_t>(static_cast<PangoLayoutLine*>(line->data)->start_index) - markLength;
@@ -145,13 +148,17 @@ std::size_t LineBreaker::linesWanted(std::size_t count, bool isLast) const {
 
 /// Puts all that is left on one line and lets Pango leave out what has no room.
 void LineBreaker::addShortenedLine() {
-    Owner layout = makeLayout(shortened(m_text.substr(m_position)));
+    const std::string_view rest = m_text.substr(m_position);
+    const std::string line = shortened(rest);
+    Owner layout = makeLayout(line);
     if (m_request.lineBreakMode == NSLineBreakMode::byClipping) {
         pango_layout_set_width(layout.get(), -1);
     } else {
         pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
     }
     addLine(pango_layout_get_line_readonly(layout.get(), 0));
+    const bool isClipped = m_width.has_value() && m_result->lines.back().width > *m_width + 0.01;
+    m_result->isCut = rest.substr(0, line.size()) != line || isClipped || pango_layout_is_ellipsized(layout.get()) != 0;
     m_result->owners.push_back(std::move(layout));
     m_done = true;
 }
@@ -236,4 +243,15 @@ void TextLayout::Lines::Release::operator()(PangoLayout* layout) const {
 
 std::unique_ptr<TextLayout::Lines> breakIntoLines(const TextRequest& request, std::string_view text) {
     return LineBreaker(request, text).run();
+}
+
+bool hasFontFor(const std::string& character) {
+    static std::map<std::string, bool> known;
+    const auto [entry, isNew] = known.emplace(character, true);
+    if (isNew) {
+        const TextLayout::Lines::Owner layout(pango_layout_new(FontLibrary::shared().contextFor(character)));
+        pango_layout_set_text(layout.get(), character.data(), static_cast<int>(character.size()));
+        entry->second = pango_layout_get_unknown_glyphs_count(layout.get()) == 0;
+    }
+    return entry->second;
 }

@@ -3,6 +3,7 @@
 #include "platform/graphics/TextLayout.h"
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -32,8 +33,12 @@ struct TextLayout::Lines {
     /// Of every line.
     CGFloat ascent = 0;
     CGFloat descent = 0;
+    bool isCut = false; // some of the text had no room
 };
 
 /// Breaks a text a piece at a time, so that the work grows with the lines that are wanted and not with the text, also
 /// where a word fills thousands of lines. `text` is the request's, valid UTF-8 without NUL.
 [[nodiscard]] std::unique_ptr<TextLayout::Lines> breakIntoLines(const TextRequest& request, std::string_view text);
+
+/// Whether a font of the machine can show the character, which is valid UTF-8; asked of each character once.
+[[nodiscard]] bool hasFontFor(const std::string& character);

@@ -4,6 +4,7 @@
 #include "platform/runtime/Outlet.h"
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <type_traits>
@@ -28,8 +29,15 @@ public:
         return *this;
     }
 
+    /// The code needs it to be connected.
     template <class Owner, class Object>
     ClassBuilder& outlet(const char* name, Outlet<Object> Owner::*member) {
+        m_class.neededOutlets.insert(name);
+        return unusedOutlet(name, member);
+    }
+    /// One that the code never follows.
+    template <class Owner, class Object>
+    ClassBuilder& unusedOutlet(const char* name, Outlet<Object> Owner::*member) {
         m_class.outlets[name] = connector<Object>([member](T& self, auto object) { self.*member = object; });
         return *this;
     }
@@ -39,6 +47,20 @@ public:
     ClassBuilder& outlet(const char* name, void (Owner::*setter)(Pointer)) {
         using Object = typename std::remove_cvref_t<Pointer>::element_type;
         m_class.outlets[name] = connector<Object>([setter](T& self, auto object) { (self.*setter)(object); });
+        return *this;
+    }
+
+    /// The code needs an outlet that is assigned through a setter to be connected.
+    ClassBuilder& needs(const char* outlet) {
+        m_class.neededOutlets.insert(outlet);
+        return *this;
+    }
+    /// What the code asks the bundle for, by name.
+    ClassBuilder& asksFor(AskedResource::Kind kind, std::initializer_list<const char*> names) {
+        std::erase_if(m_class.askedResources, [kind](const AskedResource& asked) { return asked.kind == kind; });
+        for (const char* name : names) {
+            m_class.askedResources.push_back({kind, name});
+        }
         return *this;
     }
 

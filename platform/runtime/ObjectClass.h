@@ -52,6 +52,13 @@ private:
     std::map<std::string, Entry, std::less<>> m_own;
 };
 
+/// Something of the bundle that a class's code asks for by name.
+struct AskedResource {
+    enum class Kind { nib, scene, image, color, textColor };
+    Kind kind;
+    std::string name;
+};
+
 /// What one class is called and what can be reached in it by name: its outlets, key-set properties and actions.
 /// Filled once at start by ClassBuilder; owned by the class registry.
 class ObjectClass {
@@ -85,4 +92,7 @@ public:
     NameTable<PropertySetter> properties;
     NameTable<ObjectGetter> objects;
     NameTable<Action> actions;
+    // For checks of the bundle; nothing looks at them at run time.
+    std::set<std::string> neededOutlets{}; // that the code follows without asking whether they are connected
+    std::vector<AskedResource> askedResources{};
 };

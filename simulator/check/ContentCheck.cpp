@@ -5,13 +5,17 @@
 #include "platform/foundation/FileReading.h"
 #include "platform/foundation/Text.h"
 #include "platform/foundation/TextPlaces.h"
+#include "platform/graphics/TextLayout.h"
 #include "platform/graphics/UIImage.h"
 #include "simulator/check/IconNames.h"
 #include "simulator/check/ListSchema.h"
 #include "simulator/check/Rules.h"
+#include "simulator/check/TitleFit.h"
 #include "simulator/check/TolerantJSON.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <map>
 #include <optional>
 
@@ -21,6 +25,18 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 std::string inQuotes(std::string_view text) {
     return std::string("\"").append(text).append("\"");
+}
+
+/// "U+1F600", of one character.
+std::string codeOf(const std::string& character) {
+    const auto first = static_cast<unsigned char>(character.front());
+    unsigned code = first < 0x80 ? first : first & (0xFFu >> (character.size() + 1));
+    for (std::size_t i = 1; i < character.size(); ++i) {
+        code = code << 6 | (static_cast<unsigned char>(character[i]) & 0x3Fu);
+    }
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "U+%04X", code);
+    return text.data();
 }
 
 std::string describe(const TolerantValue& value) {
@@ -90,6 +106,9 @@ private:
             checkObject(item, itemKeys(), "an item");
             checkTitle(item, "title", titles);
             checkIcon(item);
+            if (const TolerantValue* subtitle = find(item, "subtitle")) {
+                checkCharacters(*subtitle);
+            }
         }
     }
 
@@ -182,11 +201,25 @@ private:
                  where() + (mayBeEmpty ? "the section title is nothing but spaces; without a header it is \"\""
                                        : "the title is empty"));
         }
+        const std::string problem = mayBeEmpty ? m_fit.problemOfSection(title->text) : m_fit.problemOfRow(title->text);
+        if (!problem.empty()) {
+            tell("content.title-cut", title->offset,
+                 where() + (mayBeEmpty ? "the section title " : "the title ") + problem);
+        }
+        checkCharacters(*title);
         const auto [first, isNew] = seen.emplace(title->text, title->offset);
         if (!isNew && !isBlank) {
             tell("content.title-doubled", title->offset,
                  where() + "the title " + inQuotes(title->text) + " stands in line " +
                      std::to_string(m_places.at(first->second).line) + " already");
+        }
+    }
+
+    void checkCharacters(const TolerantValue& text) {
+        const std::string character = TextLayout::characterWithoutFont(text.text);
+        if (!character.empty()) {
+            tell("content.characters", text.offset,
+                 where() + "no font here has the character " + character + " (" + codeOf(character) + ")");
         }
     }
 
@@ -225,6 +258,7 @@ private:
 
     TextPlaces m_places;
     std::string m_path;
+    TitleFit m_fit;
     std::size_t m_section = 0;
     std::size_t m_item = 0;
     std::map<std::string, Lacking> m_lacking; // icons

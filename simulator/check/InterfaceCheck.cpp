@@ -1,5 +1,6 @@
 #include "simulator/check/InterfaceCheck.h"
 
+#include "platform/foundation/FileReading.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/graphics/PNG.h"
 #include "platform/interface/AssetCatalogReader.h"
@@ -7,6 +8,7 @@
 #include "platform/interface/NibBuilder.h"
 #include "platform/uikit/controllers/UIViewController.h"
 #include "platform/uikit/view/UIView.h"
+#include "simulator/check/DocumentCross.h"
 #include "simulator/check/Rules.h"
 
 #include <algorithm>
@@ -33,6 +35,17 @@ void append(Findings& findings, const Findings& more) {
     findings.insert(findings.end(), more.begin(), more.end());
 }
 
+/// Of the sets of that kind in the main bundle's catalogue.
+std::vector<std::string> namesOf(const char* kind) {
+    std::vector<std::string> names;
+    for (const CatalogEntry& entry : catalogEntries(catalogFolder(NSBundle::mainBundle()))) {
+        if (entry.folder.extension() == kind) {
+            names.push_back(entry.name);
+        }
+    }
+    return names;
+}
+
 /// Warns of images and colours that the elements of one document name and the catalogue lacks.
 class NameCheck {
 public:
@@ -53,7 +66,8 @@ public:
         }
         const std::string* name = element.attribute("name");
         if (element.name == "color" && name != nullptr && !UIColor::colorNamed(*name)) {
-            warn(element, "interface.color", "the catalogue has no colour \"" + *name + "\"");
+            warn(element, "interface.color",
+                 "the catalogue has no colour \"" + *name + "\"" + suggestionInQuotes(*name, namesOf(".colorset")));
         }
         for (const InterfaceElement& child : element.children) {
             check(child);
@@ -63,7 +77,8 @@ public:
 private:
     void checkImage(const InterfaceElement& element, const std::string* name) {
         if (name != nullptr && element.value("catalog") != "system" && !UIImage::imageNamed(*name)) {
-            warn(element, "interface.image", "the catalogue has no image \"" + *name + "\"");
+            warn(element, "interface.image",
+                 "the catalogue has no image \"" + *name + "\"" + suggestionInQuotes(*name, namesOf(".imageset")));
         }
     }
     void warn(const InterfaceElement& element, std::string_view rule, const std::string& what) {
@@ -108,6 +123,10 @@ void checkDocument(const std::filesystem::path& path, DocumentRole role, Finding
         return;
     }
     const InterfaceDocument& document = *loaded.value();
+    append(findings, crossDocument(document));
+    append(findings, checkTextColors(document));
+    const Result<std::string> text = readWholeFile(path);
+    append(findings, text ? checkMarkup(text.value(), path.string()) : Findings());
     for (const InterfaceScene& scene : document.scenes()) {
         append(findings, findingsOf(scene, document));
     }
@@ -121,6 +140,9 @@ void checkDocument(const std::filesystem::path& path, DocumentRole role, Finding
             findings.push_back(initial.failure().in(path.string()));
         }
     }
+    std::erase_if(findings, [](const Finding& finding) { // crossDocument has told it, once
+        return finding.what.find("another object has this id") != std::string::npos;
+    });
     nameBuilderRules(findings);
     NameCheck(document, findings).check(document.root());
 }
@@ -152,6 +174,16 @@ std::vector<std::string> problemsOf(const std::filesystem::path& folder, std::st
     return problems;
 }
 
+void checkScale(const CatalogContents& contents, JSONValue entry, Findings& findings) {
+    const auto scale = entry.find("scale");
+    const std::string_view written = textAt(entry, "scale");
+    if (scale && written != "1x" && written != "2x" && written != "3x") {
+        Finding finding = contents.finding(*scale, "the scale \"" + std::string(written) + "\" is none of 1x, 2x, 3x");
+        finding.rule = "catalog.scale";
+        findings.push_back(std::move(finding));
+    }
+}
+
 /// Warns, once for a set, of files that it names and that are missing or cannot be drawn.
 void checkImageFiles(const std::filesystem::path& folder, Findings& findings) {
     Findings told; // by readImageSet
@@ -163,6 +195,7 @@ void checkImageFiles(const std::filesystem::path& folder, Findings& findings) {
     std::optional<Finding> first;
     std::size_t others = 0;
     for (const JSONValue entry : images->elements()) {
+        checkScale(*contents, entry, findings);
         const auto name = entry.find("filename"); // none in an empty slot
         for (const std::string& problem :
              name ? problemsOf(folder, textAt(entry, "filename")) : std::vector<std::string>()) {
@@ -204,6 +237,9 @@ InterfaceFindings checkInterface(const NSBundle& bundle, const std::filesystem::
     for (const std::filesystem::path& path : documentsOf(bundle)) {
         checkDocument(path, path == mainStoryboard ? DocumentRole::main : DocumentRole::other, found.all);
         ++found.files;
+    }
+    if (!mainStoryboard.empty()) {
+        append(found.all, checkAskedResources(bundle, mainStoryboard));
     }
     append(found.all, checkCatalog(catalogFolder(bundle)));
     ++found.files;

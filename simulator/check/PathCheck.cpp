@@ -4,9 +4,9 @@
 #include "platform/interface/AssetCatalogReader.h"
 #include "simulator/check/BundleCheck.h"
 #include "simulator/check/ContentCheck.h"
+#include "simulator/check/FlowCheck.h"
 #include "simulator/check/InterfaceCheck.h"
 #include "simulator/check/Rules.h"
-#include "simulator/flows/FlowReader.h"
 
 #include <algorithm>
 
@@ -78,10 +78,7 @@ private:
 
     void checkFlow(const fs::path& path) {
         ++m_checked.count;
-        Findings found;
-        static_cast<void>(readFlowFile(path.string(), found));
-        nameRule(found, "flow.unreadable");
-        append(m_checked.findings, found);
+        append(m_checked.findings, checkFlowFile(path));
     }
 
     CheckedFiles m_checked;

@@ -11,6 +11,7 @@
 struct CheckedFiles {
     Findings findings;
     std::size_t count = 0;
+    std::size_t known = 0; // findings that were left out
 };
 
 /// Checks the main bundle: its content, interface documents and catalogue.

@@ -19,7 +19,7 @@ FlowPlayer::FlowPlayer(const Flow& flow, Device device, ConversationHost::Listen
         m_narrator.tell(*m_host);
     });
     setDebugConsoleObserver([this](std::string_view line) { m_debugLines.emplace_back(line); });
-    setLayoutReportObserver([this](const std::string& report) { m_host->note("layout", report); });
+    setLayoutReportObserver([this](const std::string& report, const NSObject&) { m_host->note("layout", report); });
 }
 
 FlowPlayer::~FlowPlayer() {

@@ -20,6 +20,7 @@ struct ParlorCommand {
 [[nodiscard]] ParlorCommand addRunCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addOpenCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addCheckCommand(CLI::App& app);
+[[nodiscard]] ParlorCommand addCheckScreenCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addTreeCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addSchemaCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addShotCommand(CLI::App& app);

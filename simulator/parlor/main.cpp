@@ -51,8 +51,8 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     app.footer(examples);
     std::vector<ParlorCommand> commands;
-    for (const auto add : {addRunCommand, addOpenCommand, addCheckCommand, addTreeCommand, addShotCommand,
-                           addGalleryCommand, addSchemaCommand}) {
+    for (const auto add : {addRunCommand, addOpenCommand, addCheckCommand, addCheckScreenCommand, addTreeCommand,
+                           addShotCommand, addGalleryCommand, addSchemaCommand}) {
         commands.push_back(add(app));
     }
     if (argc > 1 && isUnknownCommand(app, argv[1])) {

@@ -1,6 +1,9 @@
 #include "simulator/check/InterfaceCheck.h"
 
 #include "tests/support/InterfaceBundle.h"
+#include "ui/UiClasses.h"
+
+#include <gmock/gmock.h>
 
 namespace {
 
@@ -21,13 +24,14 @@ TEST_F(InterfaceCheck, GoesThroughEveryDocument) {
     write("C.storyboard", storyboardWith("", R"(<scene><objects>
 <viewController id="c" sceneMemberID="viewController"><view key="view"><subviews><lable/></subviews></view>
 <connections><segue destination="c" kind="show" id="s"/></connections></viewController></objects></scene>)"));
-    EXPECT_EQ(
-        findings(),
-        "A.xib:1:9: error: malformed XML: Error parsing start element tag [interface.unreadable]\n"
-        "B.xib:3:1: error: <label id=\"l\">: numberOfLines is \"many\", a number is expected [interface.refused]\n"
-        "B.xib:3:37: warning: <label id=\"l\">: another object has this id; the first one counts [interface.ignored]\n"
-        "C.storyboard:4:82: error: <lable>: unknown element; did you mean label? [interface.refused]\n"
-        "C.storyboard:5:14: warning: <segue id=\"s\">: segues are ignored [interface.ignored]\n");
+    EXPECT_EQ(findings(), "A.xib:1:9: error: malformed XML: Error parsing start element tag [interface.unreadable]\n"
+                          "B.xib:3:37: error: <label id=\"l\">: the <label> in line 3 has the id \"l\", too "
+                          "[interface.double-id]\n"
+                          "B.xib:3:1: error: <label id=\"l\">: numberOfLines is \"many\", a number is expected "
+                          "[interface.refused]\n"
+                          "C.storyboard:4:82: error: <lable>: unknown element; did you mean label? "
+                          "[interface.refused]\n"
+                          "C.storyboard:5:14: warning: <segue id=\"s\">: segues are ignored [interface.ignored]\n");
 }
 
 TEST_F(InterfaceCheck, WarnsOfNamesThatTheCatalogueLacks) {
@@ -56,6 +60,36 @@ TEST_F(InterfaceCheck, FindsBrokenSetsAndMissingFilesInTheCatalogue) {
         "missing [catalog.file]\n"
         "Assets.xcassets/c.imageset/Contents.json:1:44: warning: the file Assets.xcassets/c.imageset/c.png "
         "cannot be drawn: Read Error, and 2 more of this set [catalog.file]\n");
+}
+
+/// One nib with one fault each, and what is told of it beside its line.
+TEST_F(InterfaceCheck, CrossesADocumentWithWhatTheCodeNeeds) {
+    registerUiClasses();
+    const struct {
+        const char* objects;
+        const char* finding;
+    } faults[] = {
+        {R"(<tableViewCell id="c" customClass="ModeTblCell" reuseIdentifier="Cell"/>)",
+         "is another than the class ModeTblCell"},
+        {R"(<view id="v" customClass="ModeHeaderView"/>)",
+         "the outlet \"lblHeaderTitle\" of ModeHeaderView is not connected"},
+        {R"(<view id="v"><contraints/></view>)", "did you mean \"constraints\"?"},
+        {R"(<label id="l" numberOfLine="0"/>)", "did you mean \"numberOfLines\"?"},
+        {R"(<label id="l" text="Truths & Dares"/>)", "write &amp; for the character & [interface.ampersand]"},
+        {R"(<imageView id="i" image="leav"/>)", "did you mean \"leaf\"?"},
+        {R"(<label id="l"><color key="textColor" name="Ink"/></label>)",
+         "which has no colour for the dark appearance [catalog.dark]"},
+    };
+    write("Assets.xcassets/leaf.imageset/Contents.json", R"({"images":[{"idiom":"universal"}]})");
+    write("Assets.xcassets/Ink.colorset/Contents.json",
+          R"({"colors":[{"idiom":"universal","color":{"components":{"white":"0.0","alpha":"1.0"}}}]})");
+    for (const auto& [objects, finding] : faults) {
+        write("A.xib", nibWith(objects));
+        EXPECT_THAT(findings(), testing::HasSubstr(finding)) << objects;
+        EXPECT_THAT(findings(), testing::StartsWith("A.xib:3:")) << objects;
+    }
+    write("A.xib", nibWith(R"(<label id="l" text="Truths &amp; Dares &#x2019; <!-- & -->"/><!-- & -->)"));
+    EXPECT_THAT(findings(), testing::Not(testing::HasSubstr("ampersand")));
 }
 
 } // namespace

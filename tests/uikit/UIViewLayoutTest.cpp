@@ -211,7 +211,7 @@ TEST_F(UIViewLayoutTest, TheFittingHeightHoldsTextsAndPaddingAtTheWidth) {
 
 TEST_F(UIViewLayoutTest, ConflictsAndOpenPlacesAreReportedOnce) {
     std::vector<std::string> reports;
-    setLayoutReportObserver([&](const std::string& text) { reports.push_back(text); });
+    setLayoutReportObserver([&](const std::string& text, const NSObject&) { reports.push_back(text); });
     const View view = addConstrained();
     tieEdges(view, window);
     fix(view, width, 5)->setIdentifier("width of the box");

@@ -21,7 +21,7 @@ std::string nameOf(const NSLayoutConstraint& constraint, const UIView& first, co
 }
 
 struct Reports {
-    std::function<void(const std::string&)> observer;
+    LayoutReportObserver observer;
     std::set<std::string> told;
 };
 
@@ -30,9 +30,9 @@ Reports& reports() {
     return instance;
 }
 
-void tell(const std::string& text) {
+void tell(const std::string& text, const NSObject& about) {
     if (reports().told.insert(text).second) {
-        reports().observer(text);
+        reports().observer(text, about);
     }
 }
 
@@ -56,7 +56,7 @@ std::string openPlaces(const LayoutAmbiguity& ambiguity) {
 
 } // namespace
 
-void setLayoutReportObserver(std::function<void(const std::string&)> observer) {
+void setLayoutReportObserver(LayoutReportObserver observer) {
     reports() = {std::move(observer), {}};
 }
 
@@ -68,10 +68,14 @@ void ViewSystem::report() {
     nameEverything();
     const LayoutResult named = solveLayout(m_items, m_constraints);
     for (const LayoutConflict& conflict : named.conflicts) {
-        tell("layout conflict: " + conflict.name + " " + conflict.reason + othersOf(conflict));
+        const auto index = static_cast<std::size_t>(conflict.constraint);
+        const bool isRow = conflict.constraint >= 0 && index < m_rows.size();
+        tell("layout conflict: " + conflict.name + " " + conflict.reason + othersOf(conflict),
+             isRow ? static_cast<const NSObject&>(*m_rows[index].source) : *m_entries.front().view);
     }
     for (const LayoutAmbiguity& ambiguity : named.ambiguities) {
-        tell("layout ambiguity: " + ambiguity.name + " has no definite" + openPlaces(ambiguity));
+        tell("layout ambiguity: " + ambiguity.name + " has no definite" + openPlaces(ambiguity),
+             *m_entries[static_cast<std::size_t>(ambiguity.item)].view);
     }
 }
 

@@ -13,8 +13,9 @@
 class UIView;
 
 /// The observer is told of constraints that contradict each other and of views whose place they leave open, each text
-/// once. One observer a process; none at first, and then nothing is kept.
-void setLayoutReportObserver(std::function<void(const std::string&)> observer);
+/// once, with the constraint or view. One observer a process; none at first, and then nothing is kept.
+using LayoutReportObserver = std::function<void(const std::string& text, const NSObject& about)>;
+void setLayoutReportObserver(LayoutReportObserver observer);
 
 /// How far a guide's edge, centre or length lies from the view's own; a guide has the view's baselines.
 [[nodiscard]] CGFloat guideOffset(const UIView& view, LayoutGuide guide, LayoutAttribute attribute);

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The names of all elements that interface documents are known to have.
+[[nodiscard]] const std::vector<std::string>& knownElements();
+/// The attributes of elements of that name; empty for an element whose attributes nobody wrote down here.
+[[nodiscard]] const std::vector<std::string>& knownAttributes(std::string_view element);

@@ -120,18 +120,25 @@ void LivePhone::reload() {
         return;
     }
     const bool wasOpen = m_host->isOpen();
-    Kept kept;
-    kept.isCompact = wasOpen && m_host->style() == Style::compact;
-    if (const CategoriesVC* screen = shownCategoryScreen(*m_host)) {
-        kept.group = rawValue(screen->currentOption());
-        kept.offset = screen->tableView->contentOffset();
-    }
+    Kept kept = whatToKeep();
     begin(std::vector(m_host->arrivedMessages()));
     if (wasOpen && m_canLaunch) {
         m_host->activate(nullptr);
         m_host->changeStyle(kept.isCompact ? Style::compact : Style::expanded);
         m_kept = std::move(kept);
     }
+}
+
+/// What an earlier reload has not brought back yet is still to be brought back.
+LivePhone::Kept LivePhone::whatToKeep() const {
+    Kept kept = m_kept.value_or(Kept());
+    kept.isCompact = kept.isCompact || (m_host->isOpen() && m_host->style() == Style::compact);
+    const CategoriesVC* screen = shownCategoryScreen(*m_host);
+    if (screen != nullptr && !kept.group) {
+        kept.group = rawValue(screen->currentOption());
+        kept.offset = screen->tableView->contentOffset();
+    }
+    return kept;
 }
 
 void LivePhone::afterTurn() {

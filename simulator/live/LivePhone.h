@@ -71,6 +71,7 @@ private:
     };
 
     void begin(const std::vector<ArrivedMessage>& arrived);
+    [[nodiscard]] Kept whatToKeep() const;
     void bringBack();
     [[nodiscard]] RecordedSettings recordedSettings() const;
     void launch();

@@ -192,14 +192,17 @@ class Page:
         return self.run("return [...document.querySelectorAll('#out .card dl')].map((card) =>"
                         " [...card.querySelectorAll('dd')].map((item) => item.textContent))")
 
-    def pixels(self):
-        """The digest of the phone's pixels, read back from the page's canvas."""
+    def pixels(self, canvas=False):
+        """The digest of the phone's pixels, as the page has them."""
         width, height, pixels = self.browser.execute_async_script(
-            """const done = arguments[0];
-               const canvas = window.phonePixels;
-               const {data} = canvas.getContext('2d').getImageData(0, 0, canvas.width, canvas.height);
-               crypto.subtle.digest('SHA-256', data).then((sum) => done([canvas.width, canvas.height,
-                   [...new Uint8Array(sum)].map((byte) => byte.toString(16).padStart(2, '0')).join('')]));""")
+            """const [canvas, done] = arguments;
+               const screen = document.getElementById('screen');
+               const none = new ImageData(1, 1); // before the first picture
+               const {data, width, height} = canvas
+                   ? screen.getContext('2d').getImageData(0, 0, screen.width, screen.height)
+                   : window.phonePixels() ?? none;
+               crypto.subtle.digest('SHA-256', data).then((sum) => done([width, height,
+                   [...new Uint8Array(sum)].map((byte) => byte.toString(16).padStart(2, '0')).join('')]));""", canvas)
         return f"{width} x {height} {pixels}"
 
     def complaints(self):

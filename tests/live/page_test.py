@@ -13,7 +13,7 @@ from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.actions.wheel_input import ScrollOrigin
 from selenium.webdriver.common.keys import Keys
 
-from browser import BUNDLE, PARLOR, BrowserTest, Page, digest_of_png, wait_until
+from browser import BUNDLE, PARLOR, BrowserTest, Page, digest_of_png, shot, wait_until
 
 ROOT = pathlib.Path(__file__).parents[2]
 CANVAS = str(ROOT / "flows/canvas.yaml")
@@ -236,12 +236,24 @@ class PageTest(BrowserTest):
         self.addCleanup(lambda: self.browser.execute_cdp_cmd("Page.removeScriptToEvaluateOnNewDocument", script))
         page = Page(self.browser, self.open())
         page.part("Player group")
-        page.run("window.phonePixels.getContext('2d').fillRect(0, 0, 500, 500); sockets[0].close();")
+        page.run("window.phonePixels().data.fill(0); sockets[0].close();")
         wait_until(lambda: page.run("return sockets.length > 1"), "another attempt")
         self.assert_shows(page)
         page.settle()
         page.choose("group", "Couple")
         self.assert_shows(page, "--group", "Couple")
+
+    def test_the_canvas_has_the_very_pixels_where_a_pixel_of_the_page_is_one_of_the_phone(self):
+        self.addCleanup(lambda: self.browser.execute_cdp_cmd("Emulation.clearDeviceMetricsOverride", {}))
+        self.browser.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
+            "width": 1280, "height": 1000, "deviceScaleFactor": 3, "mobile": False})
+        page = Page(self.browser, self.open())
+        page.part("", "row ")
+        page.choose("zoom", "1")
+        self.assertEqual(page.pixels(canvas=True), shot())
+        page.choose("appearance", "dark")
+        page.drag(page.first_row(), -120)
+        self.assertEqual(page.pixels(canvas=True), page.pixels())
 
     def test_the_inspector_tells_what_holds_a_view_and_where_that_stands(self):
         with tempfile.TemporaryDirectory() as name:

@@ -96,4 +96,4 @@ listenToKeys([
 ]);
 
 // For measurements and tests: the phone's own pixels, before they are fitted to the page.
-window.phonePixels = phone.pixels;
+window.phonePixels = () => phone.pixels;

@@ -11,7 +11,8 @@ export class Phone {
     #elements = document.getElementById('elements');
     #typing = document.getElementById('typing');
     #outline = document.getElementById('outline');
-    #pixels = new Pixels(document.createElement('canvas'));
+    #pixels = new Pixels();
+    #unfitted = new OffscreenCanvas(1, 1); // the pixels, where they are not shown one to one
     #size = [0, 0];
     #zoom = 'fit';
     #finger = null; // the pointer that is down
@@ -58,9 +59,9 @@ export class Phone {
         (this.#typing.hidden ? this.#box : this.#typing).focus({ preventScroll: true });
     }
 
-    /** The canvas that holds the phone's pixels one to one, for those who read them back. */
+    /** The phone's pixels one to one, for those who read them back. */
     get pixels() {
-        return this.#pixels.canvas;
+        return this.#pixels.image;
     }
 
     /** While the phone has not answered all that was done. */
@@ -147,23 +148,28 @@ export class Phone {
         this.#draw(null);
     }
 
-    /** Shrinks or copies the phone's pixels; `areas` in them, or all. */
+    /** Copies the phone's pixels, or shrinks them; `areas` in them, or all. */
     #draw(areas) {
-        const source = this.#pixels.canvas;
-        if (source.width === 0 || this.#size[0] === 0) {
+        const image = this.#pixels.image;
+        if (!image || this.#size[0] === 0) {
             return;
         }
-        const context = this.#shown.getContext('2d', { alpha: false });
-        const exact = source.width === this.#shown.width && source.height === this.#shown.height;
-        context.imageSmoothingEnabled = !exact;
-        context.imageSmoothingQuality = 'high';
-        if (!exact || areas === null) {
-            context.drawImage(source, 0, 0, this.#shown.width, this.#shown.height);
+        const { width, height } = this.#shown;
+        const isExact = image.width === width && image.height === height;
+        const shown = this.#shown.getContext('2d', { alpha: false, willReadFrequently: true });
+        if (isExact) {
+            put(image, shown, areas);
             return;
         }
-        for (const { x, y, width, height } of areas) {
-            context.drawImage(source, x, y, width, height, x, y, width, height);
+        const unfitted = this.#unfitted.getContext('2d', { alpha: false, willReadFrequently: true });
+        const isNew = this.#unfitted.width !== image.width || this.#unfitted.height !== image.height;
+        if (isNew) {
+            this.#unfitted.width = image.width;
+            this.#unfitted.height = image.height;
         }
+        put(image, unfitted, isNew ? null : areas);
+        shown.imageSmoothingQuality = 'high';
+        shown.drawImage(this.#unfitted, 0, 0, width, height);
     }
 
     #pointOf(event) {
@@ -238,6 +244,12 @@ export class Phone {
         event.preventDefault();
         const unit = event.deltaMode === WheelEvent.DOM_DELTA_LINE ? pointsALine : 1;
         this.#send({ type: 'wheel', ...this.#pointOf(event), dy: (event.deltaY * unit) / this.#cssScale() });
+    }
+}
+
+function put(image, context, areas) {
+    for (const { x, y, width, height } of areas ?? [{ x: 0, y: 0, width: image.width, height: image.height }]) {
+        context.putImageData(image, 0, 0, x, y, width, height);
     }
 }
 

@@ -27,38 +27,47 @@ export function readPicture(buffer) {
     return picture;
 }
 
-/** The phone's pixels on a canvas, one to one. */
+/** The phone's pixels, one to one. They lie in memory: a canvas would copy itself whole for every move. */
 export class Pixels {
-    #context;
-
-    constructor(canvas) {
-        this.canvas = canvas;
-        this.#context = canvas.getContext('2d', { alpha: false, desynchronized: true, willReadFrequently: true });
-    }
+    /** ImageData; null before the first picture. */
+    image = null;
+    #words = null; // a pixel each
 
     apply(picture) {
-        if (this.canvas.width !== picture.width || this.canvas.height !== picture.height) {
-            this.canvas.width = picture.width;
-            this.canvas.height = picture.height;
+        const { width, height } = picture;
+        if (this.image?.width !== width || this.image.height !== height) {
+            this.image = new ImageData(width, height);
+            this.#words = new Uint32Array(this.image.data.buffer);
         }
         for (const move of picture.moves) {
             this.#move(move);
         }
         for (const rect of picture.rects) {
-            if (rect.width > 0 && rect.height > 0) {
-                this.#context.putImageData(new ImageData(rect.pixels, rect.width, rect.height), rect.x, rect.y);
-            }
+            this.#put(rect);
         }
     }
 
     /** Rows that leave the area are lost; those that come in are told by the rectangles that follow. */
     #move({ x, y, width, height, down }) {
         const rows = height - Math.abs(down);
-        if (rows <= 0) {
-            return;
-        }
         const from = down > 0 ? y : y - down;
         const to = down > 0 ? y + down : y;
-        this.#context.drawImage(this.canvas, x, from, width, rows, x, to, width, rows);
+        const whole = this.image.width;
+        if (width === whole && rows > 0) {
+            this.#words.copyWithin(to * whole, from * whole, (from + rows) * whole);
+            return;
+        }
+        for (let row = 0; row < rows; ++row) {
+            const at = down > 0 ? rows - 1 - row : row; // none is overwritten before it has been moved
+            const start = (from + at) * whole + x;
+            this.#words.copyWithin((to + at) * whole + x, start, start + width);
+        }
+    }
+
+    #put({ x, y, width, height, pixels }) {
+        for (let row = 0; row < height; ++row) {
+            const line = pixels.subarray(row * width * 4, (row + 1) * width * 4);
+            this.image.data.set(line, ((y + row) * this.image.width + x) * 4);
+        }
     }
 }

@@ -121,6 +121,7 @@ TEST_F(UIViewControllerTest, ANavigationControllerShowsTheTopOfItsStack) {
     EXPECT_EQ(told(), "2 willMove\n1 willDisappear\n1 didDisappear\n2 didLoad\n2 willAppear\n2 didAppear\n2 didMove\n");
     EXPECT_EQ(second->view()->frame(), window->bounds());
     EXPECT_EQ(navigation->popViewControllerAnimated(true), second);
+    EXPECT_EQ(told(), "2 willLeave\n2 didLeave\n2 willDisappear\n2 didDisappear\n1 willAppear\n1 didAppear\n");
     EXPECT_NE(first->view()->window(), nullptr);
     EXPECT_EQ(navigation->popViewControllerAnimated(true), nullptr);
 }

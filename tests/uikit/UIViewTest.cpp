@@ -86,6 +86,14 @@ TEST_F(UIViewTest, AChangeDamagesWhatIsSeenOfIt) {
     EXPECT_EQ(damage(), CGRectMake(50, 10, 20, 20));
     child->setBackgroundColor(UIColor::blackColor());
     EXPECT_TRUE(damage().isEmpty()) << "nobody sees it";
+    view->setHidden(false);
+    static_cast<void>(damage());
+    child->removeFromSuperview();
+    EXPECT_EQ(damage(), CGRectMake(60, 20, 10, 10));
+    view->addSubview(child);
+    EXPECT_EQ(damage(), CGRectMake(60, 20, 10, 10));
+    window->bringSubviewToFront(*view);
+    EXPECT_EQ(damage(), CGRectMake(50, 10, 20, 20));
 }
 
 TEST_F(UIViewTest, AShadowIsDamagedWithWhatCastsIt) {

@@ -89,6 +89,11 @@ std::vector<Rule> interfaceRules() {
          "<contraints>: no interface document has such an element"},
         {"interface.unknown-attribute", warning, "An attribute that nobody reads, often a misspelt one.",
          "<label id=\"l\">: the attribute \"numberOfLine\" is not known"},
+    };
+}
+
+std::vector<Rule> screenRules() {
+    return {
         {"layout.conflict", error, "Constraints that cannot all hold; one of them is left out.",
          "a-01-top (Main.storyboard:12) contradicts other required constraints: a-02-hei (Main.storyboard:14)"},
         {"layout.ambiguous", warning, "The constraints leave open where a view stands or how large it is.",
@@ -109,6 +114,11 @@ std::vector<Rule> interfaceRules() {
          "<label id=\"l\">: the contrast is not measured: several colours lie under the text"},
         {"a11y.order", warning, "Assistive tools read in another order than the one that is seen.",
          "<label id=\"l\">: this is read after what stands below it"},
+    };
+}
+
+std::vector<Rule> bundleRules() {
+    return {
         {"catalog.scale", warning, "Phones have 1, 2 or 3 pixels a point.", "the scale \"4x\" is none of 1x, 2x, 3x"},
         {"catalog.dark", warning, "A text that keeps its colour in the dark may not be seen there.",
          "<label id=\"l\">: a text is painted in \"Ink\", which has no colour for the dark appearance"},
@@ -129,9 +139,10 @@ std::vector<Rule> interfaceRules() {
 }
 
 std::vector<Rule> allRules() {
-    std::vector<Rule> all = contentRules();
-    const std::vector<Rule> more = interfaceRules();
-    all.insert(all.end(), more.begin(), more.end());
+    std::vector<Rule> all;
+    for (const std::vector<Rule>& more : {contentRules(), interfaceRules(), screenRules(), bundleRules()}) {
+        all.insert(all.end(), more.begin(), more.end());
+    }
     return all;
 }
 

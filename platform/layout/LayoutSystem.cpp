@@ -38,6 +38,7 @@ private:
     [[nodiscard]] bool requireAll(LinearRelation relation);
     [[nodiscard]] bool leaveOut(int current);
     void fulfilWishes();
+    [[nodiscard]] double strongestOpenWish() const;
     void findAmbiguities();
     void settleOpenVariables();
     void placeFrames();
@@ -47,7 +48,7 @@ private:
     std::vector<bool> m_isLeftOut;                                  // by row
     Simplex::Equations m_equations = Simplex::Equations::forgotten; // marked once there is a contradiction to explain
     std::optional<Simplex> m_simplex;
-    std::vector<bool> m_isGiven; // by variable of an item: the required equalities alone determine it
+    std::vector<bool> m_isGiven; // by variable of an item, as in the result
     LayoutResult m_result;
 };
 
@@ -121,12 +122,31 @@ bool LayoutSolver::leaveOut(int current) {
 }
 
 void LayoutSolver::fulfilWishes() {
-    for (const LayoutRow& row : m_rows.rows()) {
-        if (!row.isRequired()) {
-            m_simplex->wish(row.expression, row.relation, row.priority);
+    const double open = strongestOpenWish();
+    const auto fulfil = [this](auto isMeant) {
+        for (const LayoutRow& row : m_rows.rows()) {
+            if (!row.isRequired() && isMeant(row.priority)) {
+                m_simplex->wish(row.expression, row.relation, row.priority);
+            }
+        }
+        m_simplex->fulfilWishes();
+    };
+    fulfil([open](double priority) { return priority > open; });
+    for (int item = 0; item < itemCount(); ++item) {
+        if (m_items[at(item)].width.isOpen) {
+            const int width = LayoutRows::size(item, horizontal);
+            m_isGiven[at(width)] = m_simplex->isDetermined(width);
         }
     }
-    m_simplex->fulfilWishes();
+    fulfil([open](double priority) { return priority <= open; });
+}
+
+double LayoutSolver::strongestOpenWish() const {
+    double strongest = 0;
+    for (const LayoutItem& item : m_items) {
+        strongest = std::max(strongest, item.width.isOpen ? item.width.strongestWish() : 0);
+    }
+    return strongest;
 }
 
 /// Looks at sizes first, as positions rest on them.

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Geometry.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -48,6 +49,9 @@ struct LayoutContent {
     std::optional<CGFloat> length{};    ///< the intrinsic size; absent where there is no wish
     double hugging = 250;               ///< priority of "not longer than that"
     double compressionResistance = 750; ///< priority of "not shorter than that"
+    bool isOpen = false;                ///< of a width: there is a wish, but it has not been measured
+
+    [[nodiscard]] double strongestWish() const { return std::max(hugging, compressionResistance); }
 };
 
 /// A rectangle to be placed. Width and height are never negative.
@@ -99,8 +103,10 @@ struct LayoutAmbiguity {
 };
 
 struct LayoutResult {
-    std::vector<CGRect> frames;    ///< one for each item, in the system's coordinates
-    std::vector<bool> givenWidths; ///< one for each item: the required equalities alone determine its width
+    std::vector<CGRect> frames; ///< one for each item, in the system's coordinates
+    /// One for each item: whether its width is what it is without its intrinsic size. Required equalities determine it
+    /// alone, or, of an open width, all that is stronger than the wishes of any open width.
+    std::vector<bool> givenWidths;
     std::vector<LayoutConflict> conflicts;
     std::vector<LayoutAmbiguity> ambiguities;
     std::size_t work = 0; ///< terms and variables looked at: what the solution cost, the same on any machine

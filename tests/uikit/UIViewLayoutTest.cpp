@@ -209,6 +209,37 @@ TEST_F(UIViewLayoutTest, TheFittingHeightHoldsTextsAndPaddingAtTheWidth) {
     }
 }
 
+/// Counts how often it is asked for the width of its whole text on one line.
+class AskedLabel : public UILabel {
+public:
+    [[nodiscard]] CGSize intrinsicContentSize() const override {
+        ++asked;
+        return UILabel::intrinsicContentSize();
+    }
+    mutable int asked = 0;
+};
+
+TEST_F(UIViewLayoutTest, ATextIsMeasuredOnlyAtTheWidthThatStrongerWishesGiveIt) {
+    const View box = addConstrained();
+    tie(box, {left, top}, window);
+    fix(box, height, 20);
+    const auto boxWidth = fix(box, width, 40);
+    boxWidth->setPriority(900);
+    const auto label = addConstrained<AskedLabel>();
+    label->setNumberOfLines(0);
+    label->setText("Some words that need more and more lines the narrower it gets");
+    tie(label, {right, top}, window);
+    label->leftAnchor().constraintEqualToAnchor(box->rightAnchor())->setActive(true);
+    EXPECT_EQ(laidOut(label).size.width, 280);
+    EXPECT_EQ(label->asked, 0);
+    label->setText("Other words, which may be longer or shorter than the ones before, but have the same room");
+    EXPECT_EQ(laidOut(label).size.width, 280);
+    EXPECT_EQ(label->asked, 0);
+    boxWidth->setPriority(200); // weaker than what the text would like
+    EXPECT_EQ(laidOut(label).size.width, 320);
+    EXPECT_GT(label->asked, 0);
+}
+
 TEST_F(UIViewLayoutTest, ConflictsAndOpenPlacesAreReportedOnce) {
     std::vector<std::string> reports;
     setLayoutReportObserver([&](const std::string& text, const NSObject&) { reports.push_back(text); });

@@ -24,6 +24,11 @@ UIEdgeInsets sum(const UIEdgeInsets& one, const UIEdgeInsets& other) {
     return {one.top + other.top, one.left + other.left, one.bottom + other.bottom, one.right + other.right};
 }
 
+/// Whether the width of the content is no more than a wish.
+bool hasOptionalWidth(const LayoutItem& item) {
+    return item.width.strongestWish() < UILayoutPriorityRequired;
+}
+
 } // namespace
 
 CGFloat guideOffset(const UIView& view, LayoutGuide guide, LayoutAttribute attribute) {
@@ -49,11 +54,11 @@ bool ViewSystem::update() {
     if (!m_changed || isEmpty) {
         return false;
     }
-    // Before anything is measured, the surroundings alone may give a text its width: it is laid out for that only.
-    for (int count = m_measuresContent ? 1 : 0; count <= maximumSolves && m_changed; ++count) {
+    // Before a text is measured, its surroundings alone may give it its width: it is laid out for that only.
+    for (int count = m_measuresTexts ? 1 : 0; count <= maximumSolves && m_changed; ++count) {
         m_result = solveLayout(m_items, m_constraints);
         rememberSizes();
-        m_measuresContent = true;
+        m_measuresTexts = true;
         m_changed = false;
         refreshItems();
     }
@@ -120,10 +125,12 @@ void ViewSystem::refreshItem(std::size_t index) {
         const CGRect frame = index == 0 ? CGRect{{0, 0}, view.bounds().size} : view.frame();
         assign(item.fixedFrame, std::optional(frame));
         size = frame.size;
-    } else if (!m_measuresContent) {
+    } else if (entry.isText && !m_measuresTexts) {
+        assign(item.width.isOpen, !m_tiesWidthsToHeights && hasOptionalWidth(item));
         return;
     } else {
         const bool needsWidth = !entry.widthIsGiven;
+        assign(item.width.isOpen, item.width.isOpen && !needsWidth);
         CGSize natural = needsWidth ? view.intrinsicContentSize() : CGSize{UIView::noIntrinsicMetric, 0};
         if (entry.solvedSize) {
             natural.height = view.intrinsicContentSizeForWidth(entry.solvedSize->width).height;
@@ -167,10 +174,8 @@ void ViewSystem::rememberSizes() {
     for (std::size_t index = 0; index < m_entries.size(); ++index) {
         Entry& entry = m_entries[index];
         const LayoutItem& item = m_items[index];
-        entry.widthIsGiven = m_result.conflicts.empty() && m_result.givenWidths[index] &&
-                             item.width.hugging < UILayoutPriorityRequired &&
-                             item.width.compressionResistance < UILayoutPriorityRequired;
-        if (m_measuresContent || entry.widthIsGiven) {
+        entry.widthIsGiven = m_result.conflicts.empty() && m_result.givenWidths[index] && hasOptionalWidth(item);
+        if (m_measuresTexts || !entry.isText || entry.widthIsGiven) {
             const CGSize size = m_result.frames[index].size;
             entry.solvedSize = CGSize{withoutNoise(size.width), withoutNoise(size.height)};
         }

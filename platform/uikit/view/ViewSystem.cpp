@@ -1,6 +1,6 @@
 #include "platform/uikit/view/ViewSystem.h"
 
-#include "platform/uikit/view/UIView.h"
+#include "platform/uikit/controls/UILabel.h"
 #include "platform/uikit/window/UIScreen.h"
 
 LayoutAttribute onThisPhone(LayoutAttribute attribute) {
@@ -62,7 +62,7 @@ void ViewSystem::collectRows(const UIView& view) {
 /// Leaves out what has a frame of its own and is of no interest to any constraint; false when it did.
 bool ViewSystem::collectViews(UIView& view, int parent) {
     const int index = static_cast<int>(m_entries.size());
-    m_entries.push_back({&view, false, false, std::nullopt});
+    m_entries.push_back({.view = &view, .isText = dynamic_cast<const UILabel*>(&view) != nullptr});
     m_items.emplace_back().parent = parent;
     bool isWanted = !view.translatesAutoresizingMaskIntoConstraints() || m_referenced.count(&view) != 0;
     if (!view.isLayoutRoot()) {
@@ -105,13 +105,15 @@ void ViewSystem::addConstraint(const Row& row) {
     if (second >= 0) {
         m_entries[static_cast<std::size_t>(second)].usesBaseline |= isBaseline(source.second().attribute);
     }
+    const LayoutAttribute secondAttribute = onThisPhone(source.second().attribute);
+    m_tiesWidthsToHeights |= second >= 0 && measureOf(firstAttribute).axis != measureOf(secondAttribute).axis;
     m_rows.push_back(row);
     m_rows.back().isMirrored = isMirrored;
     m_constraints.push_back({.first = first,
                              .firstAttribute = firstAttribute,
                              .relation = static_cast<LayoutRelation>(sign * static_cast<int>(source.relation())),
                              .second = second,
-                             .secondAttribute = onThisPhone(source.second().attribute),
+                             .secondAttribute = secondAttribute,
                              .multiplier = source.multiplier()});
 }
 

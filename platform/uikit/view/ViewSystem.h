@@ -46,9 +46,10 @@ private:
     /// The live side of one LayoutItem.
     struct Entry {
         UIView* view = nullptr;
+        bool isText = false; // dear to measure
         bool usesBaseline = false;
         bool widthIsGiven = false; // by its surroundings: the width that its content would like does not matter
-        std::optional<CGSize> solvedSize;
+        std::optional<CGSize> solvedSize{};
     };
     /// The live side of one LayoutConstraint.
     struct Row {
@@ -86,6 +87,7 @@ private:
     std::vector<LayoutConstraint> m_constraints; // as m_rows, then those of this class's own for fitting
     LayoutResult m_result;
     CGFloat m_fittingWidth = 0;
-    bool m_measuresContent = false; // from the second solve on
-    bool m_changed = true;          // since the last solve
+    bool m_tiesWidthsToHeights = false;
+    bool m_measuresTexts = false; // from the second solve on
+    bool m_changed = true;        // since the last solve
 };

@@ -13,6 +13,7 @@ namespace {
 struct Console {
     std::mutex mutex;
     std::function<void(std::string_view)> observer;
+    bool isBroken = false;
 };
 
 Console& console() {
@@ -45,6 +46,7 @@ void print(std::string_view line) {
     std::fflush(stdout); // what others left in the stream's buffer came first
     while (!rest.empty() && writeSome(rest)) {
     }
+    console().isBroken = console().isBroken || !rest.empty();
     if (console().observer) {
         console().observer(line);
     }
@@ -53,4 +55,9 @@ void print(std::string_view line) {
 void setDebugConsoleObserver(std::function<void(std::string_view)> observer) {
     const std::lock_guard lock(console().mutex);
     console().observer = std::move(observer);
+}
+
+bool isDebugConsoleBroken() {
+    const std::lock_guard lock(console().mutex);
+    return console().isBroken;
 }

@@ -9,6 +9,9 @@
 /// Writes `line` and a line feed.
 void print(std::string_view line);
 
+/// Whether a line could not be written whole: standard output is closed, or its disk full.
+[[nodiscard]] bool isDebugConsoleBroken();
+
 /// For the host, which reports what the console shows: called with every printed line, on the printing thread, one
 /// line at a time. It must not print. Set it while only the main thread runs; an empty function removes it.
 void setDebugConsoleObserver(std::function<void(std::string_view)> observer);

@@ -1,6 +1,7 @@
 #include "platform/graphics/PNG.h"
 
 #include "platform/foundation/FatalError.h"
+#include "platform/foundation/FileReading.h"
 
 #include <png.h>
 
@@ -8,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <new>
 
@@ -100,9 +102,8 @@ void premultiplyRows(Bitmap& bitmap) {
 }
 
 Result<Bitmap> readPixels(png_image& image) {
-    if (!isAcceptable(image.width, image.height)) {
-        return Failure{"larger than " + std::to_string(longestSide) + " pixels a side or " +
-                       std::to_string(mostPixels) + " in all"};
+    if (std::optional<Failure> failure = pictureSizeRefusal(image.width, image.height)) {
+        return *std::move(failure);
     }
     Result<Bitmap> bitmap = Bitmap::make(static_cast<int>(image.width), static_cast<int>(image.height));
     if (!bitmap) {
@@ -117,6 +118,14 @@ Result<Bitmap> readPixels(png_image& image) {
 }
 
 } // namespace
+
+std::optional<Failure> pictureSizeRefusal(std::uint32_t width, std::uint32_t height) {
+    if (isAcceptable(width, height)) {
+        return std::nullopt;
+    }
+    return Failure{"a picture of " + std::to_string(width) + " x " + std::to_string(height) + " pixels; at most " +
+                   std::to_string(longestSide) + " a side and " + std::to_string(mostPixels) + " in all can be read"};
+}
 
 std::vector<std::uint8_t> encodePNG(const Bitmap& bitmap) {
     std::vector<std::uint8_t> file;
@@ -153,7 +162,11 @@ std::optional<Failure> writePNG(const Bitmap& bitmap, const std::string& path) {
 Result<Bitmap> readPNG(const std::string& path) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
-    if (png_image_begin_read_from_file(&image, path.c_str()) == 0) {
+    const Result<std::string> bytes = readWholeFile(path);
+    if (!bytes) {
+        return bytes.failure();
+    }
+    if (png_image_begin_read_from_memory(&image, bytes.value().data(), bytes.value().size()) == 0) {
         return Failure{image.message};
     }
     Result<Bitmap> bitmap = readPixels(image);
@@ -162,6 +175,10 @@ Result<Bitmap> readPNG(const std::string& path) {
 }
 
 std::optional<PixelSize> readPNGSize(const std::string& path) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) { // opening a pipe would wait for whoever writes to it
+        return std::nullopt;
+    }
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     png_image_begin_read_from_file(&image, path.c_str()); // a failure leaves it without a size

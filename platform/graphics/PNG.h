@@ -18,7 +18,9 @@ struct PixelSize {
 [[nodiscard]] std::vector<std::uint8_t> encodePNG(const Bitmap& bitmap);
 /// Absent when the file was written.
 [[nodiscard]] std::optional<Failure> writePNG(const Bitmap& bitmap, const std::string& path);
-/// Files of more than 8192 pixels a side, or 16 million in all, are refused.
+/// Why a picture of that size would not be read; it names the limits.
+[[nodiscard]] std::optional<Failure> pictureSizeRefusal(std::uint32_t width, std::uint32_t height);
+/// Larger ones are refused.
 [[nodiscard]] Result<Bitmap> readPNG(const std::string& path);
 /// Reads only the header; absent when it is none or too large.
 [[nodiscard]] std::optional<PixelSize> readPNGSize(const std::string& path);

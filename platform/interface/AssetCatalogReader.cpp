@@ -6,38 +6,59 @@
 #include "platform/interface/CatalogSets.h"
 
 #include <algorithm>
+#include <set>
+#include <utility>
 
 namespace {
 
-void collect(const std::filesystem::path& folder, int depth, std::vector<CatalogEntry>& entries) {
-    constexpr int deepest = 16; // links could run in a circle
-    std::error_code error;
-    const std::filesystem::directory_iterator end;
-    for (std::filesystem::directory_iterator item(folder, error); !error && item != end; item.increment(error)) {
-        std::error_code unreadable; // such an item is left out
-        if (!item->is_directory(unreadable)) {
-            continue;
+/// Finds the sets in folders and the folders in them.
+class EntryCollector {
+public:
+    explicit EntryCollector(Findings* findings) : m_findings(findings) {}
+
+    void collect(const std::filesystem::path& folder) {
+        std::error_code error;
+        if (!m_seen.insert(std::filesystem::weakly_canonical(folder, error)).second) {
+            if (m_findings != nullptr) {
+                m_findings->push_back({Severity::warning, folder.string(), std::nullopt,
+                                       "this link leads to a folder of the catalogue that is read already"});
+            }
+            return;
         }
-        if (item->path().has_extension()) {
-            entries.push_back({item->path(), item->path().stem().string()});
-        } else if (depth < deepest) {
-            collect(item->path(), depth + 1, entries);
+        const std::filesystem::directory_iterator end;
+        for (std::filesystem::directory_iterator item(folder, error); !error && item != end; item.increment(error)) {
+            std::error_code unreadable; // such an item is left out
+            if (!item->is_directory(unreadable)) {
+                continue;
+            }
+            if (item->path().has_extension()) {
+                m_entries.push_back({item->path(), item->path().stem().string()});
+            } else {
+                collect(item->path());
+            }
         }
     }
-}
+    std::vector<CatalogEntry> take() { return std::move(m_entries); }
+
+private:
+    Findings* m_findings;
+    std::set<std::filesystem::path> m_seen; // by their true paths: links could run in a circle
+    std::vector<CatalogEntry> m_entries;
+};
 
 } // namespace
 
-std::vector<CatalogEntry> catalogEntries(const std::filesystem::path& catalog) {
-    std::vector<CatalogEntry> entries;
-    collect(catalog, 0, entries);
+std::vector<CatalogEntry> catalogEntries(const std::filesystem::path& catalog, Findings* findings) {
+    EntryCollector collector(findings);
+    collector.collect(catalog);
+    std::vector<CatalogEntry> entries = collector.take();
     std::sort(entries.begin(), entries.end(),
               [](const CatalogEntry& one, const CatalogEntry& other) { return one.folder < other.folder; });
     return entries;
 }
 
 std::filesystem::path catalogFolder(const NSBundle& bundle) {
-    return bundle.bundlePath() / "Assets.xcassets";
+    return bundle.URLForResource("Assets", "xcassets").value_or(std::filesystem::path());
 }
 
 void installAssetCatalog() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/foundation/Finding.h"
 #include "platform/graphics/AssetCatalog.h"
 #include "platform/graphics/UIColor.h"
 #include "platform/graphics/UIImage.h"
@@ -18,9 +19,11 @@ struct CatalogEntry {
     std::string name;
 };
 
-/// All sets of a catalogue, those in groups included, sorted by path. Nothing for a folder that cannot be read.
-[[nodiscard]] std::vector<CatalogEntry> catalogEntries(const std::filesystem::path& catalog);
-/// Where a bundle keeps its asset catalogue.
+/// All sets of a catalogue, those in groups included, sorted by path. Nothing for a folder that cannot be read. A link
+/// that leads back to a folder around it is left out, and warned of where `findings` are wanted.
+[[nodiscard]] std::vector<CatalogEntry> catalogEntries(const std::filesystem::path& catalog,
+                                                       Findings* findings = nullptr);
+/// Where a bundle keeps its asset catalogue, or what takes its place.
 [[nodiscard]] std::filesystem::path catalogFolder(const NSBundle& bundle);
 /// Makes the main bundle's catalogue the current one. Called by the host, after NSBundle::setMainBundle and before the
 /// extension starts; calling it again starts afresh with the current bundle.

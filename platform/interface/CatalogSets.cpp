@@ -137,7 +137,25 @@ std::vector<ImageFile> filesFor(JSONValue images, const std::filesystem::path& f
     return byFitness.empty() ? std::vector<ImageFile>() : byFitness.rbegin()->second;
 }
 
+std::filesystem::path& renderedCatalog() {
+    static std::filesystem::path catalog;
+    return catalog;
+}
+
+/// The folder of the same set in the catalogue of rendered pictures.
+std::filesystem::path renderedFolderOf(const std::filesystem::path& folder) {
+    std::filesystem::path inside;
+    for (std::filesystem::path at = folder; at.has_filename() && at.extension() != ".xcassets"; at = at.parent_path()) {
+        inside = at.filename() / inside;
+    }
+    return renderedCatalog() / inside;
+}
+
 } // namespace
+
+void setRenderedCatalog(std::filesystem::path catalog) {
+    renderedCatalog() = std::move(catalog);
+}
 
 std::optional<CatalogContents> CatalogContents::read(const std::filesystem::path& folder, Findings& findings) {
     const std::string path = (folder / "Contents.json").string();
@@ -173,7 +191,10 @@ std::vector<ImageFile> imageFilesOf(const std::filesystem::path& folder, std::st
     if (path.extension() != ".svg") {
         return {{path.string(), scale}};
     }
-    const std::string stem = (folder / path.stem()).string();
+    std::error_code error;
+    const std::filesystem::path besideIt = folder / path.stem();
+    const bool isBesideIt = renderedCatalog().empty() || std::filesystem::exists(besideIt.string() + ".png", error);
+    const std::string stem = (isBesideIt ? besideIt : renderedFolderOf(folder) / path.stem()).string();
     return {{stem + ".png", 1}, {stem + "@2x.png", 2}, {stem + "@3x.png", 3}};
 }
 

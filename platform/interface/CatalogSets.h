@@ -38,7 +38,9 @@ private:
 /// Reads NAME.imageset: the files for a phone, else those for any device. Null when no file is named (an empty slot is
 /// no fault) or the set is broken.
 [[nodiscard]] std::shared_ptr<UIImage> readImageSet(const std::filesystem::path& folder, Findings& findings);
-/// What is drawn for a file that a set names: the file itself, or for an SVG file the PNG files that the build renders
-/// beside it.
+/// What is drawn for a file that a set names: the file itself, or for an SVG file the PNG files that the build renders:
+/// beside it or, when there are none, in the catalogue of rendered pictures.
 [[nodiscard]] std::vector<ImageFile> imageFilesOf(const std::filesystem::path& folder, std::string_view fileName,
                                                   int scale);
+/// For the host, once: the catalogue in which the build renders the drawings of catalogues that stand in the tree.
+void setRenderedCatalog(std::filesystem::path catalog);

@@ -183,7 +183,11 @@ std::vector<InterfaceScene> scenesOf(const InterfaceElement& root) {
 
 std::filesystem::path InterfaceDocument::pathIn(const NSBundle& bundle, const std::string& name, Kind kind) {
     const char* extension = kind == Kind::nib ? "xib" : "storyboard";
-    return bundle.URLForResource(name, extension).value_or(bundle.bundlePath() / (name + "." + extension));
+    const std::filesystem::path path = bundle.bundlePath() / (name + "." + extension);
+    std::error_code error;
+    const bool isTakenAway = std::filesystem::exists(path, error); // though the bundle does not give it
+    return bundle.URLForResource(name, extension)
+        .value_or(isTakenAway ? std::filesystem::path(path.string() + " (taken away)") : path);
 }
 
 InterfaceDocument::Loaded InterfaceDocument::shared(const std::filesystem::path& path, Kind kind) {

@@ -15,8 +15,12 @@ struct ResourceOverride {
 };
 
 /// Makes the folder the main bundle of this process, with some resources replaced, and the extension's and the
-/// platform's classes known by name. Begins afresh at every call; nothing of an earlier extension may be alive.
+/// platform's classes known by name. It may be an assembled bundle or the sources of one, whose lists stand in
+/// content/. Begins afresh at every call; nothing of an earlier extension may be alive.
 void openExtensionBundle(const std::filesystem::path& folder, const std::vector<ResourceOverride>& overrides = {});
+
+/// The files and folders of such a folder that an extension can ask for by name.
+[[nodiscard]] std::vector<std::filesystem::path> bundleFiles(const std::filesystem::path& folder);
 
 /// Where Info.plist names the storyboard of the extension's first controller, for messages.
 inline constexpr const char* mainStoryboardKey = "NSExtension, NSExtensionMainStoryboard";

@@ -1,6 +1,7 @@
 #include "simulator/conversation/Device.h"
 
 #include "platform/foundation/Nearest.h"
+#include "platform/graphics/PNG.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -51,6 +52,10 @@ Result<Device> deviceNamed(const std::string& name) {
     const int fields = std::sscanf(name.c_str(), "%4dx%4d@%1d%n", &width, &height, &scale, &length);
     const bool sensible = width >= 100 && height >= 100 && scale >= 1 && scale <= 3;
     if (fields == 3 && static_cast<std::size_t>(length) == name.size() && sensible) {
+        if (const auto failure = pictureSizeRefusal(static_cast<std::uint32_t>(width * scale),
+                                                    static_cast<std::uint32_t>(height * scale))) {
+            return Failure{"the device '" + name + "' is too large: its screen would be " + failure->what};
+        }
         return makeDevice(name, {static_cast<CGFloat>(width), static_cast<CGFloat>(height)}, scale);
     }
     return Failure{"unknown device '" + name + "'" + suggestion(name, names) +

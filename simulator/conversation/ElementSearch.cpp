@@ -87,6 +87,16 @@ std::vector<ScreenElement> matching(const std::vector<ScreenElement>& elements, 
     return found.empty() ? matching(elements, selector, asPattern(selector.text), asPattern(selector.id)) : found;
 }
 
+/// The first names from the top, with what they are called.
+std::string seen(const std::vector<std::string>& names, const std::string& kind) {
+    constexpr std::size_t most = 12;
+    std::string all;
+    for (std::size_t i = 0; i < names.size() && i < most; ++i) {
+        all += (i == 0 ? "" : ", ") + ("'" + names[i] + "'");
+    }
+    return all.empty() ? "; there are no " + kind : "; the " + kind + " are " + all + (names.size() > most ? " …" : "");
+}
+
 } // namespace
 
 std::string Selector::describe() const {
@@ -136,14 +146,36 @@ bool ElementSearch::exists(const Selector& selector) const {
     return !matching(elements(), selector).empty();
 }
 
-std::string ElementSearch::suggestionFor(const Selector& selector) const {
-    std::vector<std::string> known;
-    for (const ScreenElement& element : select(elements(), &ScreenElement::isVisible)) {
-        if (!selector.text) {
-            known.push_back(element.identifier());
-        } else {
-            known.insert(known.end(), element.texts().begin(), element.texts().end());
+std::string ElementSearch::insteadOf(const Selector& selector) const {
+    for (const auto* anchor : {selector.below.get(), selector.above.get()}) {
+        if (anchor != nullptr && !find(*anchor)) {
+            return ": no " + anchor->describe() + insteadOf(*anchor);
         }
     }
-    return suggestion(selector.text ? *selector.text : selector.id.value_or(""), known);
+    const std::vector<ScreenElement> visible = select(elements(), &ScreenElement::isVisible);
+    const std::size_t matches = matching(visible, selector).size();
+    if (matches > 0) {
+        return ", but " + std::to_string(matches) + " that match but for number, state or place";
+    }
+    if (selector.text && selector.id) {
+        const auto sameId = matching(visible, {std::nullopt, selector.id, std::nullopt});
+        if (!sameId.empty() && !sameId.front().texts().empty()) {
+            return ": id '" + *selector.id + "' says '" + sameId.front().texts().front() + "'";
+        }
+    }
+    std::vector<std::string> texts;
+    std::vector<std::string> ids;
+    for (const ScreenElement& element : visible) {
+        texts.insert(texts.end(), element.texts().begin(), element.texts().end());
+        if (!element.identifier().empty()) {
+            ids.push_back(element.identifier());
+        }
+    }
+    const std::string wanted = selector.text.value_or(selector.id.value_or(""));
+    const std::vector<std::string>& others = selector.text ? ids : texts;
+    if (std::find(others.begin(), others.end(), wanted) != others.end()) {
+        return selector.text ? "; it is an id, and no text: {id: " + wanted + "}" : "; it is a text, and no id";
+    }
+    const std::string nearest = suggestion(wanted, selector.text ? texts : ids);
+    return nearest.empty() ? seen(selector.text ? texts : ids, selector.text ? "texts" : "ids") : nearest;
 }

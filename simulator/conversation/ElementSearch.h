@@ -25,8 +25,9 @@ public:
     [[nodiscard]] std::optional<ScreenElement> find(const Selector& selector) const;
     /// Whether an element is meant that is there, visible or not.
     [[nodiscard]] bool exists(const Selector& selector) const;
-    /// "; did you mean NAME?", of the visible texts or identifiers; or nothing.
-    [[nodiscard]] std::string suggestionFor(const Selector& selector) const;
+    /// What is on the screen instead of an element that find() does not find, for messages: a text that is an id, the
+    /// text that an element with that id has, fewer of them, the nearest text or id, or all that can be seen.
+    [[nodiscard]] std::string insteadOf(const Selector& selector) const;
 
 private:
     [[nodiscard]] std::vector<ScreenElement> elements() const;

@@ -4,9 +4,9 @@
 #include "simulator/flows/FlowPlayer.h"
 #include "simulator/flows/FlowTable.h"
 #include "simulator/flows/FlowValue.h"
+#include "simulator/pictures/PictureFile.h"
 
 #include <filesystem>
-#include <fstream>
 
 namespace {
 
@@ -51,14 +51,6 @@ FlowAction compareItems(const std::vector<std::pair<std::string, std::string>>& 
         }
         return std::nullopt;
     });
-}
-
-Failure recordTree(const std::string& path, const std::string& tree) {
-    std::ofstream file(path, std::ios::binary);
-    file << tree;
-    file.close();
-    return {file ? "there was no " + path + ": it has been recorded; look at it, then play the flow again"
-                 : path + " cannot be written"};
 }
 
 /// The first line in which two trees differ.
@@ -110,18 +102,25 @@ FlowAction makeAssertDebug(const FlowValue& value) {
 }
 
 FlowAction makeAssertTree(const FlowValue& value) {
-    return [path = value.reading().besideIt(value.text())](FlowPlayer& player) -> std::optional<Failure> {
+    const std::filesystem::path path = value.reading().besideIt(value.text());
+    return [path](FlowPlayer& player) -> std::optional<Failure> {
+        const std::string start = (path.parent_path() / path.stem()).string();
+        const std::string golden = player.goldenFile(start, path.extension().string());
         const std::string tree = describeTree(player.host().window(), TreeDetail::stable);
+        const Goldens goldens = player.pictures().goldens;
         std::error_code error;
-        if (!std::filesystem::exists(path, error)) {
-            return recordTree(path, tree);
+        if (goldens == Goldens::renew) {
+            return writeWholeFile(tree, golden);
         }
-        const Result<std::string> expected = readWholeFile(path);
+        if (!std::filesystem::exists(golden, error)) {
+            return missingGolden(golden, goldens, [&] { return writeWholeFile(tree, golden); });
+        }
+        const Result<std::string> expected = readWholeFile(golden);
         if (!expected) {
             return expected.failure();
         }
         return expect(tree == expected.value(),
-                      "the view tree is not that of " + path + ", " + firstDifference(expected.value(), tree));
+                      "the view tree is not that of " + golden + ", " + firstDifference(expected.value(), tree));
     };
 }
 
@@ -164,7 +163,7 @@ FlowCommands assertCommands() {
         {"assertTree",
          {{FlowType::name}},
          {},
-         "the view tree is that of the file beside the flow; the first run records it and fails",
+         "the view tree is that of the golden file beside the flow",
          {"assertTree: tree.txt"},
          makeAssertTree},
         {"assertStyleRequests",

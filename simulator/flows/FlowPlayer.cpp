@@ -2,6 +2,11 @@
 
 #include "platform/foundation/DebugConsole.h"
 #include "platform/uikit/view/ViewSystem.h"
+#include "simulator/conversation/ViewTree.h"
+#include "simulator/pictures/PictureFile.h"
+#include "simulator/pictures/ScreenPicture.h"
+
+#include <utility>
 
 namespace {
 
@@ -31,8 +36,13 @@ FlowPlayer::~FlowPlayer() {
 
 FlowResult FlowPlayer::play() {
     playSteps(m_flow.steps);
+    return result();
+}
+
+FlowResult FlowPlayer::result() const {
     return {m_flow.file,  m_flow.name,     m_host->device().name,   m_host->events(),
-            m_debugLines, m_host->links(), m_host->styleRequests(), m_failures};
+            m_debugLines, m_host->links(), m_host->styleRequests(), m_failures,
+            m_goldens};
 }
 
 bool FlowPlayer::playSteps(const FlowSteps& steps) {
@@ -48,6 +58,7 @@ bool FlowPlayer::playSteps(const FlowSteps& steps) {
 
 bool FlowPlayer::playStep(const FlowStep& step) {
     const std::size_t failuresBefore = m_failures.size();
+    const FlowStep* const outer = std::exchange(m_step, &step);
     std::optional<Failure> failure;
     if (++m_stepsPlayed > mostSteps) {
         failure = {"the flow has played " + std::to_string(mostSteps) + " commands; it ends here"};
@@ -56,13 +67,39 @@ bool FlowPlayer::playStep(const FlowStep& step) {
     }
     m_host->settle();
     m_narrator.tell(*m_host);
+    m_step = &step; // those inside it have come and gone
     if (failure && step.isOptional) {
         m_host->note("optional", step.name + " failed, which is no failure of the flow: " + failure->what);
     } else if (failure) {
-        m_failures.push_back({Severity::error, step.file, step.place, step.name + ": " + failure->what});
-        m_host->note("failure", m_failures.back().describe());
+        fail(*failure);
     }
+    m_step = outer;
     return m_failures.size() == failuresBefore;
+}
+
+void FlowPlayer::fail(const Failure& failure) {
+    m_failures.push_back(failureNow(failure.what + (m_pictures.showsFailures ? showFailure() : "")));
+    m_host->note("failure", m_failures.back().describe());
+}
+
+Finding FlowPlayer::failureNow(const std::string& what) const {
+    return m_step == nullptr ? Finding{Severity::error, m_flow.file, std::nullopt, what}
+                             : Finding{Severity::error, m_step->file, m_step->place, m_step->name + ": " + what};
+}
+
+std::string FlowPlayer::showFailure() const {
+    const std::string name =
+        std::filesystem::path(m_step->file).stem().string() + "-line-" + std::to_string(m_step->place.line) + ".failed";
+    const std::string start = (m_pictures.output / name).string();
+    std::optional<Failure> failure = savePicture(takePicture(*m_host, PictureExtent::screen), start + ".png");
+    if (!failure) {
+        failure = writeWholeFile(describeTree(m_host->window(), TreeDetail::withSources), start + ".txt");
+    }
+    return "\n      " + (failure ? failure->what : "see " + start + ".png and .txt");
+}
+
+std::string FlowPlayer::goldenFile(const std::string& start, const std::string& ending) {
+    return m_goldens.emplace_back(start + "-" + m_host->device().name + ending);
 }
 
 bool FlowPlayer::waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds time) {
@@ -97,7 +134,7 @@ Failure FlowPlayer::missing(const Selector& selector) {
     if (search.exists(selector)) {
         return {selector.describe() + " is there but cannot be seen: hidden, covered or scrolled away"};
     }
-    return {"no " + selector.describe() + " on the screen" + search.suggestionFor(selector)};
+    return {"no " + selector.describe() + " on the screen" + search.insteadOf(selector)};
 }
 
 Failure FlowPlayer::unwanted(const Selector& selector) {

@@ -16,7 +16,9 @@ struct FlowResult {
     std::vector<std::string> debugLines;
     std::vector<ConversationHost::OpenedLink> links;
     std::vector<ConversationHost::StyleRequest> styleRequests;
-    Findings failures; // empty: the flow passed
+    Findings failures;                // empty: the flow passed
+    std::vector<std::string> goldens; // the golden files that it asked for
+    bool wasPlayed = true;            // false: it could not be read
 };
 
 /// Plays one flow from a fresh conversation to its end, in virtual time; a failed step does not stop it. Commands use
@@ -30,10 +32,16 @@ public:
     FlowPlayer& operator=(const FlowPlayer&) = delete;
 
     [[nodiscard]] FlowResult play();
+    /// What has come of it until now.
+    [[nodiscard]] FlowResult result() const;
+    /// A failure of the command that is being played.
+    [[nodiscard]] Finding failureNow(const std::string& what) const;
 
     // For the commands.
     [[nodiscard]] ConversationHost& host() const { return *m_host; }
     [[nodiscard]] const PictureSettings& pictures() const { return m_pictures; }
+    /// START-DEVICE.ENDING: what is golden for one device is not for another. Remembers that it was asked for.
+    [[nodiscard]] std::string goldenFile(const std::string& start, const std::string& ending);
     /// An element of the screen as it is now.
     [[nodiscard]] std::optional<ScreenElement> find(const Selector& selector) const;
     /// How long commands wait for what they are about, in virtual time.
@@ -57,6 +65,9 @@ public:
 
 private:
     bool playStep(const FlowStep& step);
+    void fail(const Failure& failure);
+    /// Leaves a picture and the tree of the moment; where, for messages.
+    [[nodiscard]] std::string showFailure() const;
 
     const Flow& m_flow;
     PictureSettings m_pictures;
@@ -64,6 +75,8 @@ private:
     ScreenNarrator m_narrator;
     std::vector<std::string> m_debugLines;
     Findings m_failures;
+    std::vector<std::string> m_goldens;
+    const FlowStep* m_step = nullptr; // that is being played
     std::size_t m_stepsPlayed = 0;
     std::size_t m_linksAsked = 0;
     std::size_t m_debugLinesTaken = 0;

@@ -24,11 +24,11 @@ PictureRequest pictureIn(const FlowValue& value) {
 
 FlowAction makeAssertScreenshot(const FlowValue& value) {
     const PictureRequest request = pictureIn(value);
-    return [request,
-            golden = value.reading().besideIt(request.name + ".png")](FlowPlayer& player) -> std::optional<Failure> {
+    return [request, start = value.reading().besideIt(request.name)](FlowPlayer& player) -> std::optional<Failure> {
+        const std::string golden = player.goldenFile(start, ".png");
         const std::optional<Failure> failure =
             compareWithGolden(takePicture(player.host(), request.extent), golden, request.name, player.pictures());
-        if (!failure && player.pictures().updateGoldens) {
+        if (!failure && player.pictures().goldens == Goldens::renew) {
             player.host().note("picture", "golden picture " + golden);
         }
         return failure;

@@ -8,8 +8,9 @@
 #include <string_view>
 
 // Files that are there whole or not at all: whoever looks, or stops the program, meanwhile never finds half of one. The
-// folders they need are made. Absent when the file was written.
+// folders they need are made; what is no file, such as a pipe or a device, is written as it stands. Absent when the
+// file was written.
 
 [[nodiscard]] std::optional<Failure> writeWholeFile(std::string_view bytes, const std::filesystem::path& file);
-/// As PNG.
+/// As PNG. Refused when it is too large to be read again.
 [[nodiscard]] std::optional<Failure> savePicture(const Bitmap& picture, const std::filesystem::path& file);

@@ -23,7 +23,8 @@ TEST(DeviceTest, IsKnownByNameOrDescribedBySize) {
     EXPECT_EQ(deviceNamed("se").value().size, (CGSize{320, 568}));
     EXPECT_EQ(deviceNamed("390x844@3").value().size, (CGSize{390, 844}));
     EXPECT_EQ(deviceNamed("390x844@3").value().scale, 3);
-    for (const char* name : {"", "x", "390x844", "390x844@0", "390x844@4", "10x844@3", "390x844@3x", "-390x844@3"}) {
+    for (const char* name : {"", "x", "390x844", "390x844@0", "390x844@4", "10x844@3", "390x844@3x", "-390x844@3",
+                             "9999x9999@3", "4096x8192@1"}) {
         EXPECT_FALSE(deviceNamed(name)) << name;
     }
 }

@@ -128,12 +128,38 @@ TEST_F(FlowPlayerTest, TypesAndErasesInTheFieldThatHasTheKeyboard) {
                             HasSubstr("inputText: no text field has the keyboard")));
 }
 
-TEST_F(FlowPlayerTest, RecordsATreeOnceAndThenComparesWithIt) {
+TEST_F(FlowPlayerTest, RecordsATreeOnceComparesWithItRenewsItAndRecordsNothingInCI) {
     const std::string flow = "- launchApp\n- wait: 600\n- assertTree: tree.txt\n";
-    EXPECT_THAT(failuresOf(flow), ElementsAre(HasSubstr("has been recorded")));
+    pictures.goldens = Goldens::onlyRead;
+    EXPECT_THAT(failuresOf(flow), ElementsAre(HasSubstr("none is recorded")));
+    pictures.goldens = Goldens::compare;
+    EXPECT_THAT(failuresOf(flow), ElementsAre(HasSubstr("tree-15.txt: it has been recorded")));
     EXPECT_THAT(failuresOf(flow), IsEmpty());
-    EXPECT_THAT(failuresOf("- launchApp\n- assertTree: tree.txt\n- assertTree: .\n"),
-                ElementsAre(HasSubstr("line 1:"), HasSubstr("it is a folder")));
+    const std::string early = "- launchApp\n- assertTree: tree.txt\n";
+    EXPECT_THAT(failuresOf(early), ElementsAre(HasSubstr("line 1:")));
+    pictures.goldens = Goldens::renew;
+    EXPECT_THAT(failuresOf(early), IsEmpty());
+    pictures.goldens = Goldens::compare;
+    EXPECT_THAT(failuresOf(early), IsEmpty());
+}
+
+TEST_F(FlowPlayerTest, SaysWhatIsThereInsteadAndLeavesAPictureAndTheTree) {
+    device = "320x568@1";
+    pictures.showsFailures = true;
+    EXPECT_THAT(failuresOf("- launchApp\n"
+                           "- wait: 600\n"
+                           "- tapOn: btnDropdown\n"
+                           "- tapOn: {id: Slow Burn}\n"
+                           "- assertVisible: {id: lblDropDown, text: Friends}\n"
+                           "- tapOn: {text: Slow Burn, index: 3}\n"
+                           "- tapOn: {text: x, below: Slow Brun}\n"
+                           "- tapOn: Something quite different\n"),
+                ElementsAre(HasSubstr("it is an id, and no text: {id: btnDropdown}"),
+                            HasSubstr("it is a text, and no id"), HasSubstr(": id 'lblDropDown' says 'Adult (18+)'"),
+                            HasSubstr("but 1 that match but for number"), HasSubstr("did you mean Slow Burn?"),
+                            HasSubstr("the texts are 'Truths & Dares', ")));
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "out/test-line-3.failed.png"));
+    EXPECT_THAT(readWholeFile(folder.path() / "out/test-line-8.failed.txt").value(), HasSubstr("#lblDropDown"));
 }
 
 TEST_F(FlowPlayerTest, TellsOfConstraintsThatContradictEachOtherAndOfNoOthers) {

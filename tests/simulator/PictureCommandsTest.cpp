@@ -36,14 +36,14 @@ TEST_F(PictureCommandsTest, WritesPicturesOfTheScreenOfTheExtensionAloneAndBefor
 
 TEST_F(PictureCommandsTest, ComparesWithTheGoldenBesideTheFlow) {
     const std::string compact = "- launchApp\n- assertScreenshot: opened\n";
-    EXPECT_THAT(failuresOf(compact), ElementsAre(HasSubstr((folder.path() / "opened.png").string())));
+    EXPECT_THAT(failuresOf(compact), ElementsAre(HasSubstr((folder.path() / "opened-320x568@1.png").string())));
     EXPECT_THAT(failuresOf(compact), IsEmpty());
     const std::string expanded = "- launchApp\n- wait: 600\n- assertScreenshot: opened\n";
     EXPECT_EQ(failuresOf(expanded).size(), 1u);
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "out" / "opened.diff.png"));
-    pictures.updateGoldens = true;
+    pictures.goldens = Goldens::renew;
     EXPECT_THAT(failuresOf(expanded), IsEmpty());
-    pictures.updateGoldens = false;
+    pictures.goldens = Goldens::compare;
     EXPECT_THAT(failuresOf(expanded), IsEmpty()) << "taken anew";
 }
 

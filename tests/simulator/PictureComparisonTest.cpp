@@ -1,5 +1,6 @@
 #include "simulator/pictures/PictureComparison.h"
 
+#include "platform/foundation/FileReading.h"
 #include "platform/graphics/PNG.h"
 #include "simulator/pictures/PictureFile.h"
 #include "tests/support/TemporaryFolder.h"
@@ -8,6 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -29,7 +33,7 @@ protected:
     /// What is wrong with a picture that is compared with the golden one.
     [[nodiscard]] std::string complaint(const Bitmap& actual) const {
         const std::optional<Failure> failure =
-            compareWithGolden(actual, golden, "screen", {folder.path() / "differences", false});
+            compareWithGolden(actual, golden, "screen", {folder.path() / "differences"});
         return failure ? failure->what : "";
     }
     [[nodiscard]] bool left(const std::string& kind) const {
@@ -60,6 +64,34 @@ TEST_F(PictureComparisonTest, SizesThatDifferAndAGoldenThatIsNoPictureAreSaid) {
     EXPECT_EQ(complaint(plain(4, 3)), "") << "the golden stays";
     folder.write("golden/screen.png", "not a picture");
     EXPECT_THAT(complaint(plain(4, 3)), HasSubstr("cannot read"));
+}
+
+TEST(PictureFileTest, LeavesTheEarlierFileWholeKeepsLinksAndWritesStreamsAsTheyStand) {
+    const support::TemporaryFolder folder;
+    const std::filesystem::path file = folder.write("file", "earlier");
+    std::filesystem::create_symlink(file, folder.path() / "link");
+    EXPECT_FALSE(writeWholeFile("later", folder.path() / "link"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.path() / "link"));
+    EXPECT_EQ(readWholeFile(file).value(), "later");
+
+    const std::filesystem::path pipe = folder.path() / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_FALSE(writeWholeFile("through", pipe));
+    char bytes[8] = {};
+    EXPECT_EQ(read(reader, bytes, sizeof bytes), 7);
+    close(reader);
+    EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+
+    EXPECT_THAT(writeWholeFile("x", "/dev/full")->what, HasSubstr("No space left"));
+    std::filesystem::create_directory(folder.path() / "folder");
+    EXPECT_TRUE(writeWholeFile("x", folder.path() / "folder"));
+    EXPECT_THAT(savePicture(Bitmap(8200, 1), folder.path() / "wide.png")->what, HasSubstr("at most 8192 a side"));
+    std::size_t entries = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+        entries += entry.exists() ? 1 : 0;
+    }
+    EXPECT_EQ(entries, 4u) << "nothing half written is left";
 }
 
 } // namespace

@@ -41,11 +41,9 @@ std::optional<Failure> addContent(CurrentOption option, const std::optional<std:
 
 /// Lists that nobody reads.
 void addStrangers(BundleFindings& findings) {
-    std::error_code error;
-    for (fs::directory_iterator item(NSBundle::mainBundle().bundlePath(), error);
-         !error && item != fs::directory_iterator(); item.increment(error)) {
-        if (item->path().extension() == ".json") {
-            append(findings.all, checkContentName(item->path(), ContentPlace::bundle));
+    for (const fs::path& file : bundleFiles(NSBundle::mainBundle().bundlePath())) {
+        if (file.extension() == ".json" && file.filename() != "known-findings.json") {
+            append(findings.all, checkContentName(file, ContentPlace::bundle));
         }
     }
 }

@@ -219,6 +219,16 @@ std::string printable(std::string_view text) {
     return result;
 }
 
+std::string printableLines(std::string_view text) {
+    std::string result;
+    std::size_t start = 0;
+    for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n', start)) {
+        result += printable(text.substr(start, end - start)) + "\n";
+        start = end + 1;
+    }
+    return result + printable(text.substr(start));
+}
+
 std::string textReport(const Findings& findings, std::size_t checkedFiles, const TextStyle& style) {
     return TextWriter(style).write(findings, checkedFiles);
 }

@@ -21,6 +21,8 @@ struct TextStyle {
 
 /// Control characters as \x1B, bytes that are no UTF-8 as U+FFFD.
 [[nodiscard]] std::string printable(std::string_view text);
+/// The same of each line of a text.
+[[nodiscard]] std::string printableLines(std::string_view text);
 
 /// The table of rules, for a terminal and as the page of the documents.
 [[nodiscard]] std::string rulesText();

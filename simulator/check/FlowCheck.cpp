@@ -5,16 +5,16 @@
 #include "simulator/check/Rules.h"
 #include "simulator/flows/FlowReader.h"
 
+#include <algorithm>
+
 namespace {
 
 namespace fs = std::filesystem;
 
 std::vector<std::string> namesInBundle() {
     std::vector<std::string> names;
-    std::error_code error;
-    for (fs::directory_iterator item(NSBundle::mainBundle().bundlePath(), error);
-         !error && item != fs::directory_iterator(); item.increment(error)) {
-        names.push_back(item->path().filename().string());
+    for (const fs::path& file : bundleFiles(NSBundle::mainBundle().bundlePath())) {
+        names.push_back(file.filename().string());
     }
     return names;
 }
@@ -35,12 +35,12 @@ Findings checkFlowText(const std::string& text, const std::string& path) {
     if (!flow || !flow->scene.empty()) { // a scene has a bundle of its own
         return findings;
     }
+    const std::vector<std::string> names = namesInBundle();
     for (const ResourceOverride& replaced : flow->overrides) {
-        std::error_code error;
-        if (!fs::exists(NSBundle::mainBundle().bundlePath() / replaced.name, error)) {
+        if (std::find(names.begin(), names.end(), replaced.name) == names.end()) {
             findings.push_back(findingOf("flow.resource", path, replaced.place,
                                          "the bundle has no resource '" + replaced.name + "'" +
-                                             suggestionInQuotes(replaced.name, namesInBundle())));
+                                             suggestionInQuotes(replaced.name, names)));
         }
     }
     return findings;

@@ -166,7 +166,8 @@ std::vector<std::string> problemsOf(const std::filesystem::path& folder, std::st
     for (const ImageFile& file : files) {
         std::error_code error;
         if (!std::filesystem::is_regular_file(file.path, error)) {
-            problems.push_back("the file " + file.path + " is missing");
+            const bool isThere = std::filesystem::exists(file.path, error);
+            problems.push_back("the file " + file.path + (isThere ? " is no regular file" : " is missing"));
         } else if (const std::string problem = problemOfPNG(file.path); !problem.empty()) {
             problems.push_back("the file " + file.path + " cannot be drawn: " + problem);
         }
@@ -214,7 +215,7 @@ void checkImageFiles(const std::filesystem::path& folder, Findings& findings) {
 
 Findings checkCatalog(const std::filesystem::path& catalog) {
     Findings findings;
-    for (const CatalogEntry& entry : catalogEntries(catalog)) {
+    for (const CatalogEntry& entry : catalogEntries(catalog, &findings)) {
         if (entry.folder.extension() == ".colorset") {
             static_cast<void>(readColorSet(entry.folder, findings));
         } else if (entry.folder.extension() == ".imageset") {

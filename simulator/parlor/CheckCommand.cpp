@@ -216,7 +216,7 @@ CommandResult runCheck(const CheckOptions& options) {
     if (options.listRules) {
         return print(options.format == "markdown" ? rulesPage() : rulesText(), {});
     }
-    const fs::path bundle = options.bundle.empty() ? besideProgram("TruthsAndDares.appex") : fs::path(options.bundle);
+    const fs::path bundle = options.bundle.empty() ? usualBundle() : fs::path(options.bundle);
     if (!isBundle(bundle.string())) {
         return Failure{bundle.string() + " is no extension bundle: it has no Info.plist"};
     }
@@ -225,7 +225,7 @@ CommandResult runCheck(const CheckOptions& options) {
         return listIcons(options.sheet);
     }
     const fs::path knownFile =
-        options.known.empty() ? besideProgram("resources/known-findings.json") : fs::path(options.known);
+        options.known.empty() ? inTree("resources/known-findings.json") : fs::path(options.known);
     const Result<std::vector<KnownFinding>> known = readKnownFindings(knownFile);
     if (!known) {
         return known.failure();

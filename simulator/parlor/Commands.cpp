@@ -1,14 +1,17 @@
 #include "simulator/parlor/Commands.h"
 
+#include "simulator/check/FindingsReport.h"
 #include "simulator/flows/FlowReader.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <unistd.h>
 
 void tell(const Findings& findings) {
     for (const Finding& finding : findings) {
-        std::cerr << finding.describe() << std::endl;
+        std::cerr << printableLines(finding.describe()) << std::endl;
     }
 }
 
@@ -41,4 +44,15 @@ OutputAside::~OutputAside() {
     std::fflush(stdout);
     dup2(m_output, STDOUT_FILENO);
     close(m_output);
+}
+
+std::optional<Failure> OutputAside::write(std::string_view bytes) const {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(m_output, bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR) {
+            return Failure{std::string("standard output cannot be written: ") + std::strerror(errno)};
+        }
+        bytes.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
+    }
+    return std::nullopt;
 }

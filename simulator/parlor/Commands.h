@@ -26,7 +26,7 @@ struct ParlorCommand {
 [[nodiscard]] ParlorCommand addShotCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addGalleryCommand(CLI::App& app);
 
-/// Tells findings on standard error, a line each.
+/// Tells findings on standard error, a line each, without control characters.
 void tell(const Findings& findings);
 
 /// The flows of the files and folders that a command line names, at least one; what is wrong with them is told.
@@ -40,6 +40,9 @@ public:
     ~OutputAside();
     OutputAside(const OutputAside&) = delete;
     OutputAside& operator=(const OutputAside&) = delete;
+
+    /// To standard output all the same.
+    [[nodiscard]] std::optional<Failure> write(std::string_view bytes) const;
 
 private:
     int m_output;

@@ -22,7 +22,7 @@ constexpr const char* examples = "Examples:\n"
 std::string scriptsList() {
     const std::string list = "flows/scripts/Family.json";
     std::error_code error;
-    return std::filesystem::exists(list, error) ? list : besideProgram(list).string();
+    return std::filesystem::exists(list, error) ? list : inTree(list).string();
 }
 
 /// Which phones a gallery shows and where it goes.
@@ -45,7 +45,11 @@ std::vector<Scene> allScenes(const GalleryOptions& options) {
     std::vector<Scene> scenes;
     const auto add = [&](const std::string& name) -> Shot& { return scenes.emplace_back(Scene{name, usual}).shot; };
     for (const std::string& group : playerGroupTitles()) {
-        add(group).group = group;
+        Shot& shot = add(group);
+        shot.group = group;
+        if (options.content && group != groupFor(*options.content)) {
+            shot.content.reset(); // it would be shown for each of them
+        }
     }
     add("List of groups").openDropdown = true;
     add("Compact").style = "compact";

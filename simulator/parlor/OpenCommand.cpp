@@ -202,6 +202,9 @@ CommandResult open(OpenOptions options) {
     if (!flow) {
         return flow.failure();
     }
+    if (options.sources && options.bundle.empty()) { // what is saved there is taken over into the assembled one
+        options.bundle = besideProgram("TruthsAndDares.appex");
+    }
     const Result<PreparedBundle> bundle = prepareBundle(options);
     if (!bundle) {
         return bundle.failure();

@@ -1,6 +1,9 @@
 #include "simulator/parlor/PreparedBundle.h"
 
 #include "content/DropdownRows.h"
+#include "content/ModeListDecoder.h"
+#include "platform/foundation/FileReading.h"
+#include "platform/foundation/Nearest.h"
 
 #include <CLI/CLI.hpp>
 
@@ -9,12 +12,16 @@
 namespace fs = std::filesystem;
 
 void addBundleOptions(CLI::App& command, BundleOptions& options) {
-    command.add_option("--bundle", options.bundle, "The extension's bundle (default: the one beside this program)")
-        ->type_name("DIR");
+    command
+        .add_option("--bundle", options.bundle,
+                    "The extension's bundle, or its sources (default: resources/ of the tree)")
+        ->check(notEmpty)
+        ->option_text("DIR");
     command
         .add_option("--content", options.content,
                     "Shows this content file for the group it is named after, or else for \"Adult (18+)\"")
-        ->type_name("FILE");
+        ->check(notEmpty)
+        ->option_text("FILE");
     command
         .add_option("--text-size", options.textSize,
                     "The reader's text size, from xSmall over large (default) to xxxLarge, accessibility1 to 3")
@@ -27,7 +34,31 @@ void addDeviceOption(CLI::App& command, BundleOptions& options) {
     command
         .add_option("--device", options.device,
                     "se, 8, 8plus, 15, 15max, or a size such as 390x844@3 (default: the flow's own, or 15)")
-        ->type_name("NAME");
+        ->check(notEmpty)
+        ->option_text("NAME");
+}
+
+void addGroupOption(CLI::App& command, BundleOptions& options) {
+    command.add_option("--group", options.group, "Adult (18+), Friends, Couple or Family; --content is shown for it")
+        ->check(CLI::IsMember(playerGroupTitles()))
+        ->option_text("NAME");
+}
+
+std::string notEmpty(const std::string& text) {
+    return text.empty() ? "an empty text names nothing" : "";
+}
+
+fs::path inTree(const std::string& name) {
+    std::error_code error;
+    const fs::path path = fs::path(PARLOR_TREE) / name;
+    const fs::path relative = path.lexically_relative(fs::current_path(error));
+    return relative.empty() || relative.native().size() > path.native().size() ? path : relative;
+}
+
+fs::path usualBundle() {
+    std::error_code error;
+    const fs::path sources = inTree("resources");
+    return fs::exists(sources / "Info.plist", error) ? sources : besideProgram("TruthsAndDares.appex");
 }
 
 fs::path besideProgram(const std::string& name) {
@@ -57,15 +88,33 @@ std::optional<Failure> PreparedBundle::fitTo(const BundleOptions& options) {
     textSize = textSizeNamed(options.textSize);
     rightToLeft = options.rightToLeft;
     if (options.content) {
-        overrides = {{groupFor(*options.content) + ".json", options.content}};
+        overrides = {{options.group.value_or(groupFor(*options.content)) + ".json", options.content}};
     }
     return std::nullopt;
 }
 
 void PreparedBundle::openFor(const Flow& flow) const {
     std::vector<ResourceOverride> all = overrides;
+    if (!flow.scene.empty()) { // it borrows the extension's images
+        all.push_back({"Assets.xcassets", (folder / "Assets.xcassets").string()});
+    }
     all.insert(all.end(), flow.overrides.begin(), flow.overrides.end());
-    openExtensionBundle(flow.scene.empty() ? folder : besideProgram("Canvas.appex"), all);
+    openExtensionBundle(flow.scene.empty() ? folder : inTree("simulator/scenes"), all);
+}
+
+Findings PreparedBundle::check(const Flow& flow) const {
+    std::vector<std::string> names;
+    for (const fs::path& file : bundleFiles(folder)) {
+        names.push_back(file.filename().string());
+    }
+    Findings found;
+    for (const ResourceOverride& resource : flow.overrides) {
+        if (std::find(names.begin(), names.end(), resource.name) == names.end()) {
+            found.push_back({Severity::error, flow.file, resource.place,
+                             "the bundle has no '" + resource.name + "'" + suggestion(resource.name, names)});
+        }
+    }
+    return found;
 }
 
 Device PreparedBundle::deviceFor(const Flow& flow) const {
@@ -82,10 +131,9 @@ Result<PreparedBundle> prepareBundle(const BundleOptions& options) {
     if (const std::optional<Failure> failure = bundle.fitTo(options)) {
         return *failure;
     }
-    bundle.folder = options.bundle.empty() ? besideProgram("TruthsAndDares.appex") : options.bundle;
-    std::error_code error;
-    if (!fs::exists(bundle.folder / "Info.plist", error)) {
-        return Failure{bundle.folder.string() + " is no extension bundle: it has no Info.plist"};
+    bundle.folder = options.bundle.empty() ? usualBundle() : options.bundle;
+    if (const Result<std::string> info = readWholeFile(bundle.folder / "Info.plist"); !info) {
+        return Failure{bundle.folder.string() + " is no extension bundle: " + info.failure().what};
     }
     openExtensionBundle(bundle.folder, bundle.overrides);
     Result<BundleFindings> findings = checkMainBundle(options.content);
@@ -96,6 +144,14 @@ Result<PreparedBundle> prepareBundle(const BundleOptions& options) {
     return bundle;
 }
 
+bool canShow(const PreparedBundle& bundle, const BundleOptions& options) {
+    if (!bundle.findings.canLaunch || !options.content) {
+        return bundle.findings.canLaunch;
+    }
+    Result<std::string> list = readWholeFile(*options.content);
+    return list && decodeModeList(std::move(list).value());
+}
+
 CommandResult withBundle(const BundleOptions& options, const std::function<CommandResult(const PreparedBundle&)>& use) {
     const Result<PreparedBundle> bundle = prepareBundle(options);
     if (!bundle) {
@@ -103,7 +159,7 @@ CommandResult withBundle(const BundleOptions& options, const std::function<Comma
     }
     Findings findings = bundle.value().findings.all;
     tell(findings);
-    if (!bundle.value().findings.canLaunch) {
+    if (!canShow(bundle.value(), options)) {
         return findings;
     }
     const CommandResult result = use(bundle.value());

@@ -7,9 +7,10 @@
 
 /// What the options that all commands share ask for.
 struct BundleOptions {
-    std::filesystem::path bundle;       // empty: the one that was built beside the program
+    std::filesystem::path bundle;       // empty: the one that the program was built from
     std::string device;                 // empty: each flow's own, or 15
     std::optional<std::string> content; // a content file to show
+    std::optional<std::string> group;   // for which it is shown; absent: the one that it is named after, or the first
     std::string textSize = "large";     // that the reader has set
     bool rightToLeft = false;           // the direction of the phone's language, or else the flow's own
 };
@@ -28,6 +29,8 @@ struct PreparedBundle {
     [[nodiscard]] std::optional<Failure> fitTo(const BundleOptions& options);
     /// Makes it the main bundle, as the flow wants it.
     void openFor(const Flow& flow) const;
+    /// What is wrong with the resources that the flow names: the bundle has none of that name.
+    [[nodiscard]] Findings check(const Flow& flow) const;
     [[nodiscard]] Device deviceFor(const Flow& flow) const;
 };
 
@@ -36,15 +39,29 @@ void addBundleOptions(CLI::App& command, BundleOptions& options);
 /// Adds --device.
 void addDeviceOption(CLI::App& command, BundleOptions& options);
 
+/// Adds --group.
+void addGroupOption(CLI::App& command, BundleOptions& options);
+
+/// Complains of an empty text, for options that name something.
+[[nodiscard]] std::string notEmpty(const std::string& text);
+
 /// Checks options and bundle, and leaves it open.
 [[nodiscard]] Result<PreparedBundle> prepareBundle(const BundleOptions& options);
 
-/// What commands do with a bundle: tells what is wrong with its data and, if it can be launched, goes on to `use` it.
+/// Whether the extension can be launched, with a list that was asked for on its screen.
+[[nodiscard]] bool canShow(const PreparedBundle& bundle, const BundleOptions& options);
+
+/// What commands do with a bundle: tells what is wrong with its data and, if it can be shown, goes on to `use` it.
 [[nodiscard]] CommandResult withBundle(const BundleOptions& options,
                                        const std::function<CommandResult(const PreparedBundle&)>& use);
 
 /// The player group that a content file is shown for: the one it is named after, or else the one that is shown first.
 [[nodiscard]] std::string groupFor(const std::filesystem::path& content);
 
+/// What the program takes when no bundle is named: the sources in the tree that it was built from, so that an edit
+/// counts at once and every place is one that can be edited; without them the bundle that was assembled beside it.
+[[nodiscard]] std::filesystem::path usualBundle();
+/// A file of the tree that the program was built from, as seen from the folder that the person stands in.
+[[nodiscard]] std::filesystem::path inTree(const std::string& name);
 /// A file that belongs to the program: beside it or beside a folder that it stands in, where the build puts it.
 [[nodiscard]] std::filesystem::path besideProgram(const std::string& name);

@@ -2,5 +2,19 @@
 
 #include "simulator/flows/FlowPlayer.h"
 
-/// What happened in all flows, as JSON text for other programs.
-[[nodiscard]] std::string reportText(const std::vector<FlowResult>& results);
+/// What came of a run, for other programs; docs/report.md describes both formats.
+struct RunReport {
+    std::vector<FlowResult> flows;
+    Findings findings;                  // of the bundle and of somebody's own list
+    std::optional<std::string> failure; // why not everything could be done
+
+    [[nodiscard]] bool passed() const;
+};
+
+enum class ReportFormat { json, junit };
+
+[[nodiscard]] std::string reportText(const RunReport& report, ReportFormat format);
+
+/// Why a report must not be written to this file: it holds something else. Absent for "-", for a file that is not there
+/// yet, and for an earlier report.
+[[nodiscard]] std::optional<Failure> refusalOfReport(const std::string& path);

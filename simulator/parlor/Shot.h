@@ -6,7 +6,6 @@ class ConversationHost;
 
 /// What one picture of the screen is to show: what `parlor shot` can be asked for, and what a gallery is made of.
 struct Shot : BundleOptions {
-    std::optional<std::string> group; // absent: the one the content file is named after, or the first
     bool dark = false;
     std::string style = "expanded";
     bool openDropdown = false;

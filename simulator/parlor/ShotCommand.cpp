@@ -1,4 +1,3 @@
-#include "content/DropdownRows.h"
 #include "platform/graphics/PNG.h"
 #include "simulator/parlor/Shot.h"
 #include "simulator/pictures/PictureFile.h"
@@ -21,7 +20,7 @@ constexpr const char* examples = "Examples:\n"
 /// A mistyped name must not cost somebody a file.
 bool isForeign(const std::string& file) {
     std::error_code error;
-    return file != "-" && std::filesystem::exists(file, error) && !readPNGSize(file);
+    return std::filesystem::is_regular_file(file, error) && !readPNGSize(file); // a pipe costs nobody anything
 }
 
 std::optional<Failure> writeToStandardOutput(const Bitmap& picture) {
@@ -81,12 +80,13 @@ ParlorCommand addShotCommand(CLI::App& app) {
     const auto shot = std::make_shared<Shot>();
     const auto file = std::make_shared<std::string>();
     CLI::App* line = app.add_subcommand("shot", "Takes a picture of the screen");
-    line->add_option("-o,--output", *file, "The PNG file; - for standard output")->type_name("FILE")->required();
+    line->add_option("-o,--output", *file, "The PNG file; - for standard output")
+        ->check(notEmpty)
+        ->option_text("FILE")
+        ->required();
     addBundleOptions(*line, *shot);
     addDeviceOption(*line, *shot);
-    line->add_option("--group", shot->group, "Adult (18+), Friends, Couple or Family")
-        ->check(CLI::IsMember(playerGroupTitles()))
-        ->option_text("NAME");
+    addGroupOption(*line, *shot);
     line->add_flag("--dark", shot->dark, "In the dark appearance");
     line->add_option("--style", shot->style, "compact or expanded (default)")
         ->check(CLI::IsMember({"compact", "expanded"}))
@@ -98,5 +98,5 @@ ParlorCommand addShotCommand(CLI::App& app) {
     line->add_flag("--tap-first", shot->tapFirst, "After a tap on the first mode in view: its link is handed over");
     line->add_flag("--bare", shot->bare, "Without the conversation around the extension");
     line->footer(examples);
-    return {line, [shot, file] { return takeShot(*shot, *file); }};
+    return {line, [shot, file] { return takeShot(*shot, *file == "/dev/stdout" ? "-" : *file); }};
 }

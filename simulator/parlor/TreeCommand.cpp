@@ -1,3 +1,4 @@
+#include "simulator/check/FindingsReport.h"
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
 #include "simulator/parlor/FlowComposer.h"
@@ -30,7 +31,7 @@ CommandResult printTree(const Flow& flow, const PreparedBundle& bundle) {
         tell(failures);
         tree = describeTree(player.host().window(), TreeDetail::withSources);
     }
-    if (!(std::cout << tree << std::flush)) {
+    if (!(std::cout << printableLines(tree) << std::flush)) {
         return Failure{"standard output cannot be written"};
     }
     return failures;

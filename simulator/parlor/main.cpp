@@ -1,11 +1,20 @@
 #include "simulator/parlor/Commands.h"
 
+#include "platform/foundation/DebugConsole.h"
+#include "platform/foundation/FatalErrorHandler.h"
 #include "platform/foundation/Nearest.h"
+#include "platform/interface/CatalogSets.h"
+#include "simulator/check/FindingsReport.h"
+#include "simulator/parlor/PreparedBundle.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <fcntl.h>
 #include <iostream>
+#include <unistd.h>
 
 namespace {
 
@@ -15,36 +24,115 @@ enum ExitStatus { exitFine = 0, exitFailed = 1, exitUsage = 2 };
 constexpr const char* examples = "Examples:\n"
                                  "  parlor run                         plays the typical road\n"
                                  "  parlor open                        the screen in a browser, to click through\n"
-                                 "  parlor run --content MyList.json   shows your content file\n"
+                                 "  parlor run my-list.json            shows your content file\n"
                                  "  parlor check my-list.json          every mistake of your list, at its place\n"
                                  "  parlor tree                        what the screen is made of\n"
                                  "  parlor run --help                  all that a command can do\n";
 
-/// A first word that is no command is told by itself, with the command that was probably meant.
-bool isUnknownCommand(const CLI::App& app, const std::string& word) {
+std::vector<std::string> namesOf(const CLI::App& app) {
     std::vector<std::string> names;
     for (const CLI::App* command : app.get_subcommands({})) {
         names.push_back(command->get_name());
     }
-    if (word.starts_with('-') || std::find(names.begin(), names.end(), word) != names.end()) {
+    return names;
+}
+
+/// A first word that is no command but a list, a flow or a folder is what `run` is about; anything else is told, with
+/// the command that was probably meant. False then.
+bool completeCommand(const CLI::App& app, std::vector<std::string>& words) {
+    const std::vector<std::string> names = namesOf(app);
+    if (words.empty()) {
+        std::cerr << app.help();
         return false;
     }
-    std::cerr << "parlor: there is no command '" << word << "'" << suggestion(word, names) << '\n';
-    return true;
+    const std::string first = words.front();
+    if (first.starts_with('-') || std::find(names.begin(), names.end(), first) != names.end()) {
+        return true;
+    }
+    std::error_code error;
+    if (std::filesystem::exists(first, error) || first.ends_with(".json") || first.ends_with(".yaml")) {
+        std::cerr << "parlor: parlor run " << first << "; parlor open " << first << " shows it in a browser\n";
+        words.insert(words.begin(), "run");
+        return true;
+    }
+    std::cerr << "parlor: there is no command '" << first << "'" << suggestion(first, names) << '\n';
+    return false;
+}
+
+/// Tells of options that the command does not have, with the nearest that it has. False when there are none.
+bool tellUnknownOptions(const CLI::App& app) {
+    bool isAny = false;
+    for (const CLI::App* command : app.get_subcommands()) {
+        std::vector<std::string> names;
+        for (const CLI::Option* option : command->get_options()) {
+            for (const std::string& name : option->get_lnames()) {
+                names.push_back("--" + name);
+            }
+        }
+        for (const std::string& word : command->remaining()) {
+            std::cerr << "parlor: " << command->get_name() << " has no '" << word << "'" << suggestion(word, names)
+                      << '\n';
+            isAny = true;
+        }
+    }
+    return isAny;
 }
 
 /// The only place that turns what came of a command into an exit status.
 ExitStatus conclude(const CommandResult& result) {
     if (!result) {
-        std::cerr << "parlor: " << result.failure().what << '\n';
+        std::cerr << "parlor: " << printableLines(result.failure().what) << '\n';
         return exitUsage;
     }
     return hasErrors(result.value()) ? exitFailed : exitFine;
 }
 
+/// What was written last may meet the full disk or the closed pipe only now.
+ExitStatus afterOutput(ExitStatus status) {
+    std::fflush(stdout);
+    if (std::cout.flush() && std::ferror(stdout) == 0 && !isDebugConsoleBroken()) {
+        return status;
+    }
+    if (status != exitUsage) { // else a reason has been told
+        std::cerr << "parlor: standard output cannot be written\n";
+    }
+    return exitUsage;
+}
+
+/// A stream that is closed must not lend its number to a file, and one that nobody reads must not end the program.
+void prepareStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) < 0) {
+            static_cast<void>(open("/dev/null", stream == STDERR_FILENO ? O_WRONLY : O_RDONLY));
+        }
+    }
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+ExitStatus perform(CLI::App& app, const std::vector<std::string>& words, const std::vector<ParlorCommand>& commands) {
+    try {
+        app.parse(std::vector<std::string>(words.rbegin(), words.rend())); // it takes them from the end
+    } catch (const CLI::ExtrasError& error) {
+        if (!tellUnknownOptions(app)) {
+            app.exit(error);
+        }
+        return exitUsage;
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? exitFine : exitUsage;
+    }
+    const auto named = std::find_if(commands.begin(), commands.end(),
+                                    [](const ParlorCommand& command) { return command.line->parsed(); });
+    return conclude(named->run());
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    prepareStreams();
+    setFatalErrorHandler([](std::string_view) { // the extension has stopped, and the line that says why been told
+        _exit(exitFailed);
+    });
+    setRenderedCatalog(besideProgram("TruthsAndDares.appex") / "Assets.xcassets");
     CLI::App app("Parlor: Truths & Dares in a simulated conversation");
     app.name("parlor");
     app.set_version_flag("--version", "parlor " PARLOR_VERSION);
@@ -55,15 +143,6 @@ int main(int argc, char** argv) {
                            addShotCommand, addGalleryCommand, addSchemaCommand}) {
         commands.push_back(add(app));
     }
-    if (argc > 1 && isUnknownCommand(app, argv[1])) {
-        return exitUsage;
-    }
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? exitFine : exitUsage;
-    }
-    const auto named = std::find_if(commands.begin(), commands.end(),
-                                    [](const ParlorCommand& command) { return command.line->parsed(); });
-    return conclude(named->run());
+    std::vector<std::string> words(argv + 1, argv + argc);
+    return afterOutput(completeCommand(app, words) ? perform(app, words, commands) : exitUsage);
 }

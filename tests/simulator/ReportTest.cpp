@@ -1,6 +1,7 @@
 #include "simulator/parlor/Report.h"
 
 #include "platform/foundation/JSONDocument.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -15,9 +16,15 @@ TEST(ReportTest, TellsWhatHappenedWithDecodedLinks) {
     result.links = {{600ms, *NSURL::URLWithString("https://h.example/Category?mainCategory=Adult%20(18+)&icon")}};
     result.styleRequests = {{500ms, MSMessagesAppPresentationStyle::expanded, true}};
     result.failures = {{Severity::error, "f.yaml", TextPlace{3, 5}, "tapOn: no 'x'"}};
-    const Result<JSONDocument> report = JSONDocument::parse(reportText({result, FlowResult()}));
+    RunReport run{{result, FlowResult()}, {{Severity::warning, "a\xff.json", std::nullopt, "bell \a"}}, "full"};
+    const Result<JSONDocument> report = JSONDocument::parse(reportText(run, ReportFormat::json));
     ASSERT_TRUE(report) << report.failure().what;
 
+    EXPECT_EQ(report.value().root().find("passed")->boolean(), false);
+    EXPECT_EQ(report.value().root().find("failure")->string(), "full");
+    const JSONValue finding = *report.value().root().find("findings")->elements().begin();
+    EXPECT_EQ(finding.find("file")->string(), "a\xEF\xBF\xBD.json") << "valid whatever a file is called";
+    EXPECT_EQ(finding.find("message")->string(), "bell \\x07");
     const JSONValue flows = *report.value().root().find("flows");
     ASSERT_EQ(flows.elements().size(), 2u);
     const JSONValue flow = *flows.elements().begin();
@@ -33,6 +40,35 @@ TEST(ReportTest, TellsWhatHappenedWithDecodedLinks) {
     ASSERT_EQ(items.elements().size(), 2u);
     EXPECT_EQ(items.elements()[0].find("value")->string(), "Adult (18+)");
     EXPECT_TRUE(items.elements()[1].find("value")->is(JSONKind::null)) << "a bare name has no value";
+}
+
+TEST(ReportTest, IsAlsoWrittenForBuildServers) {
+    FlowResult failed;
+    failed.file = "a&b.yaml";
+    failed.failures = {{Severity::error, "a&b.yaml", TextPlace{3, 5}, "no \"x\"\nbut <y>"}};
+    EXPECT_EQ(reportText({{failed, FlowResult()}, {}, std::nullopt}, ReportFormat::junit),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+              "<testsuite name=\"parlor run\" tests=\"3\" failures=\"1\">\n"
+              "  <testcase classname=\"a&amp;b.yaml\" name=\"\">\n"
+              "    <failure message=\"a&amp;b.yaml:3:5: error: no &quot;x&quot;&#10;but &lt;y>\"/>\n"
+              "  </testcase>\n"
+              "  <testcase classname=\"\" name=\"\">\n  </testcase>\n"
+              "  <testcase classname=\"parlor run\" name=\"the bundle and the run itself\">\n  </testcase>\n"
+              "</testsuite>\n");
+}
+
+TEST(ReportTest, OverwritesNothingButReports) {
+    const support::TemporaryFolder folder;
+    const auto isRefused = [&](const std::string& text) {
+        return refusalOfReport(folder.write("file", text).string()).has_value();
+    };
+    EXPECT_TRUE(isRefused("[{\"sectionTitle\": \"mine\"}]"));
+    EXPECT_FALSE(isRefused(""));
+    for (const ReportFormat format : {ReportFormat::json, ReportFormat::junit}) {
+        EXPECT_FALSE(isRefused(reportText({}, format)));
+    }
+    EXPECT_FALSE(refusalOfReport("-"));
+    EXPECT_FALSE(refusalOfReport((folder.path() / "new.json").string()));
 }
 
 } // namespace

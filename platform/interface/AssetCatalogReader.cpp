@@ -58,7 +58,10 @@ std::vector<CatalogEntry> catalogEntries(const std::filesystem::path& catalog, F
 }
 
 std::filesystem::path catalogFolder(const NSBundle& bundle) {
-    return bundle.URLForResource("Assets", "xcassets").value_or(std::filesystem::path());
+    const std::filesystem::path usual = bundle.bundlePath() / "Assets.xcassets";
+    std::error_code error;
+    const bool isTakenAway = std::filesystem::exists(usual, error); // though the bundle does not give it
+    return bundle.URLForResource("Assets", "xcassets").value_or(isTakenAway ? std::filesystem::path() : usual);
 }
 
 void installAssetCatalog() {

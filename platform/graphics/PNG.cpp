@@ -166,6 +166,9 @@ Result<Bitmap> readPNG(const std::string& path) {
     if (!bytes) {
         return bytes.failure();
     }
+    if (bytes.value().empty()) {
+        return Failure{"it is empty"};
+    }
     if (png_image_begin_read_from_memory(&image, bytes.value().data(), bytes.value().size()) == 0) {
         return Failure{image.message};
     }

@@ -131,7 +131,8 @@ Failure FlowPlayer::missing(const Selector& selector) {
         return notOpened();
     }
     const ElementSearch search(m_host->window());
-    if (search.exists(selector)) {
+    const bool isSeen = search.find({selector.text, selector.id, std::nullopt}).has_value(); // some, not the one meant
+    if (!isSeen && search.exists(selector)) {
         return {selector.describe() + " is there but cannot be seen: hidden, covered or scrolled away"};
     }
     return {"no " + selector.describe() + " on the screen" + search.insteadOf(selector)};

@@ -59,7 +59,7 @@ TEST_F(InterfaceCheck, FindsBrokenSetsAndMissingFilesInTheCatalogue) {
         "Assets.xcassets/b.imageset/Contents.json:2:33: warning: the file Assets.xcassets/b.imageset/b.png is "
         "missing [catalog.file]\n"
         "Assets.xcassets/c.imageset/Contents.json:1:44: warning: the file Assets.xcassets/c.imageset/c.png "
-        "cannot be drawn: Read Error, and 2 more of this set [catalog.file]\n");
+        "cannot be drawn: it is empty, and 2 more of this set [catalog.file]\n");
 }
 
 /// One nib with one fault each, and what is told of it beside its line.

@@ -9,7 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -83,7 +85,16 @@ TEST(PictureFileTest, LeavesTheEarlierFileWholeKeepsLinksAndWritesStreamsAsTheyS
     close(reader);
     EXPECT_TRUE(std::filesystem::is_fifo(pipe));
 
-    EXPECT_THAT(writeWholeFile("x", "/dev/full")->what, HasSubstr("No space left"));
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit none{0, limit.rlim_max}; // as on a full disk
+    setrlimit(RLIMIT_FSIZE, &none);
+    const std::optional<Failure> failure = writeWholeFile("latest", file);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_THAT(failure.value_or(Failure{}).what, HasSubstr("File too large"));
+    EXPECT_EQ(readWholeFile(file).value(), "later");
+
     std::filesystem::create_directory(folder.path() / "folder");
     EXPECT_TRUE(writeWholeFile("x", folder.path() / "folder"));
     EXPECT_THAT(savePicture(Bitmap(8200, 1), folder.path() / "wide.png")->what, HasSubstr("at most 8192 a side"));

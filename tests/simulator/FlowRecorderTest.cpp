@@ -30,8 +30,21 @@ protected:
         session.emplace(*phone, LiveSession::Out{[](auto, const auto&) {}, [](auto, const auto&) {},
                                                  [](auto, const std::string& why) { ADD_FAILURE() << why; }});
         session->came(1);
-        letPass(std::chrono::milliseconds(600)); // until the extension has asked for its style
+        letPass(std::chrono::milliseconds(600));
+        waitUntil(
+            [&](const CategoriesVC& screen) { return hasLists(screen) && !phone->host().styleRequests().empty(); });
     }
+    /// However long a slow machine takes until the screen has it. The canvas has nothing to wait for.
+    void waitUntil(const std::function<bool(const CategoriesVC&)>& has) {
+        const auto isThere = [&] {
+            const CategoriesVC* screen = shownCategoryScreen(phone->host());
+            return screen == nullptr || has(*screen);
+        };
+        for (int turn = 0; !isThere() && turn < 1000; ++turn) {
+            letPass(std::chrono::milliseconds(10));
+        }
+    }
+    static bool hasLists(const CategoriesVC& screen) { return !screen.arrAllCategories().empty(); }
     void say(boost::json::object message) {
         session->said(1, boost::json::serialize(message));
         letPass(std::chrono::milliseconds(1));
@@ -107,11 +120,14 @@ TEST_F(FlowRecorderTest, WritesTheTypicalRoadWithNames) {
 
 TEST_F(FlowRecorderTest, WritesDragsWheelsStylesAndMessagesSoThatTheyEndInTheSamePicture) {
     start();
+    say({{"type", "message"}, {"from", "B"}, {"text", "Look: \"here\""}, {"link", ""}});
+    waitUntil([&](const CategoriesVC& screen) {
+        return hasLists(screen) && phone->host().styleRequests().size() == 2; // the fresh screen has asked, too
+    });
     stroke({{200, 700}, {200, 680}, {203, 500}, {201, 620.35}, {200, 430}});
     for (int step = 0; step < 7; ++step) {
         say({{"type", "wheel"}, {"x", 200}, {"y", 600}, {"dy", 13.3}});
     }
-    say({{"type", "message"}, {"from", "B"}, {"text", "Look: \"here\""}, {"link", ""}});
     say({{"type", "wheel"}, {"x", 200}, {"y", 600}, {"dy", -4}});
     say({{"type", "set"}, {"presentation", "compact"}});
     stroke({{200, 700}, {205, 640}});
@@ -125,6 +141,7 @@ TEST_F(FlowRecorderTest, WritesWhatWasDoneWhileLoadingAtItsTime) {
     letPass(std::chrono::milliseconds(100));
     tap(Selector{.text = {}, .id = "btnDropdown", .index = {}});
     letPass(std::chrono::milliseconds(600));
+    waitUntil(hasLists);
     EXPECT_THAT(phone->recorder().text(), HasSubstr("- launchApp: {loadingTakes: 300}\n- wait: "));
     expectTheSameWhenPlayed();
 }
@@ -140,6 +157,7 @@ TEST_F(FlowRecorderTest, WritesClosingAndOpeningFromABubble) {
         }
     }
     letPass(std::chrono::milliseconds(600));
+    waitUntil(hasLists);
     EXPECT_TRUE(phone->host().isOpen());
     expectTheSameWhenPlayed();
 }

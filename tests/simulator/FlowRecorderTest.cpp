@@ -22,7 +22,7 @@ protected:
                                {"A", "B"},
                                {},
                                {},
-                               [&] {
+                               [this, scene] {
                                    openExtensionBundle(scene.empty() ? bundle : bundle.parent_path() / "Canvas.appex");
                                    return Result<BundleFindings>(BundleFindings{});
                                },

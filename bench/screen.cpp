@@ -5,8 +5,7 @@
 #include "bench/ExtensionScreen.h"
 #include "bench/Session.h"
 
-#include "content/CurrentOption.h"
-#include "content/ModeListLoader.h"
+#include "content/LoadPass.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/graphics/PNG.h"
 #include "platform/uikit/window/WindowRenderer.h"
@@ -68,11 +67,7 @@ int measureLoad(const char* bundle) {
     NSBundle::setMainBundle(bundle);
     ContentMap content;
     bench::Figures figures;
-    figures.add("load_ms", bench::milliseconds([&] {
-                    for (const CurrentOption option : contentLoadOrder()) {
-                        content.emplace(rawValue(option), loadModeSections(rawValue(option)).value());
-                    }
-                }));
+    figures.add("load_ms", bench::milliseconds([&] { content = readContentMap(); }));
     figures.print();
     return 0;
 }

@@ -2,8 +2,7 @@
 
 #include "bench/ExtensionScreen.h"
 
-#include "content/CurrentOption.h"
-#include "content/ModeListLoader.h"
+#include "content/LoadPass.h"
 #include "platform/dispatch/MainRunLoop.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/graphics/TextLayout.h"
@@ -113,9 +112,7 @@ BENCHMARK(cellLayout)->Unit(benchmark::kMicrosecond);
 void loadPass(benchmark::State& state) {
     NSBundle::setMainBundle(bundleOf(state));
     for (auto _ : state) {
-        for (const CurrentOption option : contentLoadOrder()) {
-            benchmark::DoNotOptimize(loadModeSections(rawValue(option)));
-        }
+        benchmark::DoNotOptimize(readContentMap());
     }
 }
 BENCHMARK(loadPass)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);

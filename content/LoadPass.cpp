@@ -8,20 +8,17 @@
 #include <optional>
 #include <utility>
 
-namespace {
-
-ContentMap readAllOptions() {
+ContentMap readContentMap() {
     ContentMap contentMap;
+    std::string text;
     for (const CurrentOption option : contentLoadOrder()) {
         const std::string& key = rawValue(option);
-        if (std::optional<std::vector<ModeSection>> sections = loadModeSections(key)) {
+        if (std::optional<std::vector<ModeSection>> sections = loadModeSections(key, text)) {
             contentMap.emplace(key, std::move(*sections));
         }
     }
     return contentMap;
 }
-
-} // namespace
 
 void loadAllModeSections(const std::weak_ptr<ContentMapReceiver>& receiver) {
     dispatch_async(dispatch_get_global_queue(QOS_CLASS_USER_INITIATED), [receiver] {
@@ -29,7 +26,7 @@ void loadAllModeSections(const std::weak_ptr<ContentMapReceiver>& receiver) {
         if (!screen) {
             return;
         }
-        ContentMap contentMap = readAllOptions();
+        ContentMap contentMap = readContentMap();
         // The strong reference moves along: a screen must never be destroyed on a background thread.
         dispatch_async(dispatch_get_main_queue(),
                        [screen = std::move(screen), contentMap = std::move(contentMap)]() mutable {

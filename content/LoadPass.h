@@ -19,6 +19,9 @@ public:
     virtual void applyContentMap(ContentMap contentMap) = 0;
 };
 
+/// What a load pass reads. Any thread.
+[[nodiscard]] ContentMap readContentMap();
+
 /// Reads the content files of all options on the global queue and hands the finished map to the receiver. Returns at
 /// once. A receiver that is gone before the pass runs loads nothing; one that is there is kept alive until it has the
 /// map, and is released on the main thread. Main thread.

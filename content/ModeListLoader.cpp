@@ -11,16 +11,14 @@
 
 namespace {
 
-Result<std::vector<ModeSectionDTO>> readModeList(const std::filesystem::path& path) {
-    Result<std::string> text = readWholeFile(path);
-    if (!text) {
-        return text.failure();
+std::optional<Failure> readModeList(const std::filesystem::path& path, std::string& text,
+                                    std::vector<ModeSection>& sections) {
+    if (std::optional<Failure> failure = readWholeFile(path, text)) {
+        return failure;
     }
-    Result<std::vector<ModeSectionDTO>> sections = decodeModeList(std::move(text).value());
-    if (!sections) {
-        return Failure{path.filename().string() + ": " + sections.failure().describe()};
-    }
-    return sections;
+    const std::optional<Failure> failure = decodeModeList(
+        text, [&sections](ModeSectionDTO&& dto) { sections.push_back(modeSectionFrom(std::move(dto))); });
+    return failure ? std::optional(Failure{path.filename().string() + ": " + failure->describe()}) : std::nullopt;
 }
 
 } // namespace
@@ -35,21 +33,21 @@ ModeSection modeSectionFrom(ModeSectionDTO&& dto) {
     return {std::move(dto.m_sectionTitle), std::move(items)};
 }
 
-std::optional<std::vector<ModeSection>> loadModeSections(const std::string& fileName) {
+std::optional<std::vector<ModeSection>> loadModeSections(const std::string& fileName, std::string& text) {
     const std::optional<std::filesystem::path> url = NSBundle::mainBundle().URLForResource(fileName, "json");
     if (!url) {
         print("❌ JSON file not found: " + fileName);
         return std::nullopt;
     }
-    Result<std::vector<ModeSectionDTO>> decoded = readModeList(*url);
-    if (!decoded) {
-        print("❌ JSON Decode Error: " + decoded.failure().what);
+    std::vector<ModeSection> sections;
+    if (const std::optional<Failure> failure = readModeList(*url, text, sections)) {
+        print("❌ JSON Decode Error: " + failure->what);
         return std::nullopt;
     }
-    std::vector<ModeSection> sections;
-    sections.reserve(decoded.value().size());
-    for (ModeSectionDTO& dto : decoded.value()) {
-        sections.push_back(modeSectionFrom(std::move(dto)));
-    }
     return sections;
+}
+
+std::optional<std::vector<ModeSection>> loadModeSections(const std::string& fileName) {
+    std::string text;
+    return loadModeSections(fileName, text);
 }

@@ -1,9 +1,11 @@
 #include "platform/foundation/FileReading.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
+#include <fcntl.h>
 #include <new>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -19,39 +21,74 @@ std::size_t largestSize() {
     return static_cast<std::size_t>(pages) / 2 * static_cast<std::size_t>(pageSize);
 }
 
-/// Reads to the end, wherever that is by now.
-std::string readToEnd(std::ifstream& file, std::size_t expected) {
-    std::string text;
-    std::size_t size = 0;
-    while (file) {
-        text.resize(expected + 2 * size);
-        file.read(text.data() + size, static_cast<std::streamsize>(text.size() - size));
-        size += static_cast<std::size_t>(file.gcount());
+class OpenFile {
+public:
+    /// A pipe would otherwise wait for its other end.
+    explicit OpenFile(const char* path) : m_number(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
+    ~OpenFile() {
+        if (m_number >= 0) {
+            close(m_number);
+        }
     }
-    text.resize(size);
-    return text;
-}
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    /// Empty, or why it is not.
+    std::string readTo(std::string& text) const {
+        struct stat status {};
+        if (m_number < 0 || fstat(m_number, &status) != 0) {
+            return std::strerror(errno);
+        }
+        if (!S_ISREG(status.st_mode)) {
+            return S_ISDIR(status.st_mode) ? "it is a folder" : "it is not a regular file";
+        }
+        const auto size = static_cast<std::size_t>(status.st_size);
+        if (size > largestSize()) {
+            return std::strerror(EFBIG);
+        }
+        return readToEnd(size, text) ? std::string() : std::strerror(errno);
+    }
+
+private:
+    /// Wherever the end is by now.
+    bool readToEnd(std::size_t expected, std::string& text) const {
+        std::size_t size = 0;
+        std::size_t room = expected + 1; // more, so that one read meets the end
+        for (;;) {
+            text.resize(size + room);
+            const ssize_t count = read(m_number, text.data() + size, room);
+            if (count < 0) {
+                return false;
+            }
+            const auto added = static_cast<std::size_t>(count);
+            size += added;
+            if (added == 0 || (size == expected && added < room)) {
+                text.resize(size);
+                return true;
+            }
+            room = std::max<std::size_t>(size, 4096);
+        }
+    }
+
+    int m_number; // below 0: it could not be opened
+};
 
 } // namespace
 
-Result<std::string> readWholeFile(const std::filesystem::path& path) {
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(path, error);
-    if (error) {
-        return failure(path, error.message());
-    }
-    if (!std::filesystem::is_regular_file(status)) { // opening a pipe could wait for ever
-        return failure(path, std::filesystem::is_directory(status) ? "it is a folder" : "it is not a regular file");
-    }
-    std::ifstream file(path, std::ios::binary);
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (!file || error || size > largestSize()) {
-        return failure(path, std::strerror(file && !error ? EFBIG : errno));
-    }
+std::optional<Failure> readWholeFile(const std::filesystem::path& path, std::string& text) {
+    std::string reason;
     try {
-        std::string text = readToEnd(file, size + 4096); // more, so that one read meets the end
-        return file.bad() ? Result<std::string>(failure(path, std::strerror(errno))) : Result(std::move(text));
+        reason = OpenFile(path.c_str()).readTo(text);
     } catch (const std::bad_alloc&) {
-        return failure(path, std::strerror(ENOMEM));
+        reason = std::strerror(ENOMEM);
     }
+    return reason.empty() ? std::nullopt : std::optional(failure(path, reason));
+}
+
+Result<std::string> readWholeFile(const std::filesystem::path& path) {
+    std::string text;
+    if (const std::optional<Failure> failure = readWholeFile(path, text)) {
+        return *failure;
+    }
+    return text;
 }

@@ -1,183 +1,55 @@
 #include "platform/foundation/JSONDocument.h"
 
-#include "platform/foundation/TextPlaces.h"
-
-#include <boost/json/basic_parser_impl.hpp>
-
-#include <functional>
-#include <limits>
-#include <new>
-
-namespace json = boost::json;
-
-namespace {
-
-constexpr std::size_t greatestDepth = 512;
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-/// The document's text, without a byte order mark.
-std::string_view bodyOf(const std::string& text) {
-    std::string_view body = text;
-    if (body.substr(0, byteOrderMark.size()) == byteOrderMark) {
-        body.remove_prefix(byteOrderMark.size());
-    }
-    return body;
-}
-
-constexpr std::string_view betweenTokens = " \t\r\n,:]}";
-
-/// The end of the string, number or word that begins at `at`; of a container its opening bracket alone.
-std::size_t endOfToken(std::string_view body, std::size_t at) {
-    if (body[at] == '[' || body[at] == '{') {
-        return at + 1;
-    }
-    if (body[at] != '"') {
-        return body.find_first_of(betweenTokens, at);
-    }
-    ++at;
-    while (body[at] != '"') {
-        at += body[at] == '\\' ? 2 : 1;
-    }
-    return at + 1;
-}
-
-} // namespace
-
-/// Receives the parser's events and lines them up as nodes. The names are the parser's.
-class JSONDocument::Builder {
+/// Lines up what the reader tells as nodes.
+class JSONDocument::Builder : public JSONVisitor {
 public:
-    static constexpr std::size_t max_object_size = std::numeric_limits<std::uint32_t>::max();
-    static constexpr std::size_t max_array_size = std::numeric_limits<std::uint32_t>::max();
-    static constexpr std::size_t max_key_size = std::numeric_limits<std::uint32_t>::max();
-    static constexpr std::size_t max_string_size = std::numeric_limits<std::uint32_t>::max();
+    explicit Builder(std::vector<JSONNode>& nodes) : m_nodes(nodes) {}
 
-    explicit Builder(JSONDocument& document) : m_document(document) {}
+    void key(std::string_view name) override { value({JSONKind::string, name}); }
 
-    bool on_document_begin(json::error_code&) { return true; }
-    bool on_document_end(json::error_code&) { return true; }
-    bool on_array_begin(json::error_code&) { return open(JSONKind::array); }
-    bool on_array_end(std::size_t count, json::error_code&) { return close(count); }
-    bool on_object_begin(json::error_code&) { return open(JSONKind::object); }
-    bool on_object_end(std::size_t count, json::error_code&) { return close(count); }
-    bool on_key_part(json::string_view part, std::size_t, json::error_code&) { return addPart(part); }
-    bool on_key(json::string_view part, std::size_t, json::error_code&) { return addString(part); }
-    bool on_string_part(json::string_view part, std::size_t, json::error_code&) { return addPart(part); }
-    bool on_string(json::string_view part, std::size_t, json::error_code&) { return addString(part); }
-    bool on_number_part(json::string_view, json::error_code&) { return true; }
-    bool on_int64(std::int64_t number, json::string_view, json::error_code&) {
-        return addNumber(static_cast<double>(number));
+    void value(const JSONToken& token) override {
+        JSONNode& node = m_nodes.emplace_back();
+        node.kind = token.kind;
+        if (token.kind == JSONKind::string) {
+            node.text = token.text.data();
+            node.count = static_cast<std::uint32_t>(token.text.size());
+        } else if (token.kind == JSONKind::array || token.kind == JSONKind::object) {
+            m_open.push_back(m_nodes.size() - 1);
+        } else {
+            node.number = token.number;
+        }
     }
-    bool on_uint64(std::uint64_t number, json::string_view, json::error_code&) {
-        return addNumber(static_cast<double>(number));
+
+    void end(std::size_t count) override {
+        JSONNode& container = m_nodes[m_open.back()];
+        container.count = static_cast<std::uint32_t>(count);
+        container.nodes = m_nodes.size() - m_open.back();
+        m_open.pop_back();
     }
-    bool on_double(double number, json::string_view, json::error_code&) { return addNumber(number); }
-    bool on_bool(bool value, json::error_code&) {
-        add(JSONKind::boolean).count = value ? 1 : 0;
-        return true;
-    }
-    bool on_null(json::error_code&) {
-        add(JSONKind::null);
-        return true;
-    }
-    bool on_comment_part(json::string_view, json::error_code&) { return true; }
-    bool on_comment(json::string_view, json::error_code&) { return true; }
 
 private:
-    JSONNode& add(JSONKind kind) {
-        JSONNode& node = m_document.m_nodes.emplace_back();
-        node.kind = kind;
-        return node;
-    }
-
-    bool addNumber(double number) {
-        add(JSONKind::number).number = number;
-        return true;
-    }
-
-    bool open(JSONKind kind) {
-        m_open.push_back(m_document.m_nodes.size());
-        add(kind);
-        return true;
-    }
-
-    bool close(std::size_t count) {
-        JSONNode& container = m_document.m_nodes[m_open.back()];
-        container.count = static_cast<std::uint32_t>(count);
-        container.nodes = m_document.m_nodes.size() - m_open.back();
-        m_open.pop_back();
-        return true;
-    }
-
-    bool addPart(std::string_view part) {
-        m_parts += part;
-        return true;
-    }
-
-    /// A string without escapes arrives as one piece of the source and stays there.
-    bool addString(std::string_view lastPart) {
-        JSONNode& node = add(JSONKind::string);
-        const bool isWhole = m_parts.empty() && m_document.isInText(lastPart.data());
-        if (!isWhole) {
-            lastPart = m_document.m_unescaped.emplace_back(m_parts.append(lastPart));
-            m_parts.clear();
-        }
-        node.text = lastPart.data();
-        node.count = static_cast<std::uint32_t>(lastPart.size());
-        return true;
-    }
-
-    JSONDocument& m_document;
+    std::vector<JSONNode>& m_nodes;
     std::vector<std::size_t> m_open;
-    std::string m_parts;
 };
 
-Result<JSONDocument> JSONDocument::parse(std::string text) {
-    if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
-        return Failure{"the text is larger than 4 GB"};
-    }
-    try {
-        return read(std::move(text));
-    } catch (const std::bad_alloc&) {
-        return Failure{"there is not enough memory for the text"};
-    }
-}
+JSONDocument::JSONDocument(std::string text)
+    : m_text(std::make_unique<const std::string>(std::move(text))), m_reader(*m_text) {}
 
-Result<JSONDocument> JSONDocument::read(std::string text) {
-    JSONDocument document;
-    document.m_text = std::make_unique<const std::string>(std::move(text));
-    const std::string_view body = bodyOf(*document.m_text);
-    document.m_nodes.reserve(body.size() / 12); // ordinary content has fewer; what is not used is never touched
-    json::parse_options options;
-    options.max_depth = greatestDepth;
-    json::basic_parser<Builder> parser(options, document);
-    json::error_code error;
-    const std::size_t end = parser.write_some(false, body.data(), body.size(), error);
-    if (!error && end < body.size()) {
-        error = json::make_error_code(json::error::extra_data);
-    }
-    if (error) {
-        return Failure{error.message(), TextPlaces(body).at(end)};
+Result<JSONDocument> JSONDocument::parse(std::string text) {
+    JSONDocument document(std::move(text));
+    Builder builder(document.m_nodes);
+    if (const std::optional<Failure> failure = document.m_reader.read(builder)) {
+        return *failure;
     }
     return document;
-}
-
-bool JSONDocument::isInText(const char* pointer) const {
-    const std::less_equal<> notAfter;
-    return notAfter(m_text->data(), pointer) && notAfter(pointer, m_text->data() + m_text->size());
 }
 
 TextPlace JSONDocument::placeOfKey(const JSONValue::Member& member) const {
     return placeOf(member.value.m_node - 1); // its node stands before that of its value
 }
 
-/// The text is sound, so that its tokens and the nodes follow each other in the same order.
 TextPlace JSONDocument::placeOf(const JSONNode* node) const {
-    const std::string_view body = bodyOf(*m_text);
-    std::size_t at = body.find_first_not_of(betweenTokens);
-    for (const JSONNode* passed = m_nodes.data(); passed != node; ++passed) {
-        at = body.find_first_not_of(betweenTokens, endOfToken(body, at));
-    }
-    return TextPlaces(body).at(at);
+    return m_reader.placeOf(static_cast<std::size_t>(node - m_nodes.data()));
 }
 
 std::optional<std::string_view> JSONValue::string() const {
@@ -185,7 +57,7 @@ std::optional<std::string_view> JSONValue::string() const {
 }
 
 std::optional<bool> JSONValue::boolean() const {
-    return is(JSONKind::boolean) ? std::optional(m_node->count != 0) : std::nullopt;
+    return is(JSONKind::boolean) ? std::optional(m_node->number != 0) : std::nullopt;
 }
 
 std::optional<double> JSONValue::number() const {

@@ -1,25 +1,23 @@
 #pragma once
 
+#include "platform/foundation/JSONReader.h"
 #include "platform/foundation/Result.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-enum class JSONKind : std::uint8_t { null, boolean, number, string, array, object };
-
 /// One entry of a parsed document, which is a flat list: a container is followed by all that it holds, a member's value
 /// by nothing and preceded by its key (a string). Made by JSONDocument, read through JSONValue.
 struct JSONNode {
     JSONKind kind = JSONKind::null;
-    std::uint32_t count = 0; // bytes of a string; elements or members of a container; 0 or 1 of a boolean
+    std::uint32_t count = 0; // bytes of a string; elements or members of a container
     union {
-        double number = 0;
+        double number = 0; // also 0 or 1 of a boolean
         const char* text;  // owned by the document
         std::size_t nodes; // of a container: itself and all inside
     };
@@ -62,8 +60,7 @@ struct JSONValue::Member {
     JSONValue value;
 };
 
-/// A parsed JSON text, strict by RFC 8259: UTF-8 (a byte order mark is skipped), nothing after the root, at most 512
-/// levels deep. Owns all that its values refer to; may be moved, not copied. Any thread.
+/// A JSON text as the reader reads it, whole. Owns all that its values refer to; may be moved, not copied. Any thread.
 class JSONDocument {
 public:
     /// The failure has the place at which reading stopped.
@@ -78,12 +75,10 @@ public:
 private:
     class Builder;
 
-    JSONDocument() = default;
-    [[nodiscard]] static Result<JSONDocument> read(std::string text);
+    explicit JSONDocument(std::string text);
     [[nodiscard]] TextPlace placeOf(const JSONNode* node) const;
-    bool isInText(const char* pointer) const;
 
-    std::unique_ptr<const std::string> m_text; // strings without escapes refer to it
-    std::deque<std::string> m_unescaped;       // strings that had escapes
+    std::unique_ptr<const std::string> m_text;
+    JSONReader m_reader; // the strings of the nodes refer to the text and to the reader
     std::vector<JSONNode> m_nodes;
 };

@@ -56,6 +56,12 @@ TEST(ModeListDecoder, SaysWhichKeyOfWhichItemFailsAndWhere) {
         // Of several failures the first in the order of reading, whatever the order of the keys.
         {R"([{"items": 1, "sectionTitle": 2}])",
          R"(line 1, column 31: section 1: "sectionTitle" must be a text, but is a number)"},
+        {R"([{"items": [{"icon": 1}], "sectionTitle": 2}])",
+         R"(line 1, column 43: section 1: "sectionTitle" must be a text, but is a number)"},
+        // The last of a name counts, whatever the earlier ones are; what is not known is no list, whatever it holds.
+        {R"([{"items": [7], "items": [], "sectionTitle": 1, "sectionTitle": "S"}])", "no error"},
+        {R"([{"sectionTitle": "S", "old": {"items": 1, "x": [{"sectionTitle": 2}]}, "items": []}])", "no error"},
+        {R"([7, tru])", "line 1, column 5: syntax error"},
         {itemFile(R"("isSelected": 1, "subtitle": 2, "title": 3, "icon": 4}, {)"),
          R"(line 1, column 87: section 1, item 1: "icon" must be a text, but is a number)"},
         {itemFile(R"("isSelected": 1, "subtitle": 2, "title": 3, "icon": "i"}, {)"),

@@ -13,6 +13,9 @@ TEST(FileReading, ReadsEveryByte) {
     ASSERT_TRUE(read);
     EXPECT_EQ(read.value(), text);
     EXPECT_EQ(readWholeFile(folder.write("Empty", "")).value(), "");
+    std::string used = "what another file left";
+    EXPECT_FALSE(readWholeFile(folder.write("B", "b"), used));
+    EXPECT_EQ(used, "b");
     EXPECT_NE(readWholeFile("/proc/self/maps").value(), "") << "a file that does not know its size";
 }
 

@@ -101,7 +101,14 @@ void premultiplyRows(Bitmap& bitmap) {
     }
 }
 
-Result<Bitmap> readPixels(png_image& image) {
+/// The library's own words are for programmers.
+Failure unreadable(const std::string& bytes) {
+    const bool isPNG = bytes.compare(0, 8, "\x89PNG\r\n\x1A\n") == 0;
+    const bool isWhole = bytes.find("IEND") != std::string::npos;
+    return Failure{!isPNG ? "it is no PNG picture" : isWhole ? "it is damaged" : "the end of the picture is missing"};
+}
+
+Result<Bitmap> readPixels(png_image& image, const std::string& bytes) {
     if (std::optional<Failure> failure = pictureSizeRefusal(image.width, image.height)) {
         return *std::move(failure);
     }
@@ -111,7 +118,7 @@ Result<Bitmap> readPixels(png_image& image) {
     }
     image.format = PNG_FORMAT_BGRA;
     if (png_image_finish_read(&image, nullptr, bitmap.value().row(0), bitmap.value().stride(), nullptr) == 0) {
-        return Failure{image.message};
+        return unreadable(bytes);
     }
     premultiplyRows(bitmap.value());
     return bitmap;
@@ -170,9 +177,9 @@ Result<Bitmap> readPNG(const std::string& path) {
         return Failure{"it is empty"};
     }
     if (png_image_begin_read_from_memory(&image, bytes.value().data(), bytes.value().size()) == 0) {
-        return Failure{image.message};
+        return unreadable(bytes.value());
     }
-    Result<Bitmap> bitmap = readPixels(image);
+    Result<Bitmap> bitmap = readPixels(image, bytes.value());
     png_image_free(&image);
     return bitmap;
 }

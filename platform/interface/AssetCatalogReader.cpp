@@ -14,21 +14,29 @@ namespace {
 /// Finds the sets in folders and the folders in them.
 class EntryCollector {
 public:
-    explicit EntryCollector(Findings* findings) : m_findings(findings) {}
+    EntryCollector(const std::filesystem::path& catalog, Findings* findings) : m_findings(findings) {
+        std::error_code error;
+        const std::filesystem::path whole = std::filesystem::weakly_canonical(catalog, error);
+        for (std::filesystem::path around = whole; around.has_relative_path();) {
+            around = around.parent_path();
+            m_seen.insert(around);
+        }
+        collect(catalog);
+    }
 
     void collect(const std::filesystem::path& folder) {
         std::error_code error;
         if (!m_seen.insert(std::filesystem::weakly_canonical(folder, error)).second) {
-            if (m_findings != nullptr) {
-                m_findings->push_back({Severity::warning, folder.string(), std::nullopt,
-                                       "this link leads to a folder of the catalogue that is read already"});
-            }
+            tell(folder, "this link leads to a folder that is read already, or in a circle");
             return;
         }
         const std::filesystem::directory_iterator end;
         for (std::filesystem::directory_iterator item(folder, error); !error && item != end; item.increment(error)) {
             std::error_code unreadable; // such an item is left out
             if (!item->is_directory(unreadable)) {
+                if (unreadable || (item->is_symlink(unreadable) && !item->exists(unreadable))) {
+                    tell(item->path(), "this link leads nowhere, or in a circle");
+                }
                 continue;
             }
             if (item->path().has_extension()) {
@@ -41,6 +49,12 @@ public:
     std::vector<CatalogEntry> take() { return std::move(m_entries); }
 
 private:
+    void tell(const std::filesystem::path& path, const char* what) {
+        if (m_findings != nullptr) {
+            m_findings->push_back({Severity::warning, path.string(), std::nullopt, what});
+        }
+    }
+
     Findings* m_findings;
     std::set<std::filesystem::path> m_seen; // by their true paths: links could run in a circle
     std::vector<CatalogEntry> m_entries;
@@ -49,9 +63,7 @@ private:
 } // namespace
 
 std::vector<CatalogEntry> catalogEntries(const std::filesystem::path& catalog, Findings* findings) {
-    EntryCollector collector(findings);
-    collector.collect(catalog);
-    std::vector<CatalogEntry> entries = collector.take();
+    std::vector<CatalogEntry> entries = EntryCollector(catalog, findings).take();
     std::sort(entries.begin(), entries.end(),
               [](const CatalogEntry& one, const CatalogEntry& other) { return one.folder < other.folder; });
     return entries;

@@ -176,6 +176,10 @@ Finding CatalogContents::finding(JSONValue at, const std::string& message) const
     return {Severity::warning, m_path, m_document.placeOf(at), message};
 }
 
+Finding CatalogContents::findingOfKey(const JSONValue::Member& member, const std::string& message) const {
+    return {Severity::warning, m_path, m_document.placeOfKey(member), message};
+}
+
 std::string_view textAt(JSONValue value, std::string_view key) {
     const auto found = value.find(key);
     return found ? found->string().value_or(std::string_view()) : std::string_view();

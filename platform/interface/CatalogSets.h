@@ -21,6 +21,7 @@ public:
 
     [[nodiscard]] JSONValue root() const { return m_document.root(); }
     [[nodiscard]] Finding finding(JSONValue at, const std::string& message) const;
+    [[nodiscard]] Finding findingOfKey(const JSONValue::Member& member, const std::string& message) const;
 
 private:
     CatalogContents(std::string path, JSONDocument document)

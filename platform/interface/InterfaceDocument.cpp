@@ -3,117 +3,19 @@
 #include "platform/foundation/FileReading.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/foundation/Nearest.h"
-#include "platform/foundation/TextPlaces.h"
-
-#include <pugixml.hpp>
 
 #include <algorithm>
 #include <map>
 
 namespace {
 
-/// Null when no element meets the condition.
-template <class Condition>
-const InterfaceElement* first(const std::vector<InterfaceElement>& elements, Condition condition) {
-    const auto found = std::find_if(elements.begin(), elements.end(), condition);
-    return found == elements.end() ? nullptr : &*found;
-}
-
-} // namespace
-
-const std::string* InterfaceElement::attribute(std::string_view key) const {
-    for (const auto& [attributeName, attributeValue] : attributes) {
-        if (attributeName == key) {
-            return &attributeValue;
-        }
-    }
-    return nullptr;
-}
-
-std::string_view InterfaceElement::value(std::string_view key) const {
-    const std::string* found = attribute(key);
-    return found == nullptr ? std::string_view() : std::string_view(*found);
-}
-
-const InterfaceElement* InterfaceElement::keyed(std::string_view key) const {
-    return first(children, [key](const InterfaceElement& each) { return each.value("key") == key; });
-}
-
-const InterfaceElement* InterfaceElement::child(std::string_view childName) const {
-    return first(children, [childName](const InterfaceElement& each) { return each.name == childName; });
-}
-
-const std::vector<InterfaceElement>& InterfaceElement::inside(std::string_view childName) const {
-    static const std::vector<InterfaceElement> none;
-    const InterfaceElement* found = child(childName);
-    return found == nullptr ? none : found->children;
-}
-
-Failure InterfaceElement::failure(const std::string& what) const {
-    return {description + ": " + what, place};
-}
-
-namespace {
-
-/// Tells the places of ever later offsets in one walk through the text, however long its lines are.
-class PlaceWalk {
-public:
-    explicit PlaceWalk(std::string_view text) : m_text(text) {}
-
-    /// Where a node's markup opens. The parser gives the offset of its name.
-    TextPlace of(const pugi::xml_node& node) {
-        const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
-        const std::size_t bracket = m_text.rfind('<', offset);
-        return at(bracket == std::string_view::npos ? offset : bracket);
-    }
-
-private:
-    TextPlace at(std::size_t offset) {
-        const TextPlace step = TextPlaces(m_text.substr(m_offset, offset - m_offset)).at(offset - m_offset);
-        m_place = step.line > 1 ? TextPlace{m_place.line + step.line - 1, step.column}
-                                : TextPlace{m_place.line, m_place.column + step.column - 1};
-        m_offset = offset;
-        return m_place;
-    }
-
-    std::string_view m_text;
-    std::size_t m_offset = 0;
-    TextPlace m_place;
-};
-
-/// Finds the first element that is nested too deeply, without recursion: depth cannot exhaust the stack.
-struct DepthCheck : pugi::xml_tree_walker {
-    pugi::xml_node tooDeep;
-
-    bool for_each(pugi::xml_node& node) override {
-        tooDeep = depth() >= InterfaceDocument::greatestDepth ? node : pugi::xml_node();
-        return !tooDeep;
-    }
-};
-
-InterfaceElement convert(const pugi::xml_node& node, PlaceWalk& places) {
-    InterfaceElement element;
-    element.place = places.of(node);
-    element.name = node.name();
-    for (const pugi::xml_attribute& attribute : node.attributes()) {
-        element.attributes.emplace_back(attribute.name(), attribute.value());
-    }
-    const std::string_view id = element.id();
-    element.description = "<" + element.name + (id.empty() ? "" : " id=\"" + std::string(id) + "\"") + ">";
-    for (const pugi::xml_node& child : node.children()) {
-        if (child.type() == pugi::node_element) {
-            element.children.push_back(convert(child, places));
-        } else if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) {
-            element.text += child.value();
-        }
-    }
-    return element;
-}
-
 const char* const storyboardType = "com.apple.InterfaceBuilder3.CocoaTouch.Storyboard.XIB";
 
 /// Why this is no document for the phone; empty when it is one.
 std::string reasonToRefuse(const InterfaceElement& root) {
+    if (root.name == "archive") {
+        return "a document of the old form; open it in the editor and save it anew";
+    }
     if (root.name != "document") {
         return "no interface document, whose outermost element is <document>";
     }
@@ -130,40 +32,6 @@ std::string reasonToRefuse(const InterfaceElement& root) {
            "; one for the phone (CocoaTouch) is expected";
 }
 
-pugi::xml_node doctypeOf(const pugi::xml_document& document) {
-    return document.find_child([](const pugi::xml_node& node) { return node.type() == pugi::node_doctype; });
-}
-
-pugi::xml_node secondRoot(const pugi::xml_document& document) {
-    const pugi::xml_node first = document.document_element();
-    return document.find_child(
-        [&](const pugi::xml_node& node) { return node.type() == pugi::node_element && node != first; });
-}
-
-/// The elements of a text without a document type, too much depth or a second root.
-Result<InterfaceElement> rootOf(const std::string& text) {
-    pugi::xml_document document;
-    const pugi::xml_parse_result parsed =
-        document.load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_doctype, pugi::encoding_utf8);
-    if (!parsed) {
-        const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(parsed.offset, 0));
-        return Failure{"malformed XML: " + std::string(parsed.description()), TextPlaces(text).at(offset)};
-    }
-    PlaceWalk places(text);
-    if (const pugi::xml_node doctype = doctypeOf(document)) {
-        return Failure{"a document type (DOCTYPE) is not accepted", places.of(doctype)};
-    }
-    DepthCheck depth;
-    if (!document.traverse(depth)) {
-        return Failure{"elements are nested more than " + std::to_string(InterfaceDocument::greatestDepth) + " deep",
-                       places.of(depth.tooDeep)};
-    }
-    if (const pugi::xml_node second = secondRoot(document)) {
-        return Failure{"malformed XML: a second outermost element", places.of(second)};
-    }
-    return convert(document.document_element(), places);
-}
-
 /// The object that the editor marks as the scene's controller.
 bool isController(const InterfaceElement& object) {
     return object.value("sceneMemberID") == "viewController";
@@ -172,8 +40,10 @@ bool isController(const InterfaceElement& object) {
 std::vector<InterfaceScene> scenesOf(const InterfaceElement& root) {
     std::vector<InterfaceScene> found;
     for (const InterfaceElement& scene : root.inside("scenes")) {
-        if (const InterfaceElement* controller = first(scene.inside("objects"), isController)) {
-            found.push_back({controller, scene.child("objects")});
+        const std::vector<InterfaceElement>& objects = scene.inside("objects");
+        const auto controller = std::find_if(objects.begin(), objects.end(), isController);
+        if (controller != objects.end()) {
+            found.push_back({&*controller, scene.child("objects")});
         }
     }
     return found;
@@ -227,7 +97,7 @@ InterfaceDocument::Loaded InterfaceDocument::parse(std::string path, const std::
     if (text.size() > largestSize) {
         return Failure{"the file is larger than 8 MB"};
     }
-    Result<InterfaceElement> root = rootOf(text);
+    Result<InterfaceElement> root = readElements(text);
     if (!root) {
         return root.failure();
     }
@@ -264,6 +134,10 @@ Result<InterfaceScene> InterfaceDocument::sceneWithIdentifier(const std::string&
 }
 
 const InterfaceElement* InterfaceDocument::resource(std::string_view element, std::string_view name) const {
-    return first(m_root.inside("resources"),
-                 [&](const InterfaceElement& entry) { return entry.name == element && entry.value("name") == name; });
+    for (const InterfaceElement& entry : m_root.inside("resources")) {
+        if (entry.name == element && entry.value("name") == name) {
+            return &entry;
+        }
+    }
+    return nullptr;
 }

@@ -1,40 +1,11 @@
 #pragma once
 
-#include "platform/foundation/Result.h"
+#include "platform/interface/InterfaceElement.h"
 
 #include <filesystem>
 #include <memory>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 class NSBundle;
-
-/// One element of an interface document and where it stands in the file. Made by InterfaceDocument, which owns the
-/// whole tree; never changes afterwards.
-struct InterfaceElement {
-    std::string name;
-    TextPlace place;                                             // of the opening bracket
-    std::vector<std::pair<std::string, std::string>> attributes; // in file order
-    std::vector<InterfaceElement> children;
-    std::string text;        // character data directly inside
-    std::string description; // <label id="abc-de-fgh">, for messages
-
-    /// Null when absent.
-    [[nodiscard]] const std::string* attribute(std::string_view key) const;
-    /// The attribute's text, or nothing.
-    [[nodiscard]] std::string_view value(std::string_view key) const;
-    [[nodiscard]] std::string_view id() const { return value("id"); }
-    /// The first child with key="…", whatever its name; null when absent.
-    [[nodiscard]] const InterfaceElement* keyed(std::string_view key) const;
-    /// The first child of that name; null when absent.
-    [[nodiscard]] const InterfaceElement* child(std::string_view childName) const;
-    /// What stands in that child; nothing when it is absent.
-    [[nodiscard]] const std::vector<InterfaceElement>& inside(std::string_view childName) const;
-    /// `<label id="abc-de-fgh">: what`, told at this element's place.
-    [[nodiscard]] Failure failure(const std::string& what) const;
-};
 
 /// One controller of a storyboard and the top-level objects it stands among, itself included.
 struct InterfaceScene {
@@ -47,7 +18,6 @@ struct InterfaceScene {
 class InterfaceDocument : public std::enable_shared_from_this<InterfaceDocument> {
 public:
     static constexpr std::size_t largestSize = 8u << 20; // bytes
-    static constexpr int greatestDepth = 200;
 
     enum class Kind { nib, storyboard };
     using Loaded = Result<std::shared_ptr<const InterfaceDocument>>;

@@ -56,6 +56,10 @@ std::shared_ptr<UIView> NibBuilder::makeView(const InterfaceScene& scene,
     adopt(*scene.controller, controller);
     const InterfaceElement* element = scene.controller->keyed("view");
     std::shared_ptr<UIView> view = element != nullptr ? makeViewOf(*element) : nullptr;
+    for (const InterfaceElement& guide : scene.controller->inside("layoutGuides")) {
+        m_reader.error(guide, "guides of a controller are not supported; those of its view's safe area are");
+        name(guide, {});
+    }
     for (const InterfaceElement& object : scene.objects->children) {
         if (object.name == "placeholder" || object.name == "exit") {
             adopt(object, nullptr);
@@ -99,7 +103,8 @@ std::shared_ptr<UIView> NibBuilder::makeViewOf(const InterfaceElement& element) 
 const ObjectClass* NibBuilder::classOf(const InterfaceElement& element) {
     const std::string_view* standard = meaningOf(element.name, standardClasses);
     if (standard == nullptr) {
-        m_reader.error(element, "unknown element" + suggestionFrom(element.name, standardClasses));
+        m_reader.error(element,
+                       "there are no objects of this kind here" + suggestionFrom(element.name, standardClasses));
         return nullptr;
     }
     const std::string* custom = element.attribute("customClass");
@@ -193,6 +198,7 @@ const NibBuilder::Named* NibBuilder::named(const InterfaceElement& element, std:
     const auto found = m_named.find(id);
     if (found == m_named.end()) {
         m_reader.error(element, std::string(key) + ": no object has the id \"" + std::string(id) + "\"");
+        m_named.emplace(id, Named{}); // what else refers to it would only repeat the complaint
         return nullptr;
     }
     return &found->second;

@@ -7,6 +7,7 @@
 #include "platform/foundation/TextPlaces.h"
 #include "platform/graphics/TextLayout.h"
 #include "platform/graphics/UIImage.h"
+#include "simulator/check/CatalogCheck.h"
 #include "simulator/check/IconNames.h"
 #include "simulator/check/ListSchema.h"
 #include "simulator/check/Rules.h"
@@ -238,6 +239,12 @@ private:
     /// An icon that is lacking is told once, where it comes first.
     void tellLackingIcons() {
         const std::vector<std::string> known = m_lacking.empty() ? std::vector<std::string>() : iconNames();
+        for (const std::string& broken : known) { // which is told of the catalogue
+            m_lacking.erase(broken);
+        }
+        if (!hasCatalog()) { // as is this
+            m_lacking.clear();
+        }
         for (const auto& [name, lacking] : m_lacking) {
             const std::string rows = lacking.rows == 1 ? "" : " (in " + std::to_string(lacking.rows) + " rows)";
             tell("content.icon", lacking.offset,

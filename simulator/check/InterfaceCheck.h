@@ -15,7 +15,6 @@ struct InterfaceFindings {
 /// be the current one. `mainStoryboard` must say which controller comes first.
 [[nodiscard]] InterfaceFindings checkInterface(const NSBundle& bundle,
                                                const std::filesystem::path& mainStoryboard = {});
-/// One document by itself, with the current catalogue.
+/// One document by itself, with the current catalogue. What is said of more than three elements is one finding, which
+/// names the lines of the others.
 [[nodiscard]] Findings checkDocument(const std::filesystem::path& path);
-/// Every set of a catalogue.
-[[nodiscard]] Findings checkCatalog(const std::filesystem::path& catalog);

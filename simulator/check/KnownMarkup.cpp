@@ -38,55 +38,47 @@ const std::string ofControllers =
                 "navigationBarHidden toolbarHidden toolbarInteractionEnabled "
                 "automaticallyAdjustsScrollIndicatorInsets clearsSelectionOnViewWillAppear ";
 
-using AttributeTable = std::map<std::string, std::vector<std::string>, std::less<>>;
-
-AttributeTable makeTable() {
-    const std::pair<const char*, std::string> rows[] = {
-        {"view", ofViews},
-        {"label", ofViews + "text textAlignment lineBreakMode numberOfLines baselineAdjustment adjustsFontSizeToFit "
-                            "minimumScaleFactor minimumFontSize adjustsFontForContentSizeCategory enabled "
-                            "adjustsLetterSpacingToFitWidth preferredMaxLayoutWidth usesAttributedText highlighted"},
-        {"imageView", ofViews + "image catalog highlightedImage highlighted symbolScale "
-                                "adjustsImageSizeForAccessibilityContentSizeCategory"},
-        {"control", ofControls},
-        {"button", ofControls + "buttonType lineBreakMode adjustsImageWhenHighlighted adjustsImageWhenDisabled role "
-                                "showsTouchWhenHighlighted reversesTitleShadowWhenHighlighted pointerInteraction "
-                                "showsMenuAsPrimaryAction changesSelectionAsPrimaryAction"},
-        {"textField", ofControls + "text placeholder borderStyle textAlignment minimumFontSize clearButtonMode "
-                                   "adjustsFontForContentSizeCategory clearsOnBeginEditing adjustsFontSizeToFit"},
-        {"scrollView", ofScrolling},
-        {"tableView", ofScrolling + "style dataMode separatorStyle rowHeight estimatedRowHeight sectionHeaderHeight "
-                                    "sectionFooterHeight estimatedSectionHeaderHeight estimatedSectionFooterHeight "
-                                    "allowsSelection allowsMultipleSelection allowsSelectionDuringEditing "
-                                    "allowsMultipleSelectionDuringEditing sectionIndexMinimumDisplayRowCount"},
-        {"tableViewCell", ofViews + "reuseIdentifier selectionStyle style textLabel detailTextLabel imageView "
-                                    "accessoryType editingAccessoryType rowHeight indentationWidth indentationLevel "
-                                    "hidesAccessoryWhenEditing focusStyle shouldIndentWhileEditing "
-                                    "showsReorderControl"},
-        {"tableViewCellContentView", ofViews + "tableViewCell"},
-        {"viewController", ofControllers},
-        {"navigationController", ofControllers},
-        {"constraint", "id firstItem firstAttribute relation secondItem secondAttribute multiplier priority constant "
-                       "placeholder symbolic identifier userLabel shouldBeArchived"},
-        {"outlet", "id property destination"},
-        {"action", "id selector destination eventType"},
-        {"rect", "key x y width height"},
-        {"autoresizingMask", "key widthSizable heightSizable flexibleMinX flexibleMaxX flexibleMinY flexibleMaxY"},
-        {"fontDescription", "key type pointSize weight style name family size metaFont width"},
-        {"color", "key red green blue alpha white colorSpace customColorSpace name systemColor "
-                  "cocoaTouchSystemColor catalog"},
-        {"state", "key title image backgroundImage catalog"},
-        {"accessibility", "key identifier label hint value"},
-        {"userDefinedRuntimeAttribute", "type keyPath value"},
-        {"integer", "key value"},
-        {"real", "key value"},
-    };
-    AttributeTable table;
-    for (const auto& [element, attributes] : rows) {
-        table[element] = wordsOf(attributes);
-    }
-    return table;
-}
+/// By element.
+const std::map<std::string, std::string, std::less<>> attributeLists = {
+    {"view", ofViews},
+    {"label", ofViews + "text textAlignment lineBreakMode numberOfLines baselineAdjustment adjustsFontSizeToFit "
+                        "minimumScaleFactor minimumFontSize adjustsFontForContentSizeCategory enabled "
+                        "adjustsLetterSpacingToFitWidth preferredMaxLayoutWidth usesAttributedText highlighted"},
+    {"imageView", ofViews + "image catalog highlightedImage highlighted symbolScale "
+                            "adjustsImageSizeForAccessibilityContentSizeCategory"},
+    {"control", ofControls},
+    {"button", ofControls + "buttonType lineBreakMode adjustsImageWhenHighlighted adjustsImageWhenDisabled role "
+                            "showsTouchWhenHighlighted reversesTitleShadowWhenHighlighted pointerInteraction "
+                            "showsMenuAsPrimaryAction changesSelectionAsPrimaryAction"},
+    {"textField", ofControls + "text placeholder borderStyle textAlignment minimumFontSize clearButtonMode "
+                               "adjustsFontForContentSizeCategory clearsOnBeginEditing adjustsFontSizeToFit"},
+    {"scrollView", ofScrolling},
+    {"tableView", ofScrolling + "style dataMode separatorStyle rowHeight estimatedRowHeight sectionHeaderHeight "
+                                "sectionFooterHeight estimatedSectionHeaderHeight estimatedSectionFooterHeight "
+                                "allowsSelection allowsMultipleSelection allowsSelectionDuringEditing "
+                                "allowsMultipleSelectionDuringEditing sectionIndexMinimumDisplayRowCount"},
+    {"tableViewCell", ofViews + "reuseIdentifier selectionStyle style textLabel detailTextLabel imageView "
+                                "accessoryType editingAccessoryType rowHeight indentationWidth indentationLevel "
+                                "hidesAccessoryWhenEditing focusStyle shouldIndentWhileEditing "
+                                "showsReorderControl"},
+    {"tableViewCellContentView", ofViews + "tableViewCell"},
+    {"viewController", ofControllers},
+    {"navigationController", ofControllers},
+    {"constraint", "id firstItem firstAttribute relation secondItem secondAttribute multiplier priority constant "
+                   "placeholder symbolic identifier userLabel shouldBeArchived"},
+    {"outlet", "id property destination"},
+    {"action", "id selector destination eventType"},
+    {"rect", "key x y width height"},
+    {"autoresizingMask", "key widthSizable heightSizable flexibleMinX flexibleMaxX flexibleMinY flexibleMaxY"},
+    {"fontDescription", "key type pointSize weight style name family size metaFont width"},
+    {"color", "key red green blue alpha white colorSpace customColorSpace name systemColor "
+              "cocoaTouchSystemColor xcode11CocoaTouchSystemColor catalog"},
+    {"state", "key title image backgroundImage catalog"},
+    {"accessibility", "key identifier label hint value"},
+    {"userDefinedRuntimeAttribute", "type keyPath value"},
+    {"integer", "key value"},
+    {"real", "key value"},
+};
 
 } // namespace
 
@@ -94,26 +86,38 @@ const std::vector<std::string>& knownElements() {
     static const std::vector<std::string> names = wordsOf(
         "document device adaptation dependencies deployment plugIn capability customFonts array string objects scenes "
         "scene resources image namedColor systemColor point placeholder exit rect autoresizingMask subviews "
-        "constraints "
-        "constraint color fontDescription nil mutableString accessibility accessibilityTraits bool connections outlet "
-        "outletCollection action segue userDefinedRuntimeAttributes userDefinedRuntimeAttribute integer real size "
-        "inset "
-        "edgeInsets directionalEdgeInsets offsetWrapper state viewLayoutGuide tableViewCellContentView view label "
-        "imageView button textField control scrollView tableView tableViewCell viewController navigationController "
-        "variation mask exclude include freeformSimulatedSizeMetrics simulatedScreenMetrics simulatedStatusBarMetrics "
-        "simulatedNavigationBarMetrics simulatedTabBarMetrics simulatedToolbarMetrics simulatedOrientationMetrics "
-        "navigationItem navigationBar barButtonItem tabBar tabBarItem toolbar toolbarItems layoutGuides "
-        "viewControllerLayoutGuide gestureRecognizers tapGestureRecognizer attributedString fragment attributes font "
-        "paragraphStyle prototypes sections tableViewSection cells imageReference preferredSymbolConfiguration "
-        "fontConfiguration buttonConfiguration designables designable inferredMetricsTieBreakers segmentedControl "
-        "accessibilityOverrides keyCommands textInputTraits stackView date range rectangle simulatedMetricsContainer "
-        "userGuides userLayoutGuide customCommands backgroundConfiguration localizedString items item");
+        "constraints constraint color fontDescription nil mutableString accessibility accessibilityTraits bool "
+        "connections outlet outletCollection action segue userDefinedRuntimeAttributes userDefinedRuntimeAttribute "
+        "integer real size inset edgeInsets directionalEdgeInsets state viewLayoutGuide tableViewCellContentView view "
+        "label imageView button textField control scrollView tableView tableViewCell viewController "
+        "navigationController variation mask exclude include freeformSimulatedSizeMetrics simulatedScreenMetrics "
+        "simulatedStatusBarMetrics simulatedNavigationBarMetrics simulatedTabBarMetrics simulatedToolbarMetrics "
+        "simulatedOrientationMetrics simulatedMetricsContainer layoutGuides viewControllerLayoutGuide prototypes "
+        "sections tableViewSection cells textInputTraits designables designable inferredMetricsTieBreakers "
+        "accessibilityOverrides "
+        "localizedString userGuides");
+    return names;
+}
+
+const std::vector<std::string>& elementsWithoutEffect() {
+    static const std::vector<std::string> names = wordsOf(
+        "navigationItem navigationBar barButtonItem tabBar tabBarItem toolbar toolbarItems gestureRecognizers "
+        "attributedString imageReference preferredSymbolConfiguration buttonConfiguration backgroundConfiguration "
+        "keyCommands customCommands userLayoutGuides offsetWrapper date range blurEffect vibrancyEffect segments "
+        "items");
     return names;
 }
 
 const std::vector<std::string>& knownAttributes(std::string_view element) {
-    static const AttributeTable table = makeTable();
+    static std::map<std::string, std::vector<std::string>, std::less<>> read;
     static const std::vector<std::string> none;
-    const auto found = table.find(element);
-    return found == table.end() ? none : found->second;
+    const auto list = attributeLists.find(element);
+    if (list == attributeLists.end()) {
+        return none;
+    }
+    const auto [known, isNew] = read.try_emplace(list->first);
+    if (isNew) {
+        known->second = wordsOf(list->second);
+    }
+    return known->second;
 }

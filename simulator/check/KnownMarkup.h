@@ -6,5 +6,7 @@
 
 /// The names of all elements that interface documents are known to have.
 [[nodiscard]] const std::vector<std::string>& knownElements();
+/// Those that belong to the phone's documents and do nothing here.
+[[nodiscard]] const std::vector<std::string>& elementsWithoutEffect();
 /// The attributes of elements of that name; empty for an element whose attributes nobody wrote down here.
 [[nodiscard]] const std::vector<std::string>& knownAttributes(std::string_view element);

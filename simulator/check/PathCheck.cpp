@@ -1,8 +1,8 @@
 #include "simulator/check/PathCheck.h"
 
-#include "platform/foundation/NSBundle.h"
 #include "platform/interface/AssetCatalogReader.h"
 #include "simulator/check/BundleCheck.h"
+#include "simulator/check/CatalogCheck.h"
 #include "simulator/check/ContentCheck.h"
 #include "simulator/check/FlowCheck.h"
 #include "simulator/check/InterfaceCheck.h"
@@ -107,12 +107,9 @@ CheckedFiles checkFlowsIn(const std::string& folder) {
 }
 
 CheckedFiles checkWholeBundle() {
-    const Result<BundleFindings> found = checkMainBundle();
-    if (!found) {
-        const std::string path = (NSBundle::mainBundle().bundlePath() / "Info.plist").string();
-        return {{findingOf("bundle.info", path, std::nullopt, found.failure().what)}, 1};
+    if (const std::optional<Finding> fault = faultOfInfo()) {
+        return {{*fault}, 1};
     }
-    CheckedFiles checked{found.value().all, found.value().files};
-    tidy(checked.findings);
-    return checked;
+    const Result<BundleFindings> found = checkMainBundle();
+    return found ? CheckedFiles{found.value().all, found.value().files} : CheckedFiles{};
 }

@@ -66,7 +66,7 @@ std::vector<Rule> contentRules() {
 std::vector<Rule> interfaceRules() {
     return {
         {"interface.unreadable", error, "The file cannot be opened, is no XML or no interface document for the phone.",
-         "malformed XML: Error parsing start element tag"},
+         "<subviews> is not closed; </view> in line 12 closes what is around it"},
         {"interface.refused", error, "The phone, and this program, would stop when the file is loaded.",
          "<label id=\"l\">: numberOfLines is \"many\", a number is expected"},
         {"interface.ignored", warning, "Something that has no effect here.", "<segue id=\"s\">: segues are ignored"},

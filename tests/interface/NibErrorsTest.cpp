@@ -23,7 +23,7 @@ protected:
 
 TEST_F(NibErrors, NameUnknownElementsAndClassesAndValuesOfTheWrongType) {
     expect("<view><subviews>", "</subviews></view>",
-           R"(<lable id="l"/> => <lable id="l">: unknown element; did you mean label?
+           R"(<lable id="l"/> => <lable id="l">: there are no objects of this kind here; did you mean label?
 <view customClass="AppVew"/> => <view>: there is no class "AppVew"; did you mean AppView?
 <view customClass="UIResponder"/> => <view>: interface files cannot make objects of the class UIResponder
 <view customClass="CategoriesVC"/> => <view>: CategoriesVC is no view
@@ -102,7 +102,7 @@ TEST_F(NibErrors, AreAllToldAtOnce) {
         "\n<constraints><constraint firstAttribute=\"x\"/></constraints></view>";
     EXPECT_EQ(errorsOf(instantiateObjects(objects)),
               "Test.xib:3:1: error: <view>: hidden is \"1\", YES or NO is expected\n"
-              "Test.xib:4:1: error: <lable>: unknown element; did you mean label?\n"
+              "Test.xib:4:1: error: <lable>: there are no objects of this kind here; did you mean label?\n"
               "Test.xib:5:1: error: <view>: there is no class \"Nothing12345\"\n"
               "Test.xib:6:14: error: <constraint>: firstAttribute is \"x\", a layout attribute is expected");
 }

@@ -85,7 +85,7 @@ TEST_F(StoryboardDeathTest, StopsForAMissingSceneOrFileWithItsPlace) {
     expectStop(storyboardWith("", scenes), place + "the storyboard has no initial controller");
     expectStop(storyboardWith("none", scenes), place + "the storyboard has no initial controller");
     expectStop(nibWith("<view/>"), place + "a nib stands where a storyboard is expected");
-    expectStop("<document", "1:9: error: malformed XML");
+    expectStop("<document", "1:1: error: the > of this tag is missing");
     const auto storyboard = board(storyboardWith("", scenes));
     EXPECT_DEATH((void)storyboard->instantiateViewControllerWithIdentifier("CategorysVC"),
                  place + "there is no scene with the identifier \"CategorysVC\"; did you mean CategoriesVC\\?");
@@ -101,7 +101,7 @@ TEST_F(StoryboardDeathTest, StopsForAFaultInASceneWithItsPlace) {
                  "4:1: error: <view id=\"c\">: UIView is no contr");
     const std::string start = "<viewController id=\"c\" sceneMemberID=\"viewController\">\n";
     expectStopIn(start + "<view key=\"view\"><subviews><lable id=\"l\"/></subviews></view></viewController>",
-                 "5:28: error: <lable id=\"l\">: unknown element; did you mean label\\?");
+                 "5:28: error: <lable id=\"l\">: there are no objects of this kind here; did you mean label\\?");
     expectStopIn(start + "<viewController key=\"view\" id=\"w\"/></viewController>",
                  "5:1: error: <viewController id=\"w\">: UIViewController is no view");
 }

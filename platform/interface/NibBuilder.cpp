@@ -82,7 +82,7 @@ std::shared_ptr<NSObject> NibBuilder::make(const InterfaceElement& element) {
 std::shared_ptr<NSObject> NibBuilder::makeAlone(const InterfaceElement& element) {
     const ObjectClass* objectClass = classOf(element);
     if (objectClass == nullptr) {
-        name(element, {}); // connections to it would only repeat the complaint
+        nameUnmade(element);
         return nullptr;
     }
     std::shared_ptr<NSObject> object = objectClass->factory(ElementCoder(element, m_reader));
@@ -183,6 +183,14 @@ void NibBuilder::adopt(const InterfaceElement& element, const std::shared_ptr<NS
     name(element, {object, LayoutGuide::view});
     if (object) {
         m_made.push_back({&element, object, true});
+    }
+}
+
+/// What refers to an object that cannot be made, or to anything inside it, would only repeat the complaint.
+void NibBuilder::nameUnmade(const InterfaceElement& element) {
+    name(element, {});
+    for (const InterfaceElement& child : element.children) {
+        nameUnmade(child);
     }
 }
 

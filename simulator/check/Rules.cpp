@@ -104,6 +104,8 @@ std::vector<Rule> screenRules() {
          "<view id=\"v\">: the view stands out of <view id=\"p\"> at the right: by 12 points (24 pixels)"},
         {"screen.stopped", error, "The program stopped while the screen was shown.",
          "the screen cannot be shown on the device se: the program stops"},
+        {"screen.unmeasured", warning, "The screen was not looked at, as it cannot be shown.",
+         "layout and accessibility are not looked at before the errors of interface files are mended"},
         {"a11y.target", warning, "A finger needs 44 x 44 points to tap.",
          "<button id=\"b\">: a finger needs 44 x 44 points: this is 30 x 30"},
         {"a11y.label", error, "Who cannot see a picture is told nothing of what it does.",

@@ -5,6 +5,7 @@
 #include "platform/uikit/controls/UIImageView.h"
 #include "platform/uikit/controls/UILabel.h"
 #include "platform/uikit/controls/UIScrollView.h"
+#include "platform/uikit/controls/UITextField.h"
 #include "platform/uikit/table/UITableViewCell.h"
 #include "simulator/check/Contrast.h"
 #include "simulator/conversation/ViewTree.h"
@@ -76,6 +77,36 @@ std::string rounded(double number) {
     return text.data();
 }
 
+/// The part of a view that a finger reaches: touches end at the edges of all views around it. Scrolled content is what
+/// scrolling brings.
+CGSize touchableSize(const UIView& view) {
+    CGRect area = frameInWindow(view);
+    const UIView* around = view.superview();
+    for (; around != nullptr && dynamic_cast<const UIScrollView*>(around) == nullptr; around = around->superview()) {
+        area = area.intersection(frameInWindow(*around));
+    }
+    return around == nullptr ? area.size : view.bounds().size;
+}
+
+/// In the window, as far as the letters go.
+CGRect areaOfText(const UILabel& label) {
+    CGRect area = frameInWindow(label);
+    const CGSize text = label.textLayoutFitting(area.size)->size();
+    const CGFloat aside = area.size.width - text.width;
+    const NSTextAlignment alignment = label.textAlignment();
+    area.origin.x += alignment == NSTextAlignment::center ? aside / 2 : alignment == NSTextAlignment::right ? aside : 0;
+    area.size.width = text.width;
+    return area;
+}
+
+RGBA paintedColor(const UILabel& label, UIUserInterfaceStyle appearance) {
+    RGBA color = label.textColor()->resolved(appearance);
+    for (const UIView* view = &label; view != nullptr; view = view->superview()) {
+        color.alpha *= view->alpha();
+    }
+    return color;
+}
+
 /// The rows of a table are read from top to bottom, however their views lie.
 std::vector<std::shared_ptr<UIView>> inReadingOrder(const UIView& view) {
     std::vector<std::shared_ptr<UIView>> subviews = view.subviews();
@@ -89,12 +120,39 @@ std::vector<std::shared_ptr<UIView>> inReadingOrder(const UIView& view) {
 
 } // namespace
 
-void ScreenAudit::run() {
+void ScreenAudit::lookInBothAppearances() {
+    for (const UIUserInterfaceStyle appearance : {UIUserInterfaceStyle::dark, UIUserInterfaceStyle::light}) {
+        m_host.window().setUserInterfaceStyle(appearance);
+        m_host.settle();
+        look();
+        checkContrasts();
+    }
+}
+
+void ScreenAudit::lookAtContents() {
+    look();
+    const bool isNew = std::any_of(m_labels.begin(), m_labels.end(),
+                                   [this](const auto& label) { return m_measured.count(describe(*label)) == 0; });
+    if (isNew) {
+        checkContrasts();
+    }
+}
+
+void ScreenAudit::tellUnmeasured() {
+    for (const auto& [about, why] : m_unmeasured) {
+        if (m_measured.count(about) == 0) {
+            tell("a11y.unmeasured", about, "the contrast is not measured: " + why);
+        }
+    }
+}
+
+void ScreenAudit::look() {
+    m_labels.clear();
+    m_read.clear();
     for (const View& view : m_host.window().subviews()) {
         collect(view);
     }
     checkOrder();
-    checkContrasts();
 }
 
 void ScreenAudit::collect(const View& view) {
@@ -103,24 +161,32 @@ void ScreenAudit::collect(const View& view) {
     }
     checkFrame(*view);
     checkRow(*view);
-    checkTarget(view);
-    const auto label = std::dynamic_pointer_cast<UILabel>(view);
-    if (label && label->text() && !label->text()->empty()) {
-        checkText(*label);
-        const double visible = ScreenElement(m_host.window(), view).visibleShare();
-        bool isPassed = false;
-        if (visible > 0.99 && !isPaintedOver(m_host.window(), *view, frameInWindow(*view), isPassed)) {
-            m_labels.push_back(label);
-        }
-        if (visible >= 0.5) {
-            m_read.push_back(view);
-        }
+    checkTarget(*view);
+    if (const auto label = std::dynamic_pointer_cast<UILabel>(view); label && !label->text().value_or("").empty()) {
+        collectText(label);
     } else if (isControl(*view) && !view->accessibilityLabel().empty() &&
                ScreenElement(m_host.window(), view).isVisible()) {
         m_read.push_back(view);
     }
+    if (dynamic_cast<const UITextField*>(view.get()) != nullptr && !textsOf(*view).empty()) {
+        m_unmeasured.emplace(describe(*view), "a text field paints its text itself");
+    }
     for (const View& subview : inReadingOrder(*view)) {
         collect(subview);
+    }
+}
+
+void ScreenAudit::collectText(const std::shared_ptr<UILabel>& label) {
+    checkText(*label);
+    const double visible = ScreenElement(m_host.window(), label).visibleShare();
+    bool isPassed = false;
+    if (visible > 0.99 && !isPaintedOver(m_host.window(), *label, frameInWindow(*label), isPassed)) {
+        m_labels.push_back(label);
+    } else if (visible > 0) {
+        m_unmeasured.emplace(describe(*label), "the text is always covered in part");
+    }
+    if (visible >= 0.5) {
+        m_read.push_back(label);
     }
 }
 
@@ -141,7 +207,7 @@ void ScreenAudit::checkFrame(const UIView& view) {
                                                      {"bottom", frame.maxY() - room.maxY()}};
     for (const auto& [side, outside] : sides) {
         if (outside > roundingRoom) {
-            tell("layout.outside", view,
+            tell("layout.outside", describe(view),
                  std::string("the view stands out of ") + describe(*superview).name + " at the " + side,
                  "by " + lengthText(outside), outside);
         }
@@ -152,51 +218,60 @@ void ScreenAudit::checkRow(const UIView& view) {
     const auto* cell = dynamic_cast<const UITableViewCell*>(&view);
     if (cell != nullptr && !cell->contentView()->subviews().empty() &&
         cell->contentView()->heightFittingWidth(view.bounds().size.width) < 1) {
-        tell("layout.ambiguous", view, "nothing decides the height of the row");
+        tell("layout.ambiguous", describe(view), "nothing decides the height of the row");
     }
 }
 
-void ScreenAudit::checkTarget(const View& view) {
-    const auto* control = dynamic_cast<const UIControl*>(view.get());
-    const bool isRow = dynamic_cast<const UITableViewCell*>(view.get()) != nullptr;
+void ScreenAudit::checkTarget(const UIView& view) {
+    const auto* control = dynamic_cast<const UIControl*>(&view);
+    const bool isRow = dynamic_cast<const UITableViewCell*>(&view) != nullptr;
     if ((control == nullptr || !control->isEnabled()) && !isRow) {
         return;
     }
-    const CGSize size = view->bounds().size;
-    if (std::min(size.width, size.height) < smallestTarget - 0.01) {
-        tell("a11y.target", *view, "a finger needs 44 x 44 points",
-             "this is " + rounded(size.width) + " x " + rounded(size.height), -std::min(size.width, size.height));
+    const CGSize size = touchableSize(view);
+    const bool isPutAway = size.width <= 0 || size.height <= 0;
+    if (!isPutAway && std::min(size.width, size.height) < smallestTarget - 0.01) {
+        const CGSize whole = view.bounds().size;
+        const bool isWhole = size.width > whole.width - roundingRoom && size.height > whole.height - roundingRoom;
+        tell("a11y.target", describe(view), "a finger needs 44 x 44 points",
+             (isWhole ? "this is " : "what stands in its superviews is ") + rounded(size.width) + " x " +
+                 rounded(size.height),
+             -std::min(size.width, size.height));
     }
-    if (control != nullptr && !hasName(*view)) {
-        tell("a11y.label", *view, "this can be tapped and has neither a text nor a label for assistive tools");
+    if (!hasName(view)) {
+        tell("a11y.label", describe(view), "this can be tapped and has neither a text nor a label for assistive tools");
     }
 }
 
 void ScreenAudit::checkText(const UILabel& label) {
     const CGSize room = label.bounds().size;
     const std::shared_ptr<const TextLayout> layout = label.textLayoutFitting(room);
+    const std::string text = "\"" + *label.text() + "\" ";
     if (layout->isCut()) {
         const CGFloat needed = label.textLayout(std::nullopt)->size().width;
-        tell("layout.text-cut", label, "the text is cut off",
-             "in one line it needs " + lengthText(needed) + ", and has " + lengthText(room.width), needed - room.width);
-    } else if (layout->size().height > room.height + roundingRoom) {
-        tell("layout.text-cut", label, "the text is higher than its view",
-             "by " + lengthText(layout->size().height - room.height), layout->size().height - room.height);
+        tell("layout.text-cut", describe(label), "the text is cut off",
+             text + "needs " + lengthText(needed) + " in one line, and has " + lengthText(room.width),
+             needed - room.width);
+    } else if (const CGFloat above = layout->size().height - room.height; above > roundingRoom) {
+        tell("layout.text-cut", describe(label), "the text is higher than its view", text + "by " + lengthText(above),
+             above);
     }
 }
 
 void ScreenAudit::checkOrder() {
     for (std::size_t i = 1; i < m_read.size(); ++i) {
-        const CGRect before = frameInWindow(*m_read[i - 1]);
-        const CGRect here = frameInWindow(*m_read[i]);
+        const UIView& earlier = *m_read[i - 1];
+        const UIView& later = *m_read[i];
+        const CGRect before = frameInWindow(earlier);
+        const CGRect here = frameInWindow(later);
         const bool isAbove = here.maxY() <= before.minY() + roundingRoom;
         const bool sharesLine = here.midY() > before.minY() && here.midY() < before.maxY();
         const bool isBefore = isAbove || (sharesLine && here.maxX() <= before.minX() + roundingRoom);
-        if (isBefore && !lieInLayers(*m_read[i - 1], *m_read[i])) {
-            const bool isRowText = describe(*m_read[i - 1]).path != describe(*m_read[i]).path;
-            tell("a11y.order", *m_read[i],
+        if (isBefore && !lieInLayers(earlier, later)) {
+            const bool isOfOtherDocument = describe(earlier).path != describe(later).path; // a row
+            tell("a11y.order", describe(later),
                  std::string("this is read after what stands ") + (isAbove ? "below" : "to the right of") + " it" +
-                     (isRowText ? "" : ", " + describe(*m_read[i - 1]).name));
+                     (isOfOtherDocument ? "" : ", " + describe(earlier).name));
         }
     }
 }
@@ -213,37 +288,31 @@ void ScreenAudit::checkContrasts() {
         m_labels[i]->setTextColor(colors[i]);
     }
     for (const std::shared_ptr<UILabel>& label : m_labels) {
-        checkContrast(label, ground);
+        checkContrast(*label, ground);
+        m_measured.insert(describe(*label));
     }
 }
 
-void ScreenAudit::checkContrast(const std::shared_ptr<UILabel>& label, const Bitmap& ground) {
-    RGBA color = label->textColor()->resolved(m_host.window().userInterfaceStyle());
-    for (const UIView* view = label.get(); view != nullptr; view = view->superview()) {
-        color.alpha *= view->alpha();
-    }
-    CGRect area = frameInWindow(*label);
-    const CGSize text = label->textLayoutFitting(area.size)->size();
-    const CGFloat aside = area.size.width - text.width;
-    const NSTextAlignment alignment = label->textAlignment();
-    area.origin.x += alignment == NSTextAlignment::center ? aside / 2 : alignment == NSTextAlignment::right ? aside : 0;
-    area.size.width = text.width;
-    const UIFont& font = *label->font();
+void ScreenAudit::checkContrast(const UILabel& label, const Bitmap& ground) {
+    const UIUserInterfaceStyle appearance = m_host.window().userInterfaceStyle();
+    const ContrastRange range = contrastOver(ground, areaOfText(label), paintedColor(label, appearance));
+    const UIFont& font = *label.font();
     const bool isLarge = font.pointSize() >= 24 || (font.pointSize() >= 18 && font.weight() >= UIFontWeight::bold);
     const double needed = isLarge ? 3 : 4.5;
-    const ContrastRange range = contrastOver(ground, area, color);
     if (range.least >= needed - 0.01) {
         return;
     }
     if (range.isOneGround || range.most < needed) {
-        tell("a11y.contrast", *label,
+        tell("a11y.contrast", describe(label),
              range.colors + " has a contrast of " + ratioText(range.least) + ", and needs " + ratioText(needed), "",
              -range.least);
     } else {
-        tell("a11y.unmeasured", *label,
-             "the contrast is not measured: several colours lie under the text, from " + ratioText(range.least) +
-                 " to " + ratioText(range.most) + ", where " + ratioText(needed) + " is needed");
+        tell("a11y.unmeasured", describe(label), "the contrast is not measured: several colours lie under the text",
+             "from " + ratioText(range.least) + " to " + ratioText(range.most) + ", where " + ratioText(needed) +
+                 " is needed",
+             -range.least);
     }
+    m_findings.back().appearance = appearance == UIUserInterfaceStyle::dark ? "dark" : "light";
 }
 
 ScreenAudit::Description ScreenAudit::describe(const UIView& view) {
@@ -266,9 +335,8 @@ std::string ScreenAudit::lengthText(CGFloat points) const {
            std::to_string(static_cast<int>(std::lround(points * m_host.device().scale))) + " pixels)";
 }
 
-void ScreenAudit::tell(const char* rule, const UIView& view, const std::string& what, const std::string& detail,
+void ScreenAudit::tell(const char* rule, const Description& about, const std::string& what, const std::string& detail,
                        double amount) {
-    const Description about = describe(view);
     m_findings.push_back(
         {rule, about.path, about.place, about.name + ": " + what, detail, amount, m_host.device().name});
 }

@@ -1,5 +1,6 @@
 #include "simulator/check/ScreenCheck.h"
 
+#include "game/CategoriesVC.h"
 #include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/view/ViewSystem.h"
 #include "simulator/check/Rules.h"
@@ -9,7 +10,9 @@
 
 #include <boost/json.hpp>
 
+#include <algorithm>
 #include <map>
+#include <set>
 #include <tuple>
 
 namespace {
@@ -33,45 +36,68 @@ void hearLayoutReports(std::vector<ScreenFinding>& findings, const std::string& 
     });
 }
 
-void look(ConversationHost& host, std::vector<ScreenFinding>& findings) {
-    for (const UIUserInterfaceStyle appearance : {UIUserInterfaceStyle::light, UIUserInterfaceStyle::dark}) {
-        host.window().setUserInterfaceStyle(appearance);
+/// Whether there was a button to tap.
+bool tapDropdown(ConversationHost& host) {
+    const auto button = ElementSearch(host.window()).find({std::nullopt, "btnDropdown", std::nullopt});
+    const std::optional<CGPoint> point = button ? button->pointToTouch() : std::nullopt;
+    if (point) {
+        Finger(host).tap(*point);
         host.settle();
-        ScreenAudit(host, findings).run();
     }
-    host.window().setUserInterfaceStyle(UIUserInterfaceStyle::light);
+    return point.has_value();
 }
 
-void lookWithOpenList(ConversationHost& host, std::vector<ScreenFinding>& findings) {
-    const auto tapDropdown = [&] {
-        const auto button = ElementSearch(host.window()).find({std::nullopt, "btnDropdown", std::nullopt});
-        const std::optional<CGPoint> point = button ? button->pointToTouch() : std::nullopt;
-        if (point) {
-            Finger(host).tap(*point);
-            host.settle();
+/// From the first row to the last, a screen at a time.
+void lookThroughRows(ConversationHost& host, UITableView& table, ScreenAudit& audit) {
+    CGFloat offset = 0;
+    for (;;) {
+        table.setContentOffset({0, offset});
+        host.settle();
+        audit.lookAtContents();
+        const CGFloat page = table.bounds().size.height;
+        const CGFloat last = table.contentSize().height - page;
+        if (page <= 0 || offset >= last) {
+            return;
         }
-        return point.has_value();
-    };
-    if (tapDropdown()) {
-        look(host, findings);
-        static_cast<void>(tapDropdown());
+        offset = std::min(offset + page * 0.75, last);
+    }
+}
+
+/// The same screen shows the groups' lists and those of the game types.
+void lookAtAllLists(ConversationHost& host, ScreenAudit& audit) {
+    const auto& children = host.controller()->childViewControllers();
+    const auto screen = children.empty() ? nullptr : std::dynamic_pointer_cast<CategoriesVC>(children.front());
+    for (const CurrentOption option : contentLoadOrder()) {
+        if (screen) {
+            screen->showSections(rawValue(option));
+            host.settle();
+            lookThroughRows(host, *screen->tableView, audit);
+        }
     }
 }
 
 } // namespace
 
-std::vector<ScreenFinding> checkScreen(const Device& device) {
+std::vector<ScreenFinding> checkScreen(const Device& device, ScreenExtent extent) {
     std::vector<ScreenFinding> findings;
     hearLayoutReports(findings, device.name);
     MainRunLoop::shared().useVirtualClock();
     const auto host = std::make_shared<ConversationHost>(device, std::vector<std::string>{"A", "B"});
     host->activate(nullptr);
     host->advance(1s); // its content has come, and it has asked for the expanded presentation
-    for (const Style style : {Style::expanded, Style::compact}) {
+    ScreenAudit audit(*host, findings);
+    for (const Style style : {Style::compact, Style::expanded}) {
         host->changeStyle(style);
         host->settle();
-        look(*host, findings);
-        lookWithOpenList(*host, findings);
+        audit.lookInBothAppearances();
+        if (tapDropdown(*host)) {
+            audit.lookInBothAppearances();
+            static_cast<void>(tapDropdown(*host));
+        }
+    }
+    if (extent == ScreenExtent::everything) {
+        lookAtAllLists(*host, audit);
+        audit.tellUnmeasured();
     }
     host->close();
     MainRunLoop::shared().reset();
@@ -89,7 +115,8 @@ std::string screenFindingsText(const std::vector<ScreenFinding>& findings) {
                         {"what", finding.what},
                         {"detail", finding.detail},
                         {"amount", finding.amount},
-                        {"device", finding.device}});
+                        {"device", finding.device},
+                        {"appearance", finding.appearance}});
     }
     return json::serialize(list);
 }
@@ -106,38 +133,54 @@ std::vector<ScreenFinding> readScreenFindings(const std::string& text) {
         const auto word = [&](const char* key) { return std::string(object.at(key).as_string()); };
         const auto line = static_cast<int>(object.at("line").to_number<int>());
         const auto column = static_cast<int>(object.at("column").to_number<int>());
-        findings.push_back({word("rule"), word("path"),
-                            line > 0 ? std::optional(TextPlace{line, column}) : std::nullopt, word("what"),
-                            word("detail"), object.at("amount").to_number<double>(), word("device")});
+        findings.push_back(
+            {word("rule"), word("path"), line > 0 ? std::optional(TextPlace{line, column}) : std::nullopt, word("what"),
+             word("detail"), object.at("amount").to_number<double>(), word("device"), word("appearance")});
     }
     return findings;
 }
 
+namespace {
+
+/// What several devices and appearances have in common.
+struct Joined {
+    const ScreenFinding* worst = nullptr;
+    double least = 0;
+    std::set<std::string> devices;
+    std::set<std::string> appearances;
+
+    void add(const ScreenFinding& finding) {
+        least = worst == nullptr ? finding.amount : std::min(least, finding.amount);
+        worst = worst == nullptr || finding.amount > worst->amount ? &finding : worst;
+        devices.insert(finding.device);
+        appearances.insert(finding.appearance);
+    }
+    [[nodiscard]] Finding finding(std::size_t deviceCount) const {
+        const std::size_t others = devices.size() - 1;
+        std::string where = devices.size() == deviceCount && others > 0 ? "every device" : worst->device;
+        if (devices.size() < deviceCount && others > 0) {
+            where += " and " + std::to_string(others) + (others == 1 ? " other" : " others");
+        } else if (others > 0 && worst->amount > least + 0.5) {
+            where += ", worst on " + worst->device;
+        }
+        where += appearances == std::set<std::string>{"dark"}    ? ", in the dark"
+                 : appearances == std::set<std::string>{"light"} ? ", in the light"
+                                                                 : "";
+        return findingOf(worst->rule, worst->path, worst->place,
+                         worst->what + (worst->detail.empty() ? "" : ": " + worst->detail) + " (on " + where + ")");
+    }
+};
+
+} // namespace
+
 Findings joinScreenFindings(const std::vector<ScreenFinding>& findings, std::size_t deviceCount) {
-    struct Joined {
-        const ScreenFinding* worst = nullptr;
-        std::vector<std::string> devices;
-    };
     std::map<std::tuple<std::string, std::string, std::optional<TextPlace>, std::string>, Joined> groups;
     for (const ScreenFinding& finding : findings) {
-        Joined& group = groups[{finding.rule, finding.path, finding.place, finding.what}];
-        if (group.worst == nullptr || finding.amount > group.worst->amount) {
-            group.worst = &finding;
-        }
-        if (group.devices.empty() || group.devices.back() != finding.device) {
-            group.devices.push_back(finding.device);
-        }
+        groups[{finding.rule, finding.path, finding.place, finding.what}].add(finding);
     }
     Findings joined;
     for (const auto& [key, group] : groups) {
-        std::string devices = group.devices.size() == deviceCount ? "every device" : "";
-        for (std::size_t i = 0; devices != "every device" && i < group.devices.size(); ++i) {
-            devices += (i == 0 ? "" : ", ") + group.devices[i];
-        }
-        const ScreenFinding& worst = *group.worst;
-        joined.push_back(
-            findingOf(worst.rule, worst.path, worst.place,
-                      worst.what + (worst.detail.empty() ? "" : ": " + worst.detail) + " (on " + devices + ")"));
+        joined.push_back(group.finding(deviceCount));
     }
     return joined;
 }

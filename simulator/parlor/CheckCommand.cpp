@@ -1,24 +1,19 @@
-#include "platform/foundation/FileReading.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/foundation/Nearest.h"
 #include "platform/graphics/PNG.h"
-#include "platform/uikit/window/UIScreen.h"
 #include "simulator/check/FindingsReport.h"
 #include "simulator/check/IconNames.h"
 #include "simulator/check/IconSheet.h"
 #include "simulator/check/KnownFindings.h"
 #include "simulator/check/PathCheck.h"
 #include "simulator/check/Rules.h"
-#include "simulator/check/ScreenCheck.h"
-#include "simulator/parlor/OwnProcess.h"
-#include "simulator/parlor/PreparedBundle.h"
+#include "simulator/parlor/ScreenLook.h"
 #include "simulator/pictures/PictureFile.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <sys/ioctl.h>
@@ -115,74 +110,50 @@ void join(CheckedFiles& all, const CheckedFiles& more) {
     all.count += more.count;
 }
 
-/// A folder that goes with the process.
-class WorkFolder {
-public:
-    WorkFolder() {
-        std::string name = (fs::temp_directory_path() / "parlor-check-XXXXXX").string();
-        m_path = mkdtemp(name.data()) != nullptr ? name : "";
+/// The contrast of texts whose colours cannot be read would be that of others.
+void leaveOutContrasts(Findings& findings, const std::string& bundle) {
+    const auto isContrast = [](const Finding& finding) { return finding.rule == "a11y.contrast"; };
+    if (std::erase_if(findings, isContrast) > 0) {
+        findings.push_back(findingOf("a11y.unmeasured", bundle, std::nullopt,
+                                     "the contrast is not measured before the sets of the catalogue can be read"));
     }
-    ~WorkFolder() {
-        std::error_code error;
-        fs::remove_all(m_path, error);
-    }
-    WorkFolder(const WorkFolder&) = delete;
-    WorkFolder& operator=(const WorkFolder&) = delete;
-
-    [[nodiscard]] fs::path file(const std::string& name) const { return fs::path(m_path) / name; }
-
-private:
-    std::string m_path;
-};
-
-/// The screen of the main bundle on every device, each in a process of its own.
-Findings checkScreens() {
-    const std::string bundle = NSBundle::mainBundle().bundlePath().string();
-    const WorkFolder folder;
-    std::vector<std::vector<std::string>> lists;
-    for (const std::string device : devices) {
-        lists.push_back({"check-screen", bundle, device, folder.file(device).string()});
-    }
-    static_cast<void>(runInOwnProcesses(lists));
-    std::vector<ScreenFinding> found;
-    Findings findings;
-    for (const std::string device : devices) {
-        const Result<std::string> text = readWholeFile(folder.file(device));
-        const std::vector<ScreenFinding> more = text ? readScreenFindings(text.value()) : std::vector<ScreenFinding>();
-        found.insert(found.end(), more.begin(), more.end());
-        if (!text) {
-            findings.push_back(findingOf("screen.stopped", bundle, std::nullopt,
-                                         "the screen cannot be shown on the device " + device + ": the program stops"));
-        }
-    }
-    const Findings joined = joinScreenFindings(found, devices.size());
-    findings.insert(findings.end(), joined.begin(), joined.end());
-    return findings;
 }
 
 /// The screen is looked at when all that it is made from is sound.
-CheckedFiles checkBundleAndScreens() {
+CheckedFiles checkBundleAndScreens(const fs::path& folder) {
+    const fs::path bundle = folder; // may be that of the bundle that is open until now
+    openExtensionBundle(bundle);
     CheckedFiles checked = checkWholeBundle();
-    const bool canBeShown = std::none_of(checked.findings.begin(), checked.findings.end(), [](const Finding& finding) {
-        return finding.severity == Severity::error && !finding.rule.starts_with("content.");
-    });
-    if (canBeShown) {
-        const Findings onScreen = checkScreens();
-        checked.findings.insert(checked.findings.end(), onScreen.begin(), onScreen.end());
+    const auto any = [&](auto condition) {
+        return std::any_of(checked.findings.begin(), checked.findings.end(), condition);
+    };
+    if (any([](const Finding& finding) {
+            return finding.severity == Severity::error && !finding.rule.starts_with("content.");
+        })) {
+        checked.findings.push_back(findingOf("screen.unmeasured", bundle.string(), std::nullopt,
+                                             "layout and accessibility are not looked at before the errors of "
+                                             "interface files are mended"));
+        return checked;
     }
+    BundleOptions shown;
+    shown.bundle = bundle;
+    Findings onScreen = ScreenLook(shown, {devices.begin(), devices.end()}, ScreenExtent::everything).finish();
+    if (any([](const Finding& finding) { return finding.rule == "catalog.set"; })) {
+        leaveOutContrasts(onScreen, bundle.string());
+    }
+    checked.findings.insert(checked.findings.end(), onScreen.begin(), onScreen.end());
     return checked;
 }
 
 CheckedFiles checkAll(const CheckOptions& options) {
     CheckedFiles checked;
     if (options.paths.empty()) {
-        checked = checkBundleAndScreens();
+        checked = checkBundleAndScreens(NSBundle::mainBundle().bundlePath());
         join(checked, checkFlowsIn("flows"));
     }
     for (const std::string& path : options.paths) {
         if (isBundle(path)) {
-            openExtensionBundle(path);
-            join(checked, checkBundleAndScreens());
+            join(checked, checkBundleAndScreens(path));
         } else {
             join(checked, checkPaths({path}));
         }
@@ -224,8 +195,7 @@ CommandResult runCheck(const CheckOptions& options) {
     if (options.listIcons) {
         return listIcons(options.sheet);
     }
-    const fs::path knownFile =
-        options.known.empty() ? inTree("resources/known-findings.json") : fs::path(options.known);
+    const fs::path knownFile = options.known.empty() ? usualKnownFindings() : fs::path(options.known);
     const Result<std::vector<KnownFinding>> known = readKnownFindings(knownFile);
     if (!known) {
         return known.failure();
@@ -265,22 +235,4 @@ ParlorCommand addCheckCommand(CLI::App& app) {
     line->add_flag("--with-known", options->showsKnown, "Also tells those");
     line->footer(examples);
     return {line, [options] { return runCheck(*options); }};
-}
-
-/// For checkScreens() alone; nobody is told of it.
-ParlorCommand addCheckScreenCommand(CLI::App& app) {
-    const auto words = std::make_shared<std::vector<std::string>>();
-    CLI::App* line = app.add_subcommand("check-screen", "")->group("");
-    line->add_option("words", *words, "Bundle, device, file")->expected(3);
-    return {line, [words]() -> CommandResult {
-                const Result<Device> device = deviceNamed(words->at(1));
-                if (!device || std::freopen("/dev/null", "w", stdout) == nullptr) {
-                    return Failure{"the screen cannot be checked"};
-                }
-                openExtensionBundle(words->at(0));
-                UIScreen::mainScreen().configure(device.value().size, device.value().scale);
-                const std::string text = screenFindingsText(checkScreen(device.value()));
-                const std::optional<Failure> failure = writeWholeFile(text, words->at(2));
-                return failure ? CommandResult(*failure) : Findings();
-            }};
 }

@@ -184,19 +184,9 @@ std::string pageFor(const std::vector<Device>& devices, const std::vector<Sheet>
 CommandResult takeInOwnProcesses(const std::vector<Sheet>& sheets, const GalleryOptions& options) {
     std::vector<std::vector<std::string>> argumentLists;
     for (const Sheet& sheet : sheets) {
-        std::vector<std::string> arguments{"gallery",          "--output",       options.folder.string(),
-                                           "--text-size",      options.textSize, "--device",
-                                           sheet.deviceName(), "--part",         sheet.appearance()};
-        if (!options.bundle.empty()) {
-            arguments.insert(arguments.end(), {"--bundle", options.bundle.string()});
-        }
-        if (options.content) {
-            arguments.insert(arguments.end(), {"--content", *options.content});
-        }
-        if (options.rightToLeft) {
-            arguments.emplace_back("--right-to-left");
-        }
-        argumentLists.push_back(std::move(arguments));
+        std::vector<std::string>& arguments = argumentLists.emplace_back(argumentsFor(options));
+        arguments.insert(arguments.begin(), {"gallery", "--output", options.folder.string(), "--device",
+                                             sheet.deviceName(), "--part", sheet.appearance()});
     }
     return runInOwnProcesses(argumentLists);
 }
@@ -220,7 +210,11 @@ CommandResult takeAll(const GalleryOptions& options, const std::vector<Device>& 
     if (const std::optional<Failure> refusal = folder.claim(filesOf(sheets))) {
         return *refusal;
     }
-    return withBundle(options, [&](const PreparedBundle&) -> CommandResult {
+    std::vector<std::string> names;
+    for (const Device& device : devices) {
+        names.push_back(device.name);
+    }
+    return withBundle(options, names, [&](const PreparedBundle&) -> CommandResult {
         CommandResult result = takeInOwnProcesses(sheets, options);
         if (!result || !result.value().empty()) {
             folder.withdraw();

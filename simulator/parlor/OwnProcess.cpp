@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <deque>
 #include <iostream>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -14,21 +15,20 @@ namespace {
 constexpr const char* thisProgram = "/proc/self/exe";
 
 /// 0, or why there is no such process.
-int start(std::vector<std::string> arguments) {
+int start(std::vector<std::string> arguments, pid_t& process) {
     std::string name = "parlor";
     std::vector<char*> words{name.data()};
     for (std::string& argument : arguments) {
         words.push_back(argument.data());
     }
     words.push_back(nullptr);
-    pid_t process = 0;
     return posix_spawn(&process, thisProgram, nullptr, nullptr, words.data(), environ);
 }
 
-/// The exit status of the one that ends first; that of a failure when it did not end by itself.
-int waitForOne() {
+/// Its exit status; that of a failure when it did not end by itself.
+int waitFor(pid_t process) {
     int status = 0;
-    while (wait(&status) < 0 && errno == EINTR) {
+    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
     }
     if (WIFEXITED(status)) {
         return WEXITSTATUS(status);
@@ -41,22 +41,25 @@ int waitForOne() {
 
 CommandResult runInOwnProcesses(const std::vector<std::vector<std::string>>& argumentLists) {
     const unsigned atATime = std::max(1U, std::thread::hardware_concurrency());
-    unsigned running = 0;
+    std::deque<pid_t> running;
     int worst = 0;
+    const auto waitForOldest = [&] {
+        worst = std::max(worst, waitFor(running.front()));
+        running.pop_front();
+    };
     for (const std::vector<std::string>& arguments : argumentLists) {
-        if (running == atATime) {
-            worst = std::max(worst, waitForOne());
-            --running;
+        if (running.size() == atATime) {
+            waitForOldest();
         }
-        if (const int error = start(arguments)) {
+        if (const int error = start(arguments, running.emplace_back())) {
             std::cerr << "parlor: no further process: " << std::strerror(error) << '\n';
+            running.pop_back();
             worst = 2;
             break;
         }
-        ++running;
     }
-    for (; running > 0; --running) {
-        worst = std::max(worst, waitForOne());
+    while (!running.empty()) {
+        waitForOldest();
     }
     if (worst > 1) {
         return Failure{"not all of the work could be done"};

@@ -4,12 +4,19 @@
 #include "content/ModeListDecoder.h"
 #include "platform/foundation/FileReading.h"
 #include "platform/foundation/Nearest.h"
+#include "simulator/parlor/ScreenLook.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 
 namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* usualDevice = "15";
+
+} // namespace
 
 void addBundleOptions(CLI::App& command, BundleOptions& options) {
     command
@@ -118,7 +125,7 @@ Findings PreparedBundle::check(const Flow& flow) const {
 }
 
 Device PreparedBundle::deviceFor(const Flow& flow) const {
-    Device shown = device ? *device : deviceNamed(flow.device.empty() ? "15" : flow.device).value();
+    Device shown = device ? *device : deviceNamed(flow.device.empty() ? usualDevice : flow.device).value();
     shown.textSize = textSize;
     if (rightToLeft || flow.rightToLeft) {
         shown.direction = UIUserInterfaceLayoutDirection::rightToLeft;
@@ -131,7 +138,7 @@ Result<PreparedBundle> prepareBundle(const BundleOptions& options) {
     if (const std::optional<Failure> failure = bundle.fitTo(options)) {
         return *failure;
     }
-    bundle.folder = options.bundle.empty() ? usualBundle() : options.bundle;
+    bundle.folder = bundleOf(options);
     if (const Result<std::string> info = readWholeFile(bundle.folder / "Info.plist"); !info) {
         return Failure{bundle.folder.string() + " is no extension bundle: " + info.failure().what};
     }
@@ -152,20 +159,42 @@ bool canShow(const PreparedBundle& bundle, const BundleOptions& options) {
     return list && decodeModeList(std::move(list).value());
 }
 
-CommandResult withBundle(const BundleOptions& options, const std::function<CommandResult(const PreparedBundle&)>& use) {
+std::string deviceNameFor(const BundleOptions& options, const Flow& flow) {
+    return !options.device.empty() ? options.device : !flow.device.empty() ? flow.device : usualDevice;
+}
+
+fs::path bundleOf(const BundleOptions& options) {
+    return options.bundle.empty() ? usualBundle() : options.bundle;
+}
+
+std::vector<std::string> argumentsFor(const BundleOptions& options) {
+    std::vector<std::string> arguments{"--bundle", bundleOf(options).string(), "--text-size", options.textSize};
+    if (options.content) {
+        arguments.insert(arguments.end(), {"--content", *options.content});
+    }
+    if (options.rightToLeft) {
+        arguments.emplace_back("--right-to-left");
+    }
+    return arguments;
+}
+
+CommandResult withBundle(const BundleOptions& options, const std::vector<std::string>& devices,
+                         const std::function<CommandResult(const PreparedBundle&)>& use) {
     const Result<PreparedBundle> bundle = prepareBundle(options);
     if (!bundle) {
         return bundle.failure();
     }
-    Findings findings = bundle.value().findings.all;
+    const Findings findings = bundle.value().findings.all;
     tell(findings);
     if (!canShow(bundle.value(), options)) {
         return findings;
     }
-    const CommandResult result = use(bundle.value());
-    if (!result) {
-        return result;
+    ScreenLook look(options, devices, ScreenExtent::opening);
+    CommandResult result = use(bundle.value());
+    const Findings onScreen = look.tellNews();
+    if (result) {
+        result.value().insert(result.value().begin(), findings.begin(), findings.end());
+        result.value().insert(result.value().end(), onScreen.begin(), onScreen.end());
     }
-    findings.insert(findings.end(), result.value().begin(), result.value().end());
-    return findings;
+    return result;
 }

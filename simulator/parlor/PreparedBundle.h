@@ -51,9 +51,16 @@ void addGroupOption(CLI::App& command, BundleOptions& options);
 /// Whether the extension can be launched, with a list that was asked for on its screen.
 [[nodiscard]] bool canShow(const PreparedBundle& bundle, const BundleOptions& options);
 
-/// What commands do with a bundle: tells what is wrong with its data and, if it can be shown, goes on to `use` it.
-[[nodiscard]] CommandResult withBundle(const BundleOptions& options,
+/// What commands do with a bundle: tells what is wrong with its data and, if it can be shown, goes on to `use` it, and
+/// tells at last what is wrong with its screen on those devices.
+[[nodiscard]] CommandResult withBundle(const BundleOptions& options, const std::vector<std::string>& devices,
                                        const std::function<CommandResult(const PreparedBundle&)>& use);
+/// Those of the options that say what is shown, device and group aside, for a process that shows the same.
+[[nodiscard]] std::vector<std::string> argumentsFor(const BundleOptions& options);
+/// The command line's device, or else the flow's own, or the usual one.
+[[nodiscard]] std::string deviceNameFor(const BundleOptions& options, const Flow& flow);
+/// The folder that the options name, or the usual one.
+[[nodiscard]] std::filesystem::path bundleOf(const BundleOptions& options);
 
 /// The player group that a content file is shown for: the one it is named after, or else the one that is shown first.
 [[nodiscard]] std::string groupFor(const std::filesystem::path& content);

@@ -5,6 +5,7 @@
 #include "simulator/parlor/FlowComposer.h"
 #include "simulator/parlor/PreparedBundle.h"
 #include "simulator/parlor/Report.h"
+#include "simulator/parlor/ScreenLook.h"
 #include "simulator/pictures/PictureFile.h"
 
 #include <CLI/CLI.hpp>
@@ -13,6 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <set>
 #include <unistd.h>
 
 namespace {
@@ -133,12 +135,26 @@ private:
             std::cerr << "parlor: " << *m_report.failure << '\n';
             return Findings{{Severity::error, "", std::nullopt, *m_report.failure}};
         }
+        m_look.emplace(m_options, devicesOf(flows), ScreenExtent::opening);
         for (const Flow& flow : flows) {
             playOn(bundle.value(), flow);
         }
+        const Findings onScreen = m_look->tellNews();
+        m_report.findings.insert(m_report.findings.end(), onScreen.begin(), onScreen.end());
         tellStaleGoldens();
         tellTotal();
         return allFindings();
+    }
+
+    /// Each once; scenes of their own are not the extension's screen.
+    [[nodiscard]] std::vector<std::string> devicesOf(const std::vector<Flow>& flows) const {
+        std::set<std::string> devices;
+        for (const Flow& flow : flows) {
+            if (flow.scene.empty()) {
+                devices.insert(deviceNameFor(m_options, flow));
+            }
+        }
+        return {devices.begin(), devices.end()};
     }
 
     /// Those that can be read; of the others there is a result already.
@@ -278,6 +294,7 @@ private:
         } else {
             m_report.failure = what;
         }
+        m_look.reset(); // its files go
         tellTotal();
         const std::optional<Failure> unwritten = writeReport();
         std::cerr << (unwritten ? "parlor: " + unwritten->what + "\n" : "") << std::flush;
@@ -287,6 +304,7 @@ private:
     const RunOptions& m_options;
     const OutputAside* m_output;
     RunReport m_report;
+    std::optional<ScreenLook> m_look;
     Findings m_readFindings;        // warnings of flows that are played all the same
     FlowPlayer* m_player = nullptr; // while a flow is played
 };

@@ -63,7 +63,8 @@ CommandResult takeShot(const Shot& shot, const std::string& file) {
     if (isForeign(file)) {
         return Failure{file + " exists and is no PNG picture; it is left alone"};
     }
-    return withBundle(shot, [&](const PreparedBundle& bundle) { return shoot(shot, file, bundle); });
+    return withBundle(shot, {deviceNameFor(shot, Flow{})},
+                      [&](const PreparedBundle& bundle) { return shoot(shot, file, bundle); });
 }
 
 /// Empty when the text says how far to scroll, else what to say.

@@ -45,7 +45,9 @@ CommandResult runTree(const TreeOptions& options) {
     if (!flows) {
         return flows.failure();
     }
-    return withBundle(options, [&](const PreparedBundle& bundle) { return printTree(flows.value().front(), bundle); });
+    const Flow& flow = flows.value().front();
+    return withBundle(options, {deviceNameFor(options, flow)},
+                      [&](const PreparedBundle& bundle) { return printTree(flow, bundle); });
 }
 
 } // namespace

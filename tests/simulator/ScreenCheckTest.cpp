@@ -39,8 +39,8 @@ protected:
         }
         return text;
     }
-    static std::string onScreen(const char* device) {
-        const std::vector<ScreenFinding> found = checkScreen(deviceNamed(device).value());
+    static std::string onScreen(const char* device, ScreenExtent extent = ScreenExtent::opening) {
+        const std::vector<ScreenFinding> found = checkScreen(deviceNamed(device).value(), extent);
         return told(joinScreenFindings(readScreenFindings(screenFindingsText(found)), 1));
     }
 
@@ -66,15 +66,31 @@ TEST_F(ScreenCheckTest, MeasuresWhatIsOnTheScreen) {
          R"(<constraint firstAttribute="height" constant="44" id="o9p-2K-h6B"/>
             <constraint firstAttribute="height" constant="45" id="new-01-hei"/>)",
          "[layout.conflict]", "o9p-2K-h6B (ModeTblCell.xib:"},
+        {storyboard, R"(<label opaque="NO")",
+         R"(<textField text="Name" id="new-01-fld"><rect key="frame" x="9" y="9" width="99" height="50"/></textField>
+            <label opaque="NO")",
+         "[a11y.unmeasured]", "a text field paints its text itself"},
+        {"ModeTblCell.xib", "</subviews>",
+         R"(<view id="new-01-cov"><rect key="frame" x="0" y="0" width="400" height="20"/>
+            <color key="backgroundColor" white="0.5"/></view></subviews>)",
+         "[a11y.unmeasured]", "the text is always covered in part"},
     };
-    const std::string sound = onScreen("se");
+    const std::string sound = onScreen("se", ScreenExtent::everything);
     EXPECT_THAT(sound, HasSubstr("#FFFFFF on #4DA289 has a contrast of 3.07:1, and needs 4.50:1"));
     for (const auto& [file, from, to, rule, what] : faults) {
         edit(file, from, to);
-        EXPECT_THAT(onScreen("se"), AllOf(HasSubstr(std::string(file) + ":"), HasSubstr(rule), HasSubstr(what)));
+        const bool isToldAtLast = rule == std::string("[a11y.unmeasured]");
+        EXPECT_THAT(onScreen("se", isToldAtLast ? ScreenExtent::everything : ScreenExtent::opening),
+                    AllOf(HasSubstr(std::string(file) + ":"), HasSubstr(rule), HasSubstr(what)));
         EXPECT_THAT(sound, testing::Not(HasSubstr(rule))) << sound;
         edit(file, to, from);
     }
+    edit("Ice Breaker.json", "\"sectionTitle\": \"",
+         "\"sectionTitle\": \"A heading that goes on for longer than any phone of this size is wide enough for ");
+    EXPECT_THAT(
+        onScreen("se", ScreenExtent::everything),
+        HasSubstr(
+            "the text is cut off: \"A heading that goes on for longer than any phone of this size is wide enough for"));
 }
 
 TEST_F(ScreenCheckTest, SaysOnceWhatHoldsForSeveralDevices) {
@@ -88,8 +104,9 @@ TEST_F(ScreenCheckTest, SaysOnceWhatHoldsForSeveralDevices) {
                              device};
     };
     EXPECT_EQ(told(joinScreenFindings({finding("se", 4), finding("se", 9), finding("8", 2)}, 3)),
-              "A.xib:3:1: warning: it stands out: by 9 (on se, 8) [layout.outside]\n");
-    EXPECT_THAT(told(joinScreenFindings({finding("se", 4), finding("8", 2)}, 2)), HasSubstr("(on every device)"));
+              "A.xib:3:1: warning: it stands out: by 9 (on se and 1 other) [layout.outside]\n");
+    EXPECT_THAT(told(joinScreenFindings({finding("se", 4), finding("8", 2)}, 2)),
+                HasSubstr("(on every device, worst on se)"));
 }
 
 TEST_F(ScreenCheckTest, MissesNoNibThatTheCodeAsksForNorATitleWithoutRoom) {

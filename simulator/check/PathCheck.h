@@ -12,6 +12,7 @@ struct CheckedFiles {
     Findings findings;
     std::size_t count = 0;
     std::size_t known = 0; // findings that were left out
+    bool isWithoutScreen = false;
 };
 
 /// Checks the main bundle: its content, interface documents and catalogue.

@@ -99,7 +99,8 @@ std::vector<Rule> screenRules() {
         {"layout.ambiguous", warning, "The constraints leave open where a view stands or how large it is.",
          "UILabel \"lblTitle\" has no definite x (on every device)"},
         {"layout.text-cut", warning, "A text of the interface has no room.",
-         "<label id=\"l\">: the text is cut off: in one line it needs 140 points (280 pixels), and has 97"},
+         "<label id=\"l\">: the text is cut off: \"Truths\" needs 140 points (280 pixels) in one line, and has 97 "
+         "points (on se)"},
         {"layout.outside", warning, "A view stands partly outside of the one that it is in.",
          "<view id=\"v\">: the view stands out of <view id=\"p\"> at the right: by 12 points (24 pixels)"},
         {"screen.stopped", error, "The program stopped while the screen was shown.",
@@ -132,7 +133,7 @@ std::vector<Rule> bundleRules() {
          "Only lists, interface documents, catalogues, flows and folders of them can be checked.",
          "there is no such file or folder"},
         {"bundle.info", error, "Info.plist says where the extension begins.",
-         "Info.plist names no storyboard that is there"},
+         "the key \"NSExtensionMainStoryboard\" is missing"},
         {"catalog.set", warning, "A set of the catalogue that cannot be read as it stands.",
          "the component \"red\" is no number"},
         {"catalog.file", warning, "A picture that a set names is missing, or is none.", "the file b.png is missing"},

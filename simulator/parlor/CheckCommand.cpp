@@ -91,12 +91,15 @@ std::string knownText(std::size_t count) {
     return count == 0 ? "" : "Left out, as known-findings.json explains: " + std::to_string(count) + ".\n";
 }
 
+constexpr const char* withoutScreenText = "Layout and accessibility are looked at with a whole bundle.\n";
+
 std::string reportOf(const CheckedFiles& checked, const std::string& format) {
     if (format == "json") {
         return jsonReport(checked.findings, checked.count);
     }
     return format == "junit" ? junitReport(checked.findings, checked.count)
-                             : textReport(checked.findings, checked.count, terminalStyle()) + knownText(checked.known);
+                             : textReport(checked.findings, checked.count, terminalStyle()) + knownText(checked.known) +
+                                   (checked.isWithoutScreen ? withoutScreenText : "");
 }
 
 /// A folder with an Info.plist is a bundle, and is then the main one.
@@ -201,6 +204,9 @@ CommandResult runCheck(const CheckOptions& options) {
         return known.failure();
     }
     CheckedFiles checked = checkAll(options);
+    checked.isWithoutScreen = std::any_of(options.paths.begin(), options.paths.end(), [](const std::string& path) {
+        return path.ends_with(".xib") || path.ends_with(".storyboard") || path.ends_with(".xcassets");
+    });
     checked.known = options.showsKnown ? 0 : takeKnownOut(checked.findings, known.value());
     const std::string report = reportOf(checked, options.format);
     for (Finding& finding : checked.findings) {

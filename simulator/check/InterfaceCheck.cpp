@@ -9,10 +9,10 @@
 #include "simulator/check/AskedResources.h"
 #include "simulator/check/CatalogCheck.h"
 #include "simulator/check/DocumentCross.h"
+#include "simulator/check/FoldedFindings.h"
 #include "simulator/check/Rules.h"
 
 #include <algorithm>
-#include <map>
 
 namespace {
 
@@ -89,38 +89,6 @@ Findings tryObjects(const InterfaceDocument& document) {
         finding.rule = finding.severity == Severity::error ? "interface.refused" : "interface.ignored";
     }
     return findings;
-}
-
-/// `<label>: what` for `<label id="l">: what`.
-std::string withoutId(const std::string& what) {
-    const std::size_t begin = what.find(" id=\"");
-    const std::size_t end = what.find("\">: ");
-    return begin < end && end != std::string::npos ? what.substr(0, begin) + what.substr(end + 1) : what;
-}
-
-/// What is said of more than a few elements is said once.
-Findings folded(const Findings& findings) {
-    constexpr std::size_t few = 3;
-    std::map<std::pair<std::string, std::string>, Findings> groups;
-    for (const Finding& finding : findings) {
-        groups[{finding.rule, withoutId(finding.what)}].push_back(finding);
-    }
-    Findings all;
-    for (auto& [said, group] : groups) {
-        tidy(group);
-        if (group.size() > few) {
-            std::string lines;
-            for (std::size_t i = 1; i <= few; ++i) {
-                lines += (i == 1 ? "" : ", ") + std::to_string(group[i].place.value_or(TextPlace{}).line);
-            }
-            group.front().what += " (and " + std::to_string(group.size() - 1) + " times more: lines " + lines +
-                                  (group.size() - 1 > few ? " …)" : ")");
-            group.resize(1);
-        }
-        append(all, group);
-    }
-    tidy(all);
-    return all;
 }
 
 /// From the main document the host makes the extension's first controller.

@@ -20,6 +20,7 @@ namespace {
 
 constexpr CGFloat smallestTarget = 44;
 constexpr CGFloat roundingRoom = 0.6; // frames stand on device pixels
+constexpr const char* notMeasured = "the contrast is not measured";
 
 CGRect frameInWindow(const UIView& view) {
     return view.convertRectToView(view.bounds(), nullptr);
@@ -141,7 +142,7 @@ void ScreenAudit::lookAtContents() {
 void ScreenAudit::tellUnmeasured() {
     for (const auto& [about, why] : m_unmeasured) {
         if (m_measured.count(about) == 0) {
-            tell("a11y.unmeasured", about, "the contrast is not measured: " + why);
+            tell("a11y.unmeasured", about, notMeasured, why);
         }
     }
 }
@@ -207,9 +208,8 @@ void ScreenAudit::checkFrame(const UIView& view) {
                                                      {"bottom", frame.maxY() - room.maxY()}};
     for (const auto& [side, outside] : sides) {
         if (outside > roundingRoom) {
-            tell("layout.outside", describe(view),
-                 std::string("the view stands out of ") + describe(*superview).name + " at the " + side,
-                 "by " + lengthText(outside), outside);
+            tell("layout.outside", describe(view), "the view stands out of " + describe(*superview).name,
+                 "by " + lengthText(outside) + " at the " + side, outside);
         }
     }
 }
@@ -302,14 +302,17 @@ void ScreenAudit::checkContrast(const UILabel& label, const Bitmap& ground) {
     if (range.least >= needed - 0.01) {
         return;
     }
-    if (range.isOneGround || range.most < needed) {
+    const std::string contrast = " has a contrast of " + ratioText(range.least) + ", and needs " + ratioText(needed);
+    if (range.isOneGround) {
+        tell("a11y.contrast", describe(label), range.colors + contrast, "", -range.least);
+    } else if (range.most < needed) {
         tell("a11y.contrast", describe(label),
-             range.colors + " has a contrast of " + ratioText(range.least) + ", and needs " + ratioText(needed), "",
+             "several colours lie under the text, and none is far enough from its own", range.colors + contrast,
              -range.least);
     } else {
-        tell("a11y.unmeasured", describe(label), "the contrast is not measured: several colours lie under the text",
-             "from " + ratioText(range.least) + " to " + ratioText(range.most) + ", where " + ratioText(needed) +
-                 " is needed",
+        tell("a11y.unmeasured", describe(label), notMeasured,
+             "several colours lie under the text, from " + ratioText(range.least) + " to " + ratioText(range.most) +
+                 ", where " + ratioText(needed) + " is needed",
              -range.least);
     }
     m_findings.back().appearance = appearance == UIUserInterfaceStyle::dark ? "dark" : "light";

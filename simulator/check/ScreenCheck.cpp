@@ -3,6 +3,7 @@
 #include "game/CategoriesVC.h"
 #include "platform/runtime/SourceLocation.h"
 #include "platform/uikit/view/ViewSystem.h"
+#include "simulator/check/FoldedFindings.h"
 #include "simulator/check/Rules.h"
 #include "simulator/check/ScreenAudit.h"
 #include "simulator/conversation/ElementSearch.h"
@@ -30,7 +31,9 @@ void hearLayoutReports(std::vector<ScreenFinding>& findings, const std::string& 
         finding.rule = isConflict ? "layout.conflict" : "layout.ambiguous";
         finding.path = source != nullptr ? *source->file : "";
         finding.place = source != nullptr ? std::optional(source->place) : std::nullopt;
-        finding.what = text.substr(text.find(": ") + 2);
+        const std::size_t open = text.find(" has no definite");
+        finding.what = source != nullptr && open != std::string::npos ? std::string(source->element) + text.substr(open)
+                                                                      : text.substr(text.find(": ") + 2);
         finding.device = device;
         findings.push_back(std::move(finding));
     });
@@ -182,5 +185,5 @@ Findings joinScreenFindings(const std::vector<ScreenFinding>& findings, std::siz
     for (const auto& [key, group] : groups) {
         joined.push_back(group.finding(deviceCount));
     }
-    return joined;
+    return folded(joined);
 }

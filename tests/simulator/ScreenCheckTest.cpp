@@ -66,6 +66,9 @@ TEST_F(ScreenCheckTest, MeasuresWhatIsOnTheScreen) {
          R"(<constraint firstAttribute="height" constant="44" id="o9p-2K-h6B"/>
             <constraint firstAttribute="height" constant="45" id="new-01-hei"/>)",
          "[layout.conflict]", "o9p-2K-h6B (ModeTblCell.xib:"},
+        {storyboard, R"(<constraint firstItem="aKN-wO-dVU" firstAttribute="centerY")",
+         R"(<constraint placeholder="YES" firstItem="aKN-wO-dVU" firstAttribute="centerY")", "[layout.ambiguous]",
+         "<imageView id=\"aKN-wO-dVU\"> has no definite y (on se)"},
         {storyboard, R"(<label opaque="NO")",
          R"(<textField text="Name" id="new-01-fld"><rect key="frame" x="9" y="9" width="99" height="50"/></textField>
             <label opaque="NO")",
@@ -105,6 +108,14 @@ TEST_F(ScreenCheckTest, SaysOnceWhatHoldsForSeveralDevices) {
     };
     EXPECT_EQ(told(joinScreenFindings({finding("se", 4), finding("se", 9), finding("8", 2)}, 3)),
               "A.xib:3:1: warning: it stands out: by 9 (on se and 1 other) [layout.outside]\n");
+    std::vector<ScreenFinding> open;
+    for (int line = 3; line < 8; ++line) {
+        open.push_back({"layout.ambiguous", "A.xib", TextPlace{line, 1},
+                        "<view id=\"" + std::to_string(line) + "\"> has no definite x", "", 0, "se"});
+    }
+    EXPECT_EQ(told(joinScreenFindings(open, 1)),
+              "A.xib:3:1: warning: <view id=\"3\"> has no definite x (on se) (and 4 times "
+              "more: lines 4, 5, 6 …) [layout.ambiguous]\n");
     EXPECT_THAT(told(joinScreenFindings({finding("se", 4), finding("8", 2)}, 2)),
                 HasSubstr("(on every device, worst on se)"));
 }

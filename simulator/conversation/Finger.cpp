@@ -4,41 +4,40 @@
 #include "platform/uikit/window/UITouch.h"
 #include "simulator/conversation/ConversationHost.h"
 
-void Finger::report(const std::shared_ptr<UITouch>& touch) {
-    if (touch->phase() == UITouchPhase::began) {
+void Finger::touch(UITouchPhase phase, CGPoint point) {
+    if (phase == UITouchPhase::began) {
         m_host.forgetOpenedLink();
+        m_touch = std::make_shared<UITouch>(point);
+    } else {
+        m_touch->moveTo(point, phase);
     }
-    const auto event = std::make_shared<UIEvent>(TouchSet{touch});
-    m_host.window().sendEvent(*event);
+    UIEvent event(TouchSet{m_touch});
+    m_host.window().sendEvent(event);
     m_host.settle();
 }
 
 void Finger::tap(CGPoint point) {
-    const auto touch = std::make_shared<UITouch>(point);
-    report(touch);
-    touch->moveTo(point, UITouchPhase::ended);
-    report(touch);
+    touch(UITouchPhase::began, point);
+    touch(UITouchPhase::ended, point);
 }
 
-void Finger::drag(const std::vector<CGPoint>& points, const std::function<void()>& beforeLifting, int steps) {
-    const std::chrono::milliseconds pause(400 / (steps * static_cast<int>(points.size() - 1)));
-    const auto touch = std::make_shared<UITouch>(points.front());
-    report(touch);
+void Finger::drag(const std::vector<CGPoint>& points, const std::function<void()>& beforeLifting, int steps,
+                  std::chrono::milliseconds time) {
+    const std::chrono::milliseconds pause(time / (steps * static_cast<int>(points.size() - 1)));
+    touch(UITouchPhase::began, points.front());
     for (std::size_t i = 1; i < points.size(); ++i) {
         const CGPoint from = points[i - 1];
         const CGPoint to = points[i];
         for (int step = 1; step <= steps; ++step) {
             const double part = static_cast<double>(step) / steps;
-            touch->moveTo({from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part}, UITouchPhase::moved);
-            report(touch);
+            touch(UITouchPhase::moved, {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part});
             m_host.advance(pause);
         }
     }
     if (beforeLifting) {
         beforeLifting();
     }
-    touch->moveTo(points.back(), UITouchPhase::ended);
-    report(touch);
+    touch(UITouchPhase::ended, points.back());
 }
 
 std::vector<std::string> Finger::keystrokes(const std::string& text) {

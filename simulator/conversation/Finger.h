@@ -2,6 +2,7 @@
 
 #include "platform/uikit/window/UITouch.h"
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -9,18 +10,22 @@
 class ConversationHost;
 class UITextField;
 
-/// One finger on the extension's window. What it does goes the way of every touch: window, hit test, view. Points are
-/// in the window's coordinates.
+/// One finger on the extension's window. What it does goes the way of every touch: window, hit test, view; all that is
+/// due at once has followed when a call returns. Points are in the window's coordinates.
 class Finger {
 public:
+    static constexpr int usualSteps = 20;
+    static constexpr std::chrono::milliseconds usualTime{400};
+
     explicit Finger(ConversationHost& host) : m_host(host) {}
 
+    /// Began puts it down; then it may move, and ends or is cancelled.
+    void touch(UITouchPhase phase, CGPoint point);
     void tap(CGPoint point);
-    /// Down at the first point, along straight lines to the last, up. Takes 400 virtual milliseconds. The finger is
-    /// seen so many times on each line; `beforeLifting` is called while it is still down.
+    /// Down at the first point, along straight lines to the last, up, in so much virtual time. The finger is seen so
+    /// many times on each line; `beforeLifting` is called while it is still down.
     void drag(const std::vector<CGPoint>& points, const std::function<void()>& beforeLifting = {},
-              int steps = stepsOfALine);
-    static constexpr int stepsOfALine = 20;
+              int steps = usualSteps, std::chrono::milliseconds time = usualTime);
 
     /// A text as single presses of keys.
     [[nodiscard]] static std::vector<std::string> keystrokes(const std::string& text);
@@ -28,7 +33,6 @@ public:
     static bool eraseLast(UITextField& field);
 
 private:
-    void report(const std::shared_ptr<UITouch>& touch);
-
     ConversationHost& m_host;
+    std::shared_ptr<UITouch> m_touch;
 };

@@ -12,7 +12,8 @@ namespace {
 
 struct Stroke {
     std::vector<FlowPoint> points;
-    int steps = Finger::stepsOfALine;
+    int steps = Finger::usualSteps;
+    std::chrono::milliseconds time = Finger::usualTime;
 };
 
 /// From where to where each direction goes, in per cent of the window.
@@ -31,7 +32,7 @@ void drag(FlowPlayer& player, const Stroke& stroke, const std::function<void()>&
     for (const FlowPoint& point : stroke.points) {
         points.push_back(point.in(player.host().window().bounds().size));
     }
-    Finger(player.host()).drag(points, beforeLifting, stroke.steps);
+    Finger(player.host()).drag(points, beforeLifting, stroke.steps, stroke.time);
 }
 
 std::optional<Failure> tapElement(FlowPlayer& player, const Selector& selector) {
@@ -97,6 +98,9 @@ Stroke strokeIn(const FlowValue& value) {
     }
     Stroke stroke = points ? Stroke{*points} : direction ? strokeTowards(*direction) : Stroke{{*start, *end}};
     stroke.steps = std::clamp(value.find("steps", &FlowValue::number).value_or(stroke.steps), 1, 1000);
+    if (const auto time = value.find("duration", &FlowValue::number)) {
+        stroke.time = std::chrono::milliseconds(*time);
+    }
     return stroke;
 }
 
@@ -203,6 +207,7 @@ FlowCommands touchCommands() {
           {"end", {FlowType::point}, "where it is lifted"},
           {"points", {FlowType::points}, "all the corners of its way"},
           {"steps", {FlowType::number}, "how often it is seen on each line, 20 times when left out"},
+          {"duration", {FlowType::number}, "virtual milliseconds from down to up, 400 when left out"},
           {"takeScreenshot", {FlowType::picture}, "a picture, taken before the finger is lifted"}},
          "one finger along a line",
          {"swipe: {direction: LEFT}", "swipe: {start: \"120,400\", end: \"120,90\"}",

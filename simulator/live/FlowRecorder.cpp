@@ -1,6 +1,7 @@
 #include "simulator/live/FlowRecorder.h"
 
 #include "simulator/conversation/Finger.h"
+#include "simulator/live/LivePhone.h"
 
 #include <algorithm>
 
@@ -10,17 +11,16 @@ namespace {
 
 constexpr std::size_t longest = 256u << 10; // bytes
 constexpr std::size_t mostPoints = 10'000;  // of one stroke
-constexpr std::chrono::milliseconds swipeTakes(400);
 
-std::string topOf(const RecordedSettings& settings) {
-    std::string text = "name: Recorded\ndevice: " + written(settings.device) +
-                       "\nparticipants: " + written(settings.participants) + "\n";
-    if (!settings.scene.empty()) {
-        text += "scene: " + settings.scene + "\n";
-    }
+std::string topOf(const LiveShow& show) {
+    const bool isMirrored = show.device.direction == UIUserInterfaceLayoutDirection::rightToLeft;
+    std::string text = "name: Recorded\ndevice: " + written(show.device.name) +
+                       "\nparticipants: " + written(show.participants) + "\n" +
+                       (isMirrored ? "direction: rightToLeft\n" : "") +
+                       (show.scene.empty() ? "" : "scene: " + show.scene + "\n");
     std::vector<std::string> without;
     std::string replaced;
-    for (const ResourceOverride& resource : settings.overrides) {
+    for (const ResourceOverride& resource : show.overrides) {
         if (resource.file) {
             const std::string file = std::filesystem::absolute(*resource.file).string();
             replaced += "  - {name: " + written(resource.name) + ", file: " + written(file) + "}\n";
@@ -36,48 +36,51 @@ std::string line(const std::string& command, const std::string& value) {
     return "- " + command + (value.empty() ? "" : ": " + value) + "\n";
 }
 
+/// A swipe may take the time that it usually takes when nothing can happen meanwhile.
+SwipeTime swipeTime() {
+    return MainRunLoop::shared().nextDueTime() ? SwipeTime::none : SwipeTime::usual;
+}
+
 } // namespace
 
-void FlowRecorder::begin(const RecordedSettings& settings) {
+void FlowRecorder::begin(const LiveShow& show) {
     const unsigned revision = m_revision + 1;
     *this = FlowRecorder();
     m_revision = revision;
-    m_settings = topOf(settings);
-    if (!settings.textSize.empty()) {
-        did("setTextSize", settings.textSize);
+    m_settings = topOf(show);
+    if (show.device.textSize != UIContentSizeCategory::large) {
+        did("setTextSize", textSizeNames().at(static_cast<std::size_t>(show.device.textSize)));
     }
 }
 
-FlowRecorder::Duration FlowRecorder::elapsed() const {
-    return m_base + MainRunLoop::shared().now();
-}
-
-void FlowRecorder::clockBeginsAnew() {
-    m_base = elapsed();
-    m_due = m_played;
+void FlowRecorder::clockBegan() {
+    m_written = MainRunLoop::shared().now();
+    m_due = m_written;
 }
 
 void FlowRecorder::timePassed() {
     const std::optional<Duration> due = MainRunLoop::shared().nextDueTime();
     if (due) {
-        m_due = std::max(m_due, m_base + *due);
+        m_due = std::max(m_due, *due);
     } else if (m_finger.empty()) {
         waitUntil(m_due);
     }
 }
 
-/// In whole milliseconds.
+/// The phone's time goes in whole milliseconds, as a flow's.
 void FlowRecorder::waitUntil(Duration time) {
-    const auto missing = std::chrono::ceil<std::chrono::milliseconds>(time - m_played);
+    const auto missing = std::chrono::duration_cast<std::chrono::milliseconds>(time - m_written);
     if (missing > 0ms && !m_steps.empty() && !m_looksAway) {
-        m_played += missing;
+        m_written = time;
         add(line("wait", std::to_string(missing.count())));
     }
 }
 
 void FlowRecorder::did(const std::string& command, const std::string& value) {
     if (!m_looksAway) {
-        waitUntil(std::min(m_due, elapsed()));
+        const Duration now = MainRunLoop::shared().now();
+        waitUntil(std::min(m_due, now));
+        m_written = now; // what the flow leaves out, nothing has happened in
         add(line(command, value));
     }
 }
@@ -110,9 +113,8 @@ void FlowRecorder::touched(UIWindow& window, UITouchPhase phase, CGPoint place) 
     if (phase == UITouchPhase::moved && m_finger.size() < mostPoints) {
         m_finger.push_back(place);
     } else if (phase == UITouchPhase::ended) {
-        const RecordedStep step = recordedGesture(window, m_finger, m_fingerScrolls);
+        const RecordedStep step = recordedGesture(window, m_finger, m_fingerScrolls, swipeTime());
         did(step.command, step.value);
-        m_played += step.command == "swipe" ? swipeTakes : 0ms;
     }
     if (phase == UITouchPhase::ended || phase == UITouchPhase::cancelled) {
         m_finger.clear();
@@ -122,7 +124,7 @@ void FlowRecorder::touched(UIWindow& window, UITouchPhase phase, CGPoint place) 
 void FlowRecorder::wheeled(UIWindow& window, const UIScrollView& list, CGFloat down) {
     const bool goesOn = m_wheel && m_wheel->list == &list && m_size < longest;
     const CGFloat whole = down + (goesOn ? m_wheel->down : 0);
-    const std::optional<RecordedStep> step = recordedScroll(window, list, whole);
+    const std::optional<RecordedStep> step = recordedScroll(window, list, whole, swipeTime());
     if (!step) {
         return;
     }
@@ -130,7 +132,6 @@ void FlowRecorder::wheeled(UIWindow& window, const UIScrollView& list, CGFloat d
         replaceLast(line(step->command, step->value));
     } else {
         did(step->command, step->value);
-        m_played += swipeTakes;
     }
     m_wheel = Wheel{&list, whole};
 }

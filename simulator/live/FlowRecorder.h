@@ -1,29 +1,22 @@
 #pragma once
 
 #include "platform/dispatch/MainRunLoop.h"
-#include "simulator/conversation/BundleSetup.h"
 #include "simulator/live/RecordedGesture.h"
 
-/// What stands at the top of a recorded flow.
-struct RecordedSettings {
-    std::string device;
-    std::string scene; // empty: the extension
-    std::string textSize;
-    std::vector<std::string> participants;
-    std::vector<ResourceOverride> overrides;
-};
+struct LiveShow;
 
 /// Writes down what is done to a live phone, from its beginning, as a flow that ends in the same picture and the same
-/// links when it is played in virtual time (docs/write-a-flow.md). Owned by the phone, which tells it of everything
-/// that is done, of touches before the window hears of them. A flow that grows beyond all measure ends with a comment
-/// that says so.
+/// links when it is played (docs/write-a-flow.md). Its waits are those between what is done while something is still to
+/// happen by itself; when nothing is, the flow does not wait. Owned by the phone, which tells it of everything that is
+/// done, of touches before the window hears of them. A flow that grows beyond all measure ends with a comment that says
+/// so.
 class FlowRecorder {
 public:
     /// Everything from the beginning.
-    void begin(const RecordedSettings& settings);
-    /// The run loop is about to forget what falls due, and its time.
-    void clockBeginsAnew();
-    /// After each turn of the run loop.
+    void begin(const LiveShow& show);
+    /// The run loop has forgotten what fell due, and its time.
+    void clockBegan();
+    /// Whenever something may have fallen due.
     void timePassed();
     /// While it looks away, nothing is written down.
     void lookAway(bool away) { m_looksAway = away; }
@@ -46,7 +39,6 @@ private:
         CGFloat down;
     };
 
-    [[nodiscard]] Duration elapsed() const;
     void waitUntil(Duration time);
     void add(const std::string& line);
     void replaceLast(const std::string& line);
@@ -56,8 +48,7 @@ private:
     std::size_t m_size = 0;           // bytes in them
     unsigned m_revision = 0;
     bool m_looksAway = false;
-    Duration m_base{0};            // that the run loop's time is counted from
-    Duration m_played{0};          // how far the flow's own time has come
+    Duration m_written{0};         // the run loop's time that the flow has come to
     Duration m_due{0};             // until when something may still happen by itself
     std::vector<CGPoint> m_finger; // its way; empty while it is up
     bool m_fingerScrolls = false;

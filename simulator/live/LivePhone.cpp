@@ -2,7 +2,6 @@
 
 #include "game/CategoriesVC.h"
 #include "platform/uikit/controls/UITextField.h"
-#include "simulator/conversation/Finger.h"
 #include "simulator/conversation/ScreenNarrator.h"
 #include "simulator/live/TouchableParts.h"
 
@@ -18,17 +17,14 @@ const char* nameOf(UIUserInterfaceStyle appearance) {
     return appearance == UIUserInterfaceStyle::dark ? "dark" : "light";
 }
 
-std::string nameOf(UIContentSizeCategory textSize) {
-    const auto& names = textSizeNames();
-    const auto found =
-        std::find_if(names.begin(), names.end(), [&](const auto& name) { return textSizeNamed(name) == textSize; });
-    return found == names.end() ? "" : *found;
-}
-
 /// Flows write places with two decimals.
 CGPoint rounded(CGPoint place) {
     constexpr CGFloat parts = 100;
     return {std::round(place.x * parts) / parts, std::round(place.y * parts) / parts};
+}
+
+std::string linkText(const ArrivedMessage& message) {
+    return message.link ? ", url: " + written(message.link->absoluteString()) : "";
 }
 
 } // namespace
@@ -39,11 +35,11 @@ LivePhone::LivePhone(LiveShow show) : m_show(std::move(show)) {
 
 LivePhone::~LivePhone() {
     end();
-    MainRunLoop::shared().useVirtualClock();
+    MainRunLoop::shared().reset();
 }
 
 void LivePhone::end() {
-    m_touch = nullptr;
+    m_finger.reset();
     m_gestureStart.reset();
     m_screen.reset();
     if (m_host) {
@@ -52,17 +48,9 @@ void LivePhone::end() {
     }
 }
 
-/// Waits for what runs in the background and drops what it has posted.
-void LivePhone::startClock() {
-    MainRunLoop& loop = MainRunLoop::shared();
-    m_recorder.clockBeginsAnew();
-    loop.useRealClock();
-    loop.setWakeHandler(m_show.wake);
-    loop.setBackgroundLatency(std::chrono::milliseconds(m_loadingTakes));
-}
-
 void LivePhone::openBundle() {
-    startClock(); // nobody may be reading the bundle that is replaced
+    MainRunLoop::shared().useVirtualClock(); // drops what is due: nobody may be reading the bundle that is replaced
+    m_recorder.clockBegan();
     const Result<BundleFindings> found = m_show.open();
     m_findings = found ? found.value().all : Findings{found.failure().in("")};
     m_canLaunch = found && found.value().canLaunch;
@@ -81,16 +69,10 @@ void LivePhone::begin(const std::vector<ArrivedMessage>& arrived) {
     m_screen.emplace(*m_host);
 }
 
-RecordedSettings LivePhone::recordedSettings() const {
-    const bool usual = m_show.device.textSize == UIContentSizeCategory::large;
-    return {m_show.device.name, m_show.scene, usual ? "" : nameOf(m_show.device.textSize), m_show.participants,
-            m_show.overrides};
-}
-
 void LivePhone::restart() {
     m_kept.reset();
     begin({});
-    m_recorder.begin(recordedSettings());
+    m_recorder.begin(m_show);
     if (m_appearance != UIUserInterfaceStyle::light) {
         m_recorder.did("setAppearance", nameOf(m_appearance));
     }
@@ -99,15 +81,19 @@ void LivePhone::restart() {
 
 void LivePhone::launch() {
     if (m_canLaunch) {
-        m_recorder.did("launchApp",
-                       m_loadingTakes == 0 ? "" : "{loadingTakes: " + std::to_string(m_loadingTakes) + "}");
+        m_recorder.did("launchApp", m_loadingTakes == 0 ? "" : "{" + loadingTakesText() + "}");
         activate(nullptr);
     }
 }
 
 void LivePhone::activate(const std::shared_ptr<MSMessage>& bubble) {
+    MainRunLoop::shared().setBackgroundLatency(std::chrono::milliseconds(m_loadingTakes));
     m_host->activate(bubble);
-    m_recorder.timePassed(); // it has seen what falls due later
+    m_host->settle();
+}
+
+std::string LivePhone::loadingTakesText() const {
+    return "loadingTakes: " + std::to_string(m_loadingTakes);
 }
 
 void LivePhone::reload() {
@@ -123,7 +109,7 @@ void LivePhone::reload() {
     Kept kept = whatToKeep();
     begin(std::vector(m_host->arrivedMessages()));
     if (wasOpen && m_canLaunch) {
-        m_host->activate(nullptr);
+        activate(nullptr);
         m_host->changeStyle(kept.isCompact ? Style::compact : Style::expanded);
         m_kept = std::move(kept);
     }
@@ -141,13 +127,26 @@ LivePhone::Kept LivePhone::whatToKeep() const {
     return kept;
 }
 
-void LivePhone::afterTurn() {
+void LivePhone::passTime(std::chrono::milliseconds time) {
+    MainRunLoop& loop = MainRunLoop::shared();
+    const MainRunLoop::Duration end = loop.now() + time;
+    do {
+        m_recorder.timePassed(); // it sees what is about to fall due
+        loop.advance(std::clamp(loop.nextDueTime().value_or(end), loop.now(), end) - loop.now());
+        settle();
+    } while (loop.now() < end);
+}
+
+void LivePhone::settle() {
+    m_host->settle();
     if (m_kept) {
         m_recorder.lookAway(true); // it has been written down
         bringBack();
         m_recorder.lookAway(false);
     }
-    recordLinks();
+    for (const auto& links = m_host->links(); m_linksRecorded < links.size(); ++m_linksRecorded) {
+        m_recorder.did("assertLink", written(links[m_linksRecorded].url.absoluteString()));
+    }
     m_recorder.timePassed();
 }
 
@@ -167,17 +166,12 @@ void LivePhone::bringBack() {
     }
 }
 
-void LivePhone::recordLinks() {
-    const auto& links = m_host->links();
-    for (; m_linksRecorded < links.size(); ++m_linksRecorded) {
-        m_recorder.did("assertLink", written(links[m_linksRecorded].url.absoluteString()));
-    }
-}
-
 // Settings.
 
-void LivePhone::setDevice(const Device& device) {
-    m_show.device = device;
+void LivePhone::setDevice(Device device) {
+    device.textSize = m_show.device.textSize;
+    device.direction = m_show.device.direction;
+    m_show.device = std::move(device);
     restart();
 }
 
@@ -190,11 +184,11 @@ void LivePhone::setAppearance(UIUserInterfaceStyle appearance) {
 }
 
 void LivePhone::setPresentation(std::optional<Style> presentation) {
-    m_host->forgetOpenedLink();
     if (!presentation) {
         if (m_host->isOpen()) {
             touch(UITouchPhase::cancelled, {});
             m_recorder.did("close");
+            m_host->forgetOpenedLink();
             m_host->resign();
             m_host->close();
         }
@@ -202,9 +196,10 @@ void LivePhone::setPresentation(std::optional<Style> presentation) {
         if (!m_host->isOpen()) {
             launch();
         }
-        if (m_host->style() != *presentation) {
+        if (m_host->style() != *presentation || m_host->openedLink()) {
             m_recorder.did("setStyle", ::nameOf(*presentation));
         }
+        m_host->forgetOpenedLink();
         m_host->changeStyle(*presentation);
     }
 }
@@ -232,7 +227,6 @@ void LivePhone::setGroup(const std::string& group) {
 
 void LivePhone::setLoadingTakes(int milliseconds) {
     m_loadingTakes = milliseconds;
-    MainRunLoop::shared().setBackgroundLatency(std::chrono::milliseconds(milliseconds));
 }
 
 void LivePhone::setParticipants(std::vector<std::string> participants) {
@@ -241,9 +235,8 @@ void LivePhone::setParticipants(std::vector<std::string> participants) {
 }
 
 void LivePhone::arrive(ArrivedMessage message) {
-    const std::string link = message.link ? ", url: " + written(message.link->absoluteString()) : "";
     m_recorder.did("receiveMessage",
-                   "{from: " + written(message.from) + ", text: " + written(message.text) + link + "}");
+                   "{from: " + written(message.from) + ", text: " + written(message.text) + linkText(message) + "}");
     m_host->arrive(std::move(message));
     m_screen->conversationChanged();
 }
@@ -259,14 +252,10 @@ CGPoint LivePhone::inWindow(CGPoint place) const {
     return {place.x - origin.x, place.y - origin.y};
 }
 
-void LivePhone::report(CGPoint place, UITouchPhase phase) {
-    const std::shared_ptr<UITouch> touch = m_touch; // a handler may begin everything anew
-    m_recorder.touched(m_host->window(), phase, inWindow(place));
-    if (phase != UITouchPhase::began) {
-        touch->moveTo(inWindow(place), phase);
-    }
-    UIEvent event(TouchSet{touch});
-    m_host->window().sendEvent(event);
+void LivePhone::report(UITouchPhase phase, CGPoint place) {
+    m_fingerPlace = inWindow(place);
+    m_recorder.touched(m_host->window(), phase, m_fingerPlace);
+    m_finger->touch(phase, m_fingerPlace);
 }
 
 void LivePhone::touch(UITouchPhase phase, CGPoint where) {
@@ -274,7 +263,7 @@ void LivePhone::touch(UITouchPhase phase, CGPoint where) {
     if (phase == UITouchPhase::began) {
         touch(UITouchPhase::cancelled, place); // a finger whose end nobody told
         beginTouch(place);
-    } else if (m_touch) {
+    } else if (m_finger) {
         continueTouch(phase, place);
     } else if (m_gestureStart && phase != UITouchPhase::moved) {
         const CGPoint start = *std::exchange(m_gestureStart, std::nullopt);
@@ -286,9 +275,8 @@ void LivePhone::touch(UITouchPhase phase, CGPoint where) {
 
 void LivePhone::beginTouch(CGPoint place) {
     if (canTouchExtension(place)) {
-        m_host->forgetOpenedLink();
-        m_touch = std::make_shared<UITouch>(inWindow(place));
-        report(place, UITouchPhase::began);
+        m_finger.emplace(*m_host);
+        report(UITouchPhase::began, place);
     } else {
         m_gestureStart = place;
     }
@@ -296,13 +284,12 @@ void LivePhone::beginTouch(CGPoint place) {
 
 /// A finger is lifted where it was seen last, and seen once at each place that it comes to.
 void LivePhone::continueTouch(UITouchPhase phase, CGPoint place) {
-    const bool ends = phase != UITouchPhase::moved;
-    if (phase != UITouchPhase::cancelled && m_touch->locationInView(nullptr) != inWindow(place)) {
-        report(place, UITouchPhase::moved);
+    if (phase != UITouchPhase::cancelled && m_fingerPlace != inWindow(place)) {
+        report(UITouchPhase::moved, place);
     }
-    if (ends && m_touch) {
-        report(place, phase);
-        m_touch = nullptr;
+    if (phase != UITouchPhase::moved) {
+        report(phase, place);
+        m_finger.reset();
     }
 }
 
@@ -340,8 +327,8 @@ void LivePhone::tapSurroundings(const std::string& identifier) {
 void LivePhone::openFrom(std::size_t arrived) {
     if (m_canLaunch) {
         const ArrivedMessage& message = m_host->arrivedMessages().at(arrived);
-        const std::string link = message.link ? ", url: " + written(message.link->absoluteString()) : "";
-        m_recorder.did("openBubble", "{from: " + written(message.from) + link + "}");
+        m_recorder.did("openBubble", "{from: " + written(message.from) + linkText(message) +
+                                         (m_loadingTakes == 0 ? "" : ", " + loadingTakesText()) + "}");
         activate(m_host->makeMessage(message.from, message.link));
     }
 }
@@ -359,6 +346,7 @@ void LivePhone::wheel(CGPoint place, CGFloat down) {
         scroll->setContentOffset({offset.x, offset.y + down});
         const CGFloat scrolled = scroll->contentOffset().y - offset.y;
         if (scrolled != 0) {
+            m_host->forgetOpenedLink();
             m_recorder.wheeled(m_host->window(), *scroll, scrolled);
         }
     }

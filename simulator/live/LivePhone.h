@@ -1,8 +1,9 @@
 #pragma once
 
-#include "platform/uikit/window/UITouch.h"
 #include "simulator/check/BundleCheck.h"
+#include "simulator/conversation/BundleSetup.h"
 #include "simulator/conversation/ConversationHost.h"
+#include "simulator/conversation/Finger.h"
 #include "simulator/live/FlowRecorder.h"
 #include "simulator/live/LiveScreen.h"
 
@@ -13,15 +14,13 @@ struct LiveShow {
     Device device;
     std::vector<std::string> participants;
     std::vector<ResourceOverride> overrides;
-    std::function<std::string(const std::string&)>
-        sourceOf;                                 // where a file of the bundle is written by hand; may be empty
     std::function<Result<BundleFindings>()> open; // makes it the main bundle and checks it
-    std::function<void()> wake;                   // called from any thread when the main queue has work
 };
 
-/// A phone in real time: the conversation with the extension, one finger, and the settings that a person can change.
-/// Places are points of its screen. Made by the command; used on the main thread between turns of the run loop, whose
-/// real clock it chooses.
+/// A phone for hands: the conversation with the extension, one finger, and the settings that a person can change.
+/// Places are points of its screen. Made by the command, which lets as much time pass on it as passes in the room; used
+/// on the main thread. Its time goes as that of a flow, in whole milliseconds and none while something is done, so that
+/// what is recorded meets the same when it is played.
 class LivePhone {
 public:
     explicit LivePhone(LiveShow show);
@@ -44,10 +43,13 @@ public:
     /// The files behind it have changed. With errors in them, the screen stays as it is until they are mended;
     /// otherwise it begins again, and goes on with the same group, presentation and place in the list.
     void reload();
-    /// What waited for the content to be there; what the extension has done meanwhile is written down.
-    void afterTurn();
+    /// Lets time pass, from one thing that falls due to the next.
+    void passTime(std::chrono::milliseconds time);
+    /// What follows at once from what was done.
+    void settle();
 
-    void setDevice(const Device& device);
+    /// Another phone of the same owner: text size and direction stay.
+    void setDevice(Device device);
     void setAppearance(UIUserInterfaceStyle appearance);
     /// None: the extension is closed.
     void setPresentation(std::optional<MSMessagesAppPresentationStyle> presentation);
@@ -73,18 +75,16 @@ private:
     void begin(const std::vector<ArrivedMessage>& arrived);
     [[nodiscard]] Kept whatToKeep() const;
     void bringBack();
-    [[nodiscard]] RecordedSettings recordedSettings() const;
     void launch();
     void activate(const std::shared_ptr<MSMessage>& bubble);
-    void recordLinks();
-    void startClock();
+    [[nodiscard]] std::string loadingTakesText() const;
     void openBundle();
     void end();
     [[nodiscard]] bool canTouchExtension(CGPoint place) const;
     [[nodiscard]] CGPoint inWindow(CGPoint place) const;
     void beginTouch(CGPoint place);
     void continueTouch(UITouchPhase phase, CGPoint place);
-    void report(CGPoint place, UITouchPhase phase);
+    void report(UITouchPhase phase, CGPoint place);
     void finishGesture(CGPoint start, CGPoint end);
     void tapSurroundings(const std::string& identifier);
     void openFrom(std::size_t arrived);
@@ -98,8 +98,9 @@ private:
     int m_run = 0;
     std::shared_ptr<ConversationHost> m_host;
     std::optional<LiveScreen> m_screen;
-    std::shared_ptr<UITouch> m_touch;      // a finger on the extension
-    std::optional<CGPoint> m_gestureStart; // a finger beside it
+    std::optional<Finger> m_finger;        // that is down on the extension
+    CGPoint m_fingerPlace;                 // in its window, as seen last
+    std::optional<CGPoint> m_gestureStart; // of a finger beside it
     std::optional<Kept> m_kept;
     FlowRecorder m_recorder;
     std::size_t m_linksRecorded = 0; // of this host

@@ -89,6 +89,7 @@ void LiveSession::said(PageId page, const std::string& text) {
     } else {
         (this->*handler->second)(page, message.value());
     }
+    m_phone.settle();
     if (message.value().complaint()) {
         m_out.refuse(page, message.value().complaint()->what);
     }
@@ -232,7 +233,6 @@ void LiveSession::remember(std::string text) {
 }
 
 void LiveSession::update() {
-    m_phone.afterTurn();
     if (std::exchange(m_run, m_phone.run()) != m_phone.run()) {
         m_linksTold = 0;
         m_requestsTold = 0;

@@ -29,7 +29,7 @@ namespace {
 constexpr std::size_t largestRequest = 1u << 20; // bytes, of a body or a message
 constexpr std::size_t mostWaiting = 64u << 20;   // bytes that wait for a page before it is given up
 constexpr std::size_t mostConnections = 64;
-constexpr std::chrono::seconds patience(10); // with one HTTP request
+constexpr std::chrono::seconds requestPatience(10); // with one HTTP request
 
 std::string makeToken() {
     std::random_device random;
@@ -216,7 +216,7 @@ public:
     void readNext() {
         m_parser.emplace();
         m_parser->body_limit(largestRequest);
-        m_stream.expires_after(patience);
+        m_stream.expires_after(requestPatience);
         http::async_read(
             m_stream, m_buffer, *m_parser, [self = shared_from_this()](beast::error_code error, std::size_t) {
                 if (!error) {
@@ -356,17 +356,9 @@ public:
 
     [[nodiscard]] const std::string& address() const { return m_address; }
 
-    void wait(std::optional<std::chrono::nanoseconds> patience) {
-        if (patience) {
-            m_shared->owner.run_one_for(*patience);
-        } else {
-            m_shared->owner.run_one();
-        }
+    void wait(std::chrono::nanoseconds patience) {
+        m_shared->owner.run_one_for(patience);
         m_shared->owner.poll();
-    }
-
-    void wake() {
-        asio::post(m_shared->owner, [] {});
     }
 
     [[nodiscard]] bool wasInterrupted() const { return m_interrupted; }
@@ -423,12 +415,8 @@ const std::string& PageServer::address() const {
     return m_worker->address();
 }
 
-void PageServer::wait(std::optional<std::chrono::nanoseconds> patience) {
+void PageServer::wait(std::chrono::nanoseconds patience) {
     m_worker->wait(patience);
-}
-
-void PageServer::wake() {
-    m_worker->wake();
 }
 
 bool PageServer::wasInterrupted() const {

@@ -37,11 +37,9 @@ public:
     /// "http://127.0.0.1:PORT/TOKEN/". The token is 128 random bits.
     [[nodiscard]] const std::string& address() const;
 
-    /// Waits until a page has done something, wake() was called or the process was told to end (SIGINT, SIGTERM), but
-    /// no longer than `patience`; tells the listener.
-    void wait(std::optional<std::chrono::nanoseconds> patience);
-    /// Any thread.
-    void wake();
+    /// Waits until a page has done something or the process was told to end (SIGINT, SIGTERM), but no longer than
+    /// `patience`; tells the listener.
+    void wait(std::chrono::nanoseconds patience);
     [[nodiscard]] bool wasInterrupted() const;
 
     // Messages to a page; nothing happens when it is gone. A page that does not take what waits for it is closed.

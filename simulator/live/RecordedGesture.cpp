@@ -82,6 +82,11 @@ std::string written(const std::vector<CGPoint>& points) {
     return "[" + list + "]";
 }
 
+RecordedStep swipe(const std::vector<CGPoint>& points, const std::string& steps, SwipeTime time) {
+    const std::string options = steps + (time == SwipeTime::none ? ", duration: 0" : "");
+    return {"swipe", options.empty() ? written(points) : "{points: " + written(points) + options + "}"};
+}
+
 /// A list only knows how far the finger is from where it began: where it turns is enough, and where it was farthest.
 std::vector<CGPoint> turningPoints(const std::vector<CGPoint>& points) {
     const auto farthest = std::max_element(points.begin(), points.end(), [&](CGPoint one, CGPoint other) {
@@ -128,7 +133,7 @@ UIScrollView* listUnder(UIWindow& window, CGPoint place) {
     return nullptr;
 }
 
-RecordedStep recordedGesture(UIWindow& window, const std::vector<CGPoint>& points, bool scrolls) {
+RecordedStep recordedGesture(UIWindow& window, const std::vector<CGPoint>& points, bool scrolls, SwipeTime time) {
     const bool taps = std::all_of(points.begin(), points.end(),
                                   [&](CGPoint point) { return distance(point, points.front()) <= tapRadius; });
     const UIView* part = taps ? partAt(window, points.front()) : nullptr;
@@ -140,10 +145,10 @@ RecordedStep recordedGesture(UIWindow& window, const std::vector<CGPoint>& point
     if (points.size() == 1 || (taps && scrolls)) {
         return {"tapOn", "{point: " + written(points.front()) + "}"};
     }
-    return {"swipe", scrolls ? written(turningPoints(points)) : "{points: " + written(points) + ", steps: 1}"};
+    return scrolls ? swipe(turningPoints(points), "", time) : swipe(points, ", steps: 1", time);
 }
 
-std::optional<RecordedStep> recordedScroll(UIWindow& window, const UIScrollView& list, CGFloat down) {
+std::optional<RecordedStep> recordedScroll(UIWindow& window, const UIScrollView& list, CGFloat down, SwipeTime time) {
     constexpr int grid = 9;
     const CGRect seen = list.convertRectToView(list.bounds(), nullptr).intersection(window.bounds());
     for (int i = 0; i < grid * grid; ++i) {
@@ -155,7 +160,7 @@ std::optional<RecordedStep> recordedScroll(UIWindow& window, const UIScrollView&
                 way.push_back({start.x, start.y - std::copysign(detour, down)});
             }
             way.push_back({start.x, start.y - down});
-            return RecordedStep{"swipe", written(way)};
+            return swipe(way, "", time);
         }
     }
     return std::nullopt;

@@ -24,10 +24,15 @@ struct RecordedStep {
 /// The list that a finger put down at this place scrolls; null when it does something else.
 [[nodiscard]] UIScrollView* listUnder(UIWindow& window, CGPoint place);
 
+/// How long a swipe takes when it is played. None: what falls due meanwhile would come too early.
+enum class SwipeTime { usual, none };
+
 /// A finger's way from its first point to its last, asked for before the window is told that it is lifted: an element
 /// that is touched, a place, or a line.
-[[nodiscard]] RecordedStep recordedGesture(UIWindow& window, const std::vector<CGPoint>& points, bool scrolls);
+[[nodiscard]] RecordedStep recordedGesture(UIWindow& window, const std::vector<CGPoint>& points, bool scrolls,
+                                           SwipeTime time);
 
 /// A finger that scrolls the list by so many points, from a place where it takes hold of nothing else; none when there
 /// is no such place.
-[[nodiscard]] std::optional<RecordedStep> recordedScroll(UIWindow& window, const UIScrollView& list, CGFloat down);
+[[nodiscard]] std::optional<RecordedStep> recordedScroll(UIWindow& window, const UIScrollView& list, CGFloat down,
+                                                         SwipeTime time);

@@ -16,7 +16,7 @@ using Constraints = std::vector<const NSLayoutConstraint*>;
 /// Walks down the extension's views.
 class TreeWriter {
 public:
-    explicit TreeWriter(const LivePhone& phone) : m_phone(phone), m_origin(phone.host().window().frame().origin) {}
+    explicit TreeWriter(CGPoint origin) : m_origin(origin) {}
 
     /// `around` are the constraints that the views above hold: those that can speak of this view, besides its own.
     [[nodiscard]] json::object write(const UIView& view, Constraints around) const {
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    [[nodiscard]] json::array constraintsOf(const UIView& view, const Constraints& around) const {
+    [[nodiscard]] static json::array constraintsOf(const UIView& view, const Constraints& around) {
         json::array list;
         for (const NSLayoutConstraint* constraint : around) {
             if (constraint->first().view.lock().get() == &view || constraint->second().view.lock().get() == &view) {
@@ -54,23 +54,20 @@ private:
         return list;
     }
 
-    [[nodiscard]] std::string sourceOf(const NSObject& object) const {
-        const SourceLocation* place = sourceLocationOf(object);
-        if (place == nullptr) {
-            return "";
-        }
-        const auto& written = m_phone.show().sourceOf;
-        return (written ? written(*place->file) : *place->file) + ":" + std::to_string(place->place.line) + ":" +
-               std::to_string(place->place.column);
+    [[nodiscard]] static std::string sourceOf(const NSObject& object) {
+        const SourceLocation* at = sourceLocationOf(object);
+        return at == nullptr
+                   ? ""
+                   : *at->file + ":" + std::to_string(at->place.line) + ":" + std::to_string(at->place.column);
     }
 
-    const LivePhone& m_phone;
-    CGPoint m_origin;
+    CGPoint m_origin; // of the window, on the screen
 };
 
 } // namespace
 
 std::string treeMessage(const LivePhone& phone) {
+    const UIWindow& window = phone.host().window();
     return json::serialize(
-        json::object{{"type", "tree"}, {"root", TreeWriter(phone).write(phone.host().window(), {})}});
+        json::object{{"type", "tree"}, {"root", TreeWriter(window.frame().origin).write(window, {})}});
 }

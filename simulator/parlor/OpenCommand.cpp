@@ -1,4 +1,4 @@
-#include "simulator/live/BundleSources.h"
+#include "simulator/live/DrawnIcons.h"
 #include "simulator/live/FileWatch.h"
 #include "simulator/live/LiveSession.h"
 #include "simulator/live/PageParts.h"
@@ -35,7 +35,6 @@ struct OpenOptions : BundleOptions {
     bool noBrowser = false;
     std::optional<fs::path> page; // a folder
     std::optional<std::string> record;
-    std::optional<fs::path> sources; // of the bundle
 };
 
 /// What the one argument names, put where the other commands have it.
@@ -73,12 +72,8 @@ void openBrowser(const std::string& address) {
 class OpenPhone {
 public:
     OpenPhone(const OpenOptions& options, const Flow& flow, const PreparedBundle& bundle)
-        : m_options(options), m_flow(flow), m_device(bundle.deviceFor(flow)) {
-        if (options.sources) {
-            m_sources.emplace(*options.sources, bundle.folder);
-            (void)m_sources->takeOver(); // which the watch of the bundle need not see
-        }
-        m_files.emplace(filesBehind(bundle));
+        : m_options(options), m_flow(flow), m_folder(bundle.folder), m_device(bundle.deviceFor(flow)) {
+        m_files.emplace(filesBehind());
     }
 
     /// Fails when the port is in use or the recording cannot be written.
@@ -100,7 +95,7 @@ public:
             openBrowser(m_server->address());
         }
         while (!m_server->wasInterrupted()) {
-            MainRunLoop::shared().runUntilIdle();
+            passTime();
             m_session->update();
             m_server->wait(waitingTime());
             if (m_files->hasChanged()) {
@@ -119,8 +114,16 @@ public:
     }
 
 private:
-    [[nodiscard]] std::vector<fs::path> filesBehind(const PreparedBundle& bundle) const {
-        std::vector<fs::path> files{m_options.sources.value_or(bundle.folder)};
+    /// As much as has passed in the room.
+    void passTime() {
+        const auto time =
+            std::chrono::floor<std::chrono::milliseconds>(std::chrono::steady_clock::now() - m_timePassed);
+        m_timePassed += time;
+        m_phone->passTime(time);
+    }
+
+    [[nodiscard]] std::vector<fs::path> filesBehind() const {
+        std::vector<fs::path> files{m_folder};
         if (m_options.content) {
             files.emplace_back(*m_options.content);
         }
@@ -133,7 +136,10 @@ private:
     /// Pages are heard of by wait() only, when the session is there.
     [[nodiscard]] PageServer::Listener listener() {
         return {[this](auto page) { m_session->came(page); }, [this](auto page) { m_session->gone(page); },
-                [this](auto page, const std::string& text) { m_session->said(page, text); }};
+                [this](auto page, const std::string& text) {
+                    passTime();
+                    m_session->said(page, text);
+                }};
     }
 
     [[nodiscard]] LiveSession::Out out() {
@@ -152,28 +158,28 @@ private:
         if (m_options.content) {
             show.overrides.push_back({groupFor(*m_options.content) + ".json", m_options.content});
         }
-        show.sourceOf = [this](const std::string& file) { return sourceOf(file); };
         show.open = [this] { return openBundle(); };
-        show.wake = [this] { m_server->wake(); };
         return show;
     }
 
-    [[nodiscard]] std::string sourceOf(const std::string& file) const {
-        return m_sources ? m_sources->sourceOf(file).string() : file;
+    /// Those of the tree stand where the build puts them; others beside their drawings.
+    [[nodiscard]] Findings renderIcons() const {
+        const fs::path catalogue = m_folder / "Assets.xcassets";
+        std::error_code error;
+        const bool isOfTree = fs::equivalent(m_folder, inTree("resources"), error);
+        const fs::path rendered = isOfTree ? besideProgram("TruthsAndDares.appex") / "Assets.xcassets" : catalogue;
+        return renderDrawings(catalogue, rendered, m_began);
     }
 
     [[nodiscard]] Result<BundleFindings> openBundle() {
-        Findings untaken = m_sources ? m_sources->takeOver() : Findings();
+        const Findings undrawn = renderIcons();
         const Result<PreparedBundle> prepared = prepareBundle(m_options);
         if (!prepared) {
             return prepared.failure();
         }
         prepared.value().openFor(m_flow);
         BundleFindings findings = prepared.value().findings;
-        for (Finding& finding : findings.all) {
-            finding.path = sourceOf(finding.path);
-        }
-        findings.all.insert(findings.all.end(), untaken.begin(), untaken.end());
+        findings.all.insert(findings.all.end(), undrawn.begin(), undrawn.end());
         tell(findings.all);
         return findings;
     }
@@ -182,28 +188,28 @@ private:
         std::chrono::nanoseconds time = FileWatch::pause;
         MainRunLoop& loop = MainRunLoop::shared();
         if (const std::optional<MainRunLoop::Duration> due = loop.nextDueTime()) {
-            time = std::clamp(*due - loop.now(), MainRunLoop::Duration(0), time);
+            const auto sinceThen = std::chrono::steady_clock::now() - m_timePassed;
+            time = std::clamp<MainRunLoop::Duration>(*due - loop.now() - sinceThen, MainRunLoop::Duration(0), time);
         }
         return std::min(time, m_session->patience().value_or(time));
     }
 
     OpenOptions m_options;
     Flow m_flow;
-    std::optional<BundleSources> m_sources;
+    fs::path m_folder; // of the bundle
+    fs::file_time_type m_began = fs::file_time_type::clock::now();
     std::optional<FileWatch> m_files;
     Device m_device;
     std::unique_ptr<PageServer> m_server;
     std::optional<LivePhone> m_phone;
     std::optional<LiveSession> m_session;
+    std::chrono::steady_clock::time_point m_timePassed = std::chrono::steady_clock::now(); // the phone's time
 };
 
 CommandResult open(OpenOptions options) {
     const Result<Flow> flow = read(options);
     if (!flow) {
         return flow.failure();
-    }
-    if (options.sources && options.bundle.empty()) { // what is saved there is taken over into the assembled one
-        options.bundle = besideProgram("TruthsAndDares.appex");
     }
     const Result<PreparedBundle> bundle = prepareBundle(options);
     if (!bundle) {
@@ -231,9 +237,6 @@ ParlorCommand addOpenCommand(CLI::App& app) {
     line->add_flag("--no-browser", options->noBrowser, "Only tells the address");
     line->add_option("--record", options->record, "Writes what is done to this file, as a flow that replays it")
         ->type_name("FILE");
-    line->add_option("--sources", options->sources, "Takes what is saved in this folder into the bundle")
-        ->type_name("DIR")
-        ->check(CLI::ExistingDirectory);
     line->add_option("--page", options->page, "Reads the page's files from this folder each time")->type_name("DIR");
     line->footer(examples);
     return {line, [options] { return open(*options); }};

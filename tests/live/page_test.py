@@ -321,10 +321,9 @@ class PageTest(BrowserTest):
 
     def test_what_is_saved_in_the_sources_shows_and_what_is_broken_is_told(self):
         with tempfile.TemporaryDirectory() as name:
-            bundle, sources = pathlib.Path(name) / "Test.appex", pathlib.Path(name) / "sources"
-            shutil.copytree(BUNDLE, bundle)
+            sources = pathlib.Path(name) / "sources"
             shutil.copytree(RESOURCES, sources)
-            page = Page(self.browser, self.open("--bundle", str(bundle), "--sources", str(sources)))
+            page = Page(self.browser, self.open("--bundle", str(sources)))
             page.part("Player group")
             page.choose("group", "Friends")
             page.choose("presentation", "compact")

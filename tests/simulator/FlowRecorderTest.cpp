@@ -1,61 +1,45 @@
 #include "game/CategoriesVC.h"
-#include "platform/foundation/FileReading.h"
 #include "simulator/live/LiveSession.h"
 #include "simulator/live/TouchableParts.h"
+#include "simulator/parlor/PreparedBundle.h"
 #include "simulator/pictures/ScreenPicture.h"
 #include "tests/simulator/SimulatorFixtures.h"
 
 #include <boost/json.hpp>
 
+#include <random>
+
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
+using namespace std::chrono_literals;
 
-/// A page that touches a phone through messages, as the server hands them on.
+/// A page that touches a phone through messages, as the server hands them on; time passes as the test wants it.
 class FlowRecorderTest : public FlowTest {
 protected:
-    void start(const std::string& scene = "") {
-        openExtensionBundle(scene.empty() ? bundle : bundle.parent_path() / "Canvas.appex");
-        phone.emplace(LiveShow{"test",
-                               scene,
-                               deviceNamed("15").value(),
-                               {"A", "B"},
-                               {},
-                               {},
-                               [this, scene] {
-                                   openExtensionBundle(scene.empty() ? bundle : bundle.parent_path() / "Canvas.appex");
+    void start(const std::string& scene = "", const Device& shown = deviceNamed("15").value()) {
+        openBundle(scene);
+        phone.emplace(LiveShow{"test", scene, shown, {"A", "B"}, {}, [this, scene] {
+                                   openBundle(scene);
                                    return Result<BundleFindings>(BundleFindings{});
-                               },
-                               [] {}});
+                               }});
         session.emplace(*phone, LiveSession::Out{[](auto, const auto&) {}, [](auto, const auto&) {},
                                                  [](auto, const std::string& why) { ADD_FAILURE() << why; }});
         session->came(1);
-        letPass(std::chrono::milliseconds(600));
-        waitUntil(
-            [&](const CategoriesVC& screen) { return hasLists(screen) && !phone->host().styleRequests().empty(); });
+        letPass(600ms);
     }
-    /// However long a slow machine takes until the screen has it. The canvas has nothing to wait for.
-    void waitUntil(const std::function<bool(const CategoriesVC&)>& has) {
-        const auto isThere = [&] {
-            const CategoriesVC* screen = shownCategoryScreen(phone->host());
-            return screen == nullptr || has(*screen);
-        };
-        for (int turn = 0; !isThere() && turn < 1000; ++turn) {
-            letPass(std::chrono::milliseconds(10));
-        }
+    void openBundle(const std::string& scene) {
+        openExtensionBundle(scene.empty() ? bundle : bundle.parent_path() / "Canvas.appex");
     }
-    static bool hasLists(const CategoriesVC& screen) { return !screen.arrAllCategories().empty(); }
+    /// As the program does.
+    void letPass(std::chrono::milliseconds time) {
+        phone->passTime(time);
+        session->update();
+    }
     void say(boost::json::object message) {
         session->said(1, boost::json::serialize(message));
-        letPass(std::chrono::milliseconds(1));
-    }
-    /// As the program does: the session hears of every turn.
-    void letPass(std::chrono::milliseconds time) {
-        const auto end = std::chrono::steady_clock::now() + time;
-        do {
-            MainRunLoop::shared().advance(std::chrono::milliseconds(1));
-            session->update();
-        } while (std::chrono::steady_clock::now() < end);
+        session->update();
     }
     void touch(const char* phase, double x, double y) {
         say({{"type", "touch"}, {"phase", phase}, {"x", x}, {"y", y}});
@@ -80,22 +64,65 @@ protected:
     }
     void tap(const std::string& text) { tap(Selector{.text = text, .id = {}, .index = {}}); }
 
+    /// Anything that hands can do.
+    void doAnything(std::mt19937& random) {
+        const auto upTo = [&](int most) { return static_cast<int>(random() % static_cast<unsigned>(most + 1)); };
+        const CGSize size = phone->show().device.size;
+        const auto place = [&] { return CGPoint{upTo(100) / 100.0 * size.width, upTo(100) / 100.0 * size.height}; };
+        const auto touchPart = [&] {
+            const auto parts = touchableParts(phone->host(), phone->screen().conversation());
+            const CGRect frame = parts.at(static_cast<std::size_t>(upTo(static_cast<int>(parts.size()) - 1))).frame;
+            say({{"type", "tap"}, {"x", frame.midX()}, {"y", frame.midY()}});
+        };
+        const auto send = [&](const char* link) {
+            say({{"type", "message"}, {"from", upTo(1) == 0 ? "A" : "B"}, {"text", "Hi"}, {"link", link}});
+        };
+        const std::array<std::function<void()>, 10> deeds{
+            touchPart,
+            touchPart,
+            [&] {
+                stroke({place(), place(), place()});
+            },
+            [&] {
+                const CGPoint middle{size.width / 2, size.height * 0.8};
+                stroke({middle, {middle.x, middle.y - 40}, {middle.x + 3, middle.y - upTo(300)}});
+            },
+            [&] {
+                say({{"type", "wheel"}, {"x", 150}, {"y", size.height - 120}, {"dy", upTo(160) - 60}});
+            },
+            [&] {
+                const char* const names[] = {"closed", "compact", "expanded", "expanded"};
+                say({{"type", "set"}, {"presentation", names[upTo(3)]}});
+            },
+            [&] {
+                say({{"type", "set"}, {"appearance", upTo(1) == 0 ? "dark" : "light"}});
+            },
+            [&] {
+                say({{"type", "set"}, {"loadingTakes", 150 * upTo(2)}});
+            },
+            [&] { send(""); },
+            [&] { send("https://example.com/?a=b"); },
+        };
+        deeds.at(static_cast<std::size_t>(upTo(9)))();
+        letPass(std::chrono::milliseconds(upTo(3) == 0 ? upTo(900) : upTo(120)));
+    }
+
     /// Ends the phone, plays its recording and compares what both show in the end.
     void expectTheSameWhenPlayed() {
-        session->update();
         const std::string text = phone->recorder().text();
         const Bitmap shown = takePicture(phone->host(), PictureExtent::screen);
+        const std::size_t links = phone->host().links().size();
         session.reset();
         phone.reset();
         SCOPED_TRACE(text);
-        const bool isCanvas = text.find("scene: ") != std::string::npos;
-        openExtensionBundle(isCanvas ? bundle.parent_path() / "Canvas.appex" : bundle);
         Findings problems;
         const std::optional<Flow> flow = readFlow(text, "recorded.yaml", problems);
         ASSERT_TRUE(flow) << problems.front().describe();
-        FlowPlayer player(*flow, deviceNamed(flow->device).value());
+        openBundle(flow->scene);
+        FlowPlayer player(*flow, PreparedBundle().deviceFor(*flow));
         const FlowResult result = player.play();
         EXPECT_TRUE(result.failures.empty()) << result.failures.front().describe();
+        EXPECT_EQ(player.host().links().size(), links);
         EXPECT_TRUE(takePicture(player.host(), PictureExtent::screen) == shown);
     }
 
@@ -121,9 +148,6 @@ TEST_F(FlowRecorderTest, WritesTheTypicalRoadWithNames) {
 TEST_F(FlowRecorderTest, WritesDragsWheelsStylesAndMessagesSoThatTheyEndInTheSamePicture) {
     start();
     say({{"type", "message"}, {"from", "B"}, {"text", "Look: \"here\""}, {"link", ""}});
-    waitUntil([&](const CategoriesVC& screen) {
-        return hasLists(screen) && phone->host().styleRequests().size() == 2; // the fresh screen has asked, too
-    });
     stroke({{200, 700}, {200, 680}, {203, 500}, {201, 620.35}, {200, 430}});
     for (int step = 0; step < 7; ++step) {
         say({{"type", "wheel"}, {"x", 200}, {"y", 600}, {"dy", 13.3}});
@@ -138,10 +162,9 @@ TEST_F(FlowRecorderTest, WritesWhatWasDoneWhileLoadingAtItsTime) {
     start();
     say({{"type", "set"}, {"loadingTakes", 300}});
     say({{"type", "restart"}});
-    letPass(std::chrono::milliseconds(100));
+    letPass(100ms);
     tap(Selector{.text = {}, .id = "btnDropdown", .index = {}});
-    letPass(std::chrono::milliseconds(600));
-    waitUntil(hasLists);
+    letPass(600ms);
     EXPECT_THAT(phone->recorder().text(), HasSubstr("- launchApp: {loadingTakes: 300}\n- wait: "));
     expectTheSameWhenPlayed();
 }
@@ -156,8 +179,7 @@ TEST_F(FlowRecorderTest, WritesClosingAndOpeningFromABubble) {
             touch("ended", part.frame.midX(), part.frame.midY());
         }
     }
-    letPass(std::chrono::milliseconds(600));
-    waitUntil(hasLists);
+    letPass(600ms);
     EXPECT_TRUE(phone->host().isOpen());
     expectTheSameWhenPlayed();
 }
@@ -170,4 +192,33 @@ TEST_F(FlowRecorderTest, WritesStrokesPointByPoint) {
     stroke({{60, 600}, {64, 603}});
     stroke({{300, 600}, {200, 640}, {310.77, 700}});
     expectTheSameWhenPlayed();
+}
+
+TEST_F(FlowRecorderTest, KeepsTextSizeAndDirectionOnAnotherDevice) {
+    Device shown = deviceNamed("15").value();
+    shown.textSize = UIContentSizeCategory::accessibilityMedium;
+    shown.direction = UIUserInterfaceLayoutDirection::rightToLeft;
+    start("", shown);
+    say({{"type", "set"}, {"device", "se"}});
+    EXPECT_THAT(phone->recorder().text(), AllOf(HasSubstr("device: \"se\"\n"), HasSubstr("direction: rightToLeft\n"),
+                                                HasSubstr("- setTextSize: accessibility1\n")));
+    expectTheSameWhenPlayed();
+}
+
+TEST_F(FlowRecorderTest, WhateverIsDoneAtWhateverTimePlaysToTheSamePictureAndLinks) {
+    for (const unsigned seed : {12u, 16u, 23u, 27u}) { // which find waits and swipes of a wrong length
+        SCOPED_TRACE(seed);
+        std::mt19937 random(seed); // NOLINT: the same road every time
+        Device shown = deviceNamed(std::array{"15", "se"}.at(seed % 2)).value();
+        shown.textSize = seed % 3 == 0 ? UIContentSizeCategory::accessibilityMedium : UIContentSizeCategory::large;
+        shown.direction =
+            seed % 4 < 2 ? UIUserInterfaceLayoutDirection::leftToRight : UIUserInterfaceLayoutDirection::rightToLeft;
+        start("", shown);
+        for (int deed = 0; deed < 25; ++deed) {
+            doAnything(random);
+        }
+        say({{"type", "set"}, {"presentation", "compact"}}); // in the middle of it
+        letPass(900ms);
+        expectTheSameWhenPlayed();
+    }
 }

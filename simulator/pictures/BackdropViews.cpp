@@ -59,6 +59,14 @@ std::shared_ptr<UILabel> caption(const std::string& text, CGFloat size, UIFontWe
     return label;
 }
 
+void mirror(UIView& view) {
+    for (const std::shared_ptr<UIView>& part : view.subviews()) {
+        const CGRect frame = part->frame();
+        part->setFrame(frame.offsetBy(view.bounds().size.width - frame.maxX() - frame.minX(), 0));
+        mirror(*part);
+    }
+}
+
 void centre(UIView& view, CGPoint middle) {
     const CGSize size = view.bounds().size;
     view.setFrame(CGRectMake(std::round(middle.x - size.width / 2), std::round(middle.y - size.height / 2), size.width,

@@ -35,6 +35,8 @@ private:
                                                const std::shared_ptr<UIColor>& color, CGFloat widest = 0);
 /// Moves a view so that its middle is there, but for the fraction of a point.
 void centre(UIView& view, CGPoint middle);
+/// Moves everything in a view to the other side, as on a phone whose language runs from right to left.
+void mirror(UIView& view);
 
 /// The phone's own line at the top of the screen: time, reception and battery, arranged as on that device.
 [[nodiscard]] std::shared_ptr<UIView> makeStatusBar(const Device& device);

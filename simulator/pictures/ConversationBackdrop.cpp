@@ -22,12 +22,17 @@ std::shared_ptr<UIView> makeHairline(const Device& device, CGFloat y) {
     return area(CGRectMake(0, y, device.size.width, 1.0 / device.scale), systemColor("opaqueSeparatorColor"));
 }
 
-std::shared_ptr<UIView> makeBackChevron(CGFloat middle) {
+bool isMirrored(const Device& device) {
+    return device.direction == UIUserInterfaceLayoutDirection::rightToLeft;
+}
+
+std::shared_ptr<UIView> makeBackChevron(const Device& device, CGFloat middle) {
     auto chevron = std::make_shared<GlyphView>(CGRectMake(14, middle - 10, 12, 20), systemColor("systemBlueColor"));
+    const CGFloat tip = isMirrored(device) ? 10 : 2;
     CGPath path;
-    path.moveTo({10, 2});
-    path.addLineTo({2, 10});
-    path.addLineTo({10, 18});
+    path.moveTo({12 - tip, 2});
+    path.addLineTo({tip, 10});
+    path.addLineTo({12 - tip, 18});
     chevron->addLine(std::move(path), 2.5);
     return chevron;
 }
@@ -105,9 +110,7 @@ std::shared_ptr<UIView> makeHomeIndicator(const Device& device) {
                 systemColor("labelColor"), height / 2);
 }
 
-} // namespace
-
-ConversationBackdrop makeConversation(const ConversationHost& host) {
+std::shared_ptr<UIView> makeScreen(const ConversationHost& host) {
     const Device& device = host.device();
     const bool expanded = host.isOpen() && host.style() == MSMessagesAppPresentationStyle::expanded;
     const CGFloat width = device.size.width;
@@ -122,13 +125,25 @@ ConversationBackdrop makeConversation(const ConversationHost& host) {
     }
     screen->addSubview(area(CGRectMake(0, 0, width, barBottom), systemColor("secondarySystemBackgroundColor")));
     screen->addSubview(makeStatusBar(device));
-    screen->addSubview(makeBackChevron(row));
+    screen->addSubview(makeBackChevron(device, row));
     screen->addSubview(makePeople({width / 2, row}));
     if (expanded) {
         screen->addSubview(makeGrip({width / 2, barBottom - 7.5}));
     } else {
         screen->addSubview(makeHairline(device, barBottom - 1.0 / device.scale));
     }
-    return {screen, host.openedLink() ? makeHandOverCard(device, *host.openedLink()) : nullptr,
-            makeHomeIndicator(device)};
+    return screen;
+}
+
+} // namespace
+
+ConversationBackdrop makeConversation(const ConversationHost& host) {
+    const Device& device = host.device();
+    ConversationBackdrop conversation{makeScreen(host),
+                                      host.openedLink() ? makeHandOverCard(device, *host.openedLink()) : nullptr,
+                                      makeHomeIndicator(device)};
+    if (isMirrored(device)) {
+        mirror(*conversation.behind);
+    }
+    return conversation;
 }

@@ -32,8 +32,10 @@ std::shared_ptr<UIView> makeBattery() {
     auto shell = std::make_shared<GlyphView>(CGRectMake(0, 0, 27, 12), systemColor("tertiaryLabelColor"));
     shell->addLine(CGPath::withRoundedRect(CGRectMake(0.5, 0.5, 23, 11), 3.5), 1);
     shell->addShape(CGPath::withRoundedRect(CGRectMake(25, 4, 1.5, 4), 0.75));
+    auto charge = std::make_shared<GlyphView>(CGRectMake(0, 0, 27, 12), systemColor("labelColor"));
+    charge->addShape(CGPath::withRoundedRect(CGRectMake(2, 2, 18, 8), 2));
     glyph->addSubview(shell);
-    glyph->addSubview(area(CGRectMake(2, 2, 18, 8), systemColor("labelColor"), 2));
+    glyph->addSubview(charge);
     return glyph;
 }
 

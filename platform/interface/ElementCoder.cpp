@@ -52,7 +52,7 @@ std::optional<std::shared_ptr<NSObject>> ElementCoder::object(std::string_view k
         const bool symbol = m_element.value("catalog") == "system";
         return Object(symbol ? nullptr : UIImage::imageNamed(*name));
     }
-    const InterfaceElement* child = m_element.keyed(key);
+    const InterfaceElement* child = m_reader.markRead(m_element.keyed(key));
     if (child == nullptr) {
         return std::nullopt;
     }
@@ -73,6 +73,7 @@ std::optional<std::shared_ptr<NSObject>> ElementCoder::object(std::string_view k
 const NSCoder* ElementCoder::child(std::string_view element, std::string_view key) const {
     for (const InterfaceElement& child : m_element.children) {
         if (child.name == element && child.value("key") == key) {
+            m_reader.markRead(&child);
             return m_children.emplace_back(std::make_unique<ElementCoder>(child, m_reader)).get();
         }
     }
@@ -101,7 +102,7 @@ const std::string* ElementCoder::scalar(std::string_view key) const {
 }
 
 const InterfaceElement* ElementCoder::keyed(std::string_view key) const {
-    const InterfaceElement* child = m_element.keyed(key);
+    const InterfaceElement* child = m_reader.markRead(m_element.keyed(key));
     return child != nullptr && child->name != "nil" ? child : nullptr;
 }
 

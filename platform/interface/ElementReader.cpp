@@ -48,6 +48,13 @@ void ElementReader::warning(const InterfaceElement& element, const std::string& 
     m_findings.push_back(element.failure(what).in(m_document.path(), Severity::warning));
 }
 
+const InterfaceElement* ElementReader::markRead(const InterfaceElement* element) {
+    if (element != nullptr) {
+        m_read.insert(element);
+    }
+    return element;
+}
+
 void ElementReader::unexpected(const InterfaceElement& element, std::string_view key, std::string_view written,
                                std::string_view expected) {
     error(element, std::string(key) + " is \"" + std::string(written) + "\", " + std::string(expected));

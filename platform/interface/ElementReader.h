@@ -9,6 +9,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <unordered_set>
 
 /// A number as interface documents write it: decimal, finite, at most a thousand million either way (so that it can
 /// become a whole number and sums of lengths without further care). Anything else gives nothing.
@@ -29,6 +30,9 @@ public:
     [[nodiscard]] const Findings& findings() const { return m_findings; }
     void error(const InterfaceElement& element, const std::string& what);
     void warning(const InterfaceElement& element, const std::string& what);
+    /// Remembers that somebody asked for what an element says. Null is passed on.
+    const InterfaceElement* markRead(const InterfaceElement* element);
+    [[nodiscard]] bool wasRead(const InterfaceElement& element) const { return m_read.count(&element) > 0; }
     /// `KEY is "WRITTEN", EXPECTED is expected`
     void unexpected(const InterfaceElement& element, std::string_view key, std::string_view written,
                     std::string_view expected);
@@ -68,6 +72,7 @@ private:
 
     const InterfaceDocument& m_document;
     Findings m_findings;
+    std::unordered_set<const InterfaceElement*> m_read;
 };
 
 /// Null for a word that the table lacks.

@@ -7,6 +7,9 @@
 #include "platform/uikit/table/UITableViewCell.h"
 #include "platform/uikit/view/UIView.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 constexpr WordTable<std::string_view, 11> standardClasses{{
@@ -86,8 +89,28 @@ std::shared_ptr<NSObject> NibBuilder::makeAlone(const InterfaceElement& element)
         return nullptr;
     }
     std::shared_ptr<NSObject> object = objectClass->factory(ElementCoder(element, m_reader));
+    tellUnread(element, *objectClass);
     keep(element, object);
     return object;
+}
+
+/// Values that the class did not ask for; nil changes nothing, and some are for the editor.
+void NibBuilder::tellUnread(const InterfaceElement& element, const ObjectClass& objectClass) {
+    static constexpr std::array<std::string_view, 8> values{"color",      "fontDescription", "size",   "inset",
+                                                            "edgeInsets", "state",           "string", "mutableString"};
+    for (const InterfaceElement& child : element.children) {
+        const std::string key(child.value("key"));
+        const bool isValue = std::find(values.begin(), values.end(), child.name) != values.end();
+        if (key.empty() || key == "userComments" || key == "freeformSize" || !isValue) {
+            continue;
+        }
+        if (m_reader.wasRead(child)) {
+            tellUnread(child, objectClass);
+        } else {
+            m_reader.warning(child, "the " + std::string(child.name == "state" ? "state " : "") + key + " of a " +
+                                        objectClass.name + " has no effect here");
+        }
+    }
 }
 
 std::shared_ptr<UIView> NibBuilder::makeViewOf(const InterfaceElement& element) {
@@ -196,8 +219,8 @@ void NibBuilder::nameUnmade(const InterfaceElement& element) {
 
 void NibBuilder::name(const InterfaceElement& element, Named named) {
     const std::string_view id = element.id();
-    if (!id.empty() && !m_named.emplace(id, std::move(named)).second) {
-        m_reader.warning(element, "another object has this id; the first one counts");
+    if (!id.empty()) {
+        m_named.emplace(id, std::move(named)); // of two objects with an id the first one counts
     }
 }
 

@@ -58,6 +58,7 @@ private:
     void keep(const InterfaceElement& element, const std::shared_ptr<NSObject>& object);
     /// Lets an object that exists stand for an element; a null one is left out quietly.
     void adopt(const InterfaceElement& element, const std::shared_ptr<NSObject>& object);
+    void tellUnread(const InterfaceElement& element, const ObjectClass& objectClass);
     void nameUnmade(const InterfaceElement& element);
     void name(const InterfaceElement& element, Named named);
     /// What the id in an attribute stands for; null after an error.

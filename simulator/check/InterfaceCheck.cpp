@@ -82,9 +82,6 @@ Findings tryObjects(const InterfaceDocument& document) {
         static_cast<void>(builder.makeNib(nullptr));
         append(findings, builder.findings());
     }
-    std::erase_if(findings, [](const Finding& finding) { // crossDocument tells it, once
-        return finding.what.find("another object has this id") != std::string::npos;
-    });
     for (Finding& finding : findings) { // the phone refuses it, too, or it has no effect here
         finding.rule = finding.severity == Severity::error ? "interface.refused" : "interface.ignored";
     }

@@ -38,8 +38,9 @@ TEST_F(InterfaceCheck, GoesThroughEveryDocument) {
 }
 
 TEST_F(InterfaceCheck, WarnsOfNamesThatTheCatalogueLacks) {
-    write("A.xib", nibWith("<imageView id=\"i\" image=\"leaf\"><color key=\"tintColor\" name=\"Green\"/></imageView>\n"
-                           "<imageView image=\"star\" catalog=\"system\"/>"));
+    write("A.xib",
+          nibWith("<imageView id=\"i\" image=\"leaf\"><color key=\"backgroundColor\" name=\"Green\"/></imageView>\n"
+                  "<imageView image=\"star\" catalog=\"system\"/>"));
     EXPECT_EQ(findings(),
               "A.xib:3:1: warning: <imageView id=\"i\">: the catalogue has no image \"leaf\" [interface.image]\n"
               "A.xib:3:32: warning: <color>: the catalogue has no colour \"Green\" [interface.color]\n");
@@ -66,8 +67,9 @@ TEST_F(InterfaceCheck, FindsBrokenSetsAndMissingFilesInTheCatalogue) {
     write("Assets.xcassets/e.imageset/Contents.json",
           "{\"images\":[{\"idiom\":\"universal\",\"scale\":\"4x\",\"filename\":\"e.png\"}]}");
     std::filesystem::create_directory_symlink("..", folder() / "Assets.xcassets/round");
-    write("A.xib",
-          nibWith("<imageView image=\"3\"><color key=\"tintColor\" name=\"a\"/></imageView>")); // told of the sets
+    write(
+        "A.xib",
+        nibWith("<imageView image=\"3\"><color key=\"backgroundColor\" name=\"a\"/></imageView>")); // told of the sets
     write("Assets.xcassets/d.dataset/Contents.json", "never read");
     EXPECT_EQ(
         findings(),
@@ -112,6 +114,12 @@ TEST_F(InterfaceCheck, CrossesADocumentWithWhatTheCodeNeeds) {
         {R"(<placeholder placeholderIdentifier="IBFilesOwner" id="-1" customClass="ModeHeaderView"><connections><outlet
  property="lblHeaderTitel" destination="v" id="o"/></connections></placeholder>)",
          "has no outlet \"lblHeaderTitel\"; did you mean \"lblHeaderTitle\"?"},
+        {R"(<label id="l"><color key="shadowColor" white="1"/><nil key="highlightedColor"/></label>)",
+         "<color>: the shadowColor of a UILabel has no effect here [interface.ignored]"},
+        {R"(<button id="b"><state key="normal"><color key="titleShadowColor" white="1"/></state></button>)",
+         "<color>: the titleShadowColor of a UIButton has no effect here"},
+        {R"(<button id="b"><state key="selected" title="On"/></button>)",
+         "<state>: the state selected of a UIButton has no effect here"},
         {R"(<view id="v"><gestureRecognizers/></view>)", "has no effect here, with all inside [interface.ignored]"},
         {R"(<imageView id="i" image="leav"/>)", "did you mean \"leaf\"?"},
         {R"(<label id="l"><color key="textColor" name="Ink"/></label>)",

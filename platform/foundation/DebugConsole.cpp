@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <mutex>
 #include <poll.h>
-#include <string>
 #include <unistd.h>
 
 namespace {
@@ -13,6 +12,7 @@ namespace {
 struct Console {
     std::mutex mutex;
     std::function<void(std::string_view)> observer;
+    std::string (*escape)(std::string_view) = nullptr;
     bool isBroken = false;
 };
 
@@ -39,10 +39,10 @@ bool writeSome(std::string_view& rest) {
 } // namespace
 
 void print(std::string_view line) {
-    std::string text(line);
+    const std::lock_guard lock(console().mutex);
+    std::string text = console().escape != nullptr ? console().escape(line) : std::string(line);
     text += '\n';
     std::string_view rest = text;
-    const std::lock_guard lock(console().mutex);
     std::fflush(stdout); // what others left in the stream's buffer came first
     while (!rest.empty() && writeSome(rest)) {
     }
@@ -55,6 +55,11 @@ void print(std::string_view line) {
 void setDebugConsoleObserver(std::function<void(std::string_view)> observer) {
     const std::lock_guard lock(console().mutex);
     console().observer = std::move(observer);
+}
+
+void setDebugConsoleEscape(std::string (*escape)(std::string_view)) {
+    const std::lock_guard lock(console().mutex);
+    console().escape = escape;
 }
 
 bool isDebugConsoleBroken() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 /// The debug console is the program's standard output. Lines arrive whole and in order, from any thread, and are
@@ -8,6 +9,9 @@
 
 /// Writes `line` and a line feed.
 void print(std::string_view line);
+
+/// For the host, when standard output is a terminal: makes each line harmless to it. Set before anything is printed.
+void setDebugConsoleEscape(std::string (*escape)(std::string_view));
 
 /// Whether a line could not be written whole: standard output is closed, or its disk full.
 [[nodiscard]] bool isDebugConsoleBroken();

@@ -8,11 +8,23 @@ WorkerPool& WorkerPool::shared() {
 }
 
 WorkerPool::~WorkerPool() {
+    endThreads(Stop::atOnce);
+}
+
+void WorkerPool::finish() {
+    endThreads(Stop::whenIdle);
+    m_threads.clear();
+    m_stop = Stop::no;
+}
+
+void WorkerPool::endThreads(Stop stop) {
     std::map<Key, dispatch_block_t> dropped; // destroyed after the threads, outside the lock
     {
         const std::lock_guard lock(m_mutex);
-        m_stopping = true;
-        dropped.swap(m_blocks);
+        m_stop = stop;
+        if (stop == Stop::atOnce) {
+            dropped.swap(m_blocks);
+        }
     }
     m_submitted.notify_all();
     for (std::thread& thread : m_threads) {
@@ -42,8 +54,8 @@ void WorkerPool::startThreadsLocked() {
 void WorkerPool::work() {
     std::unique_lock lock(m_mutex);
     while (true) {
-        m_submitted.wait(lock, [this] { return m_stopping || !m_blocks.empty(); });
-        if (m_stopping) {
+        m_submitted.wait(lock, [this] { return m_stop != Stop::no || !m_blocks.empty(); });
+        if (m_stop == Stop::atOnce || m_blocks.empty()) {
             return;
         }
         dispatch_block_t block = std::move(m_blocks.begin()->second);

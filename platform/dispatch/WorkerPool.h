@@ -25,16 +25,22 @@ public:
     /// after it has run, on its thread.
     void submit(qos_class_t qualityOfService, dispatch_block_t block);
 
+    /// Waits for all blocks and ends the threads, before the process is copied: a copy has none of them. The next block
+    /// starts them again. The main thread only, while no other submits.
+    void finish();
+
 private:
     using Key = std::pair<unsigned, std::uint64_t>; // the highest class first, then order of submission
 
     void startThreadsLocked();
+    enum class Stop { no, whenIdle, atOnce };
+    void endThreads(Stop stop);
     void work();
 
     std::mutex m_mutex;
     std::condition_variable m_submitted;
     std::map<Key, dispatch_block_t> m_blocks;
     std::uint64_t m_submissions = 0;
-    bool m_stopping = false;
+    Stop m_stop = Stop::no;
     std::vector<std::thread> m_threads;
 };

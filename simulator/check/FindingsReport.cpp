@@ -183,7 +183,7 @@ private:
 
 std::string escapedXML(std::string_view text) {
     std::string result;
-    for (const char letter : printable(text)) {
+    for (const char letter : printableLines(text)) {
         switch (letter) {
         case '&':
             result += "&amp;";
@@ -194,15 +194,14 @@ std::string escapedXML(std::string_view text) {
         case '"':
             result += "&quot;";
             break;
+        case '\n':
+            result += "&#10;";
+            break;
         default:
             result += letter;
         }
     }
     return result;
-}
-
-std::string quotedXML(std::string_view text) {
-    return "\"" + escapedXML(text) + "\"";
 }
 
 std::size_t linesOf(const Finding& finding) {
@@ -227,6 +226,10 @@ std::string printableLines(std::string_view text) {
         start = end + 1;
     }
     return result + printable(text.substr(start));
+}
+
+std::string quotedXML(std::string_view text) {
+    return "\"" + escapedXML(text) + "\"";
 }
 
 std::string textReport(const Findings& findings, std::size_t checkedFiles, const TextStyle& style) {

@@ -23,6 +23,8 @@ struct TextStyle {
 [[nodiscard]] std::string printable(std::string_view text);
 /// The same of each line of a text.
 [[nodiscard]] std::string printableLines(std::string_view text);
+/// The same in quotes, as the value of an XML attribute.
+[[nodiscard]] std::string quotedXML(std::string_view text);
 
 /// The table of rules, for a terminal and as the page of the documents.
 [[nodiscard]] std::string rulesText();

@@ -138,8 +138,8 @@ CheckedFiles checkBundleAndScreens(const fs::path& folder) {
                                              "interface files are mended"));
         return checked;
     }
-    BundleOptions shown;
-    shown.bundle = bundle;
+    PreparedBundle shown;
+    shown.folder = bundle;
     Findings onScreen = ScreenLook(shown, {devices.begin(), devices.end()}, ScreenExtent::everything).finish();
     if (any([](const Finding& finding) { return finding.rule == "catalog.set"; })) {
         leaveOutContrasts(onScreen, bundle.string());

@@ -1,11 +1,11 @@
 #include "simulator/parlor/Commands.h"
 
+#include "platform/foundation/Nearest.h"
 #include "simulator/check/FindingsReport.h"
 #include "simulator/flows/FlowReader.h"
+#include "simulator/pictures/PictureFile.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <iostream>
 #include <unistd.h>
 
@@ -15,24 +15,44 @@ void tell(const Findings& findings) {
     }
 }
 
-Result<std::vector<Flow>> readFlowsToPlay(const std::vector<std::string>& paths) {
-    Findings findings;
-    std::vector<Flow> flows;
+std::vector<NamedFlow> readFlowsAt(const std::vector<std::string>& paths) {
+    std::vector<NamedFlow> flows;
     for (const std::string& path : paths) {
         for (const std::string& file : flowFilesAt(path)) {
-            if (std::optional<Flow> flow = readFlowFile(file, findings)) {
-                flows.push_back(*std::move(flow));
-            }
+            NamedFlow& named = flows.emplace_back(NamedFlow{file, {}, {}});
+            named.flow = readFlowFile(file, named.findings);
         }
     }
-    tell(findings);
-    if (hasErrors(findings)) {
-        return Failure{"nothing is played, as not every flow can be read"};
-    }
-    if (flows.empty()) {
-        return Failure{"there is no flow (*.yaml) to play"};
-    }
     return flows;
+}
+
+std::optional<Failure> takeList(std::vector<std::string>& paths, std::optional<std::string>& content) {
+    const auto isList = [](const std::string& path) { return std::filesystem::path(path).extension() == ".json"; };
+    for (const std::string& path : paths) {
+        if (isList(path) && content) {
+            return Failure{"one list can be shown at a time: " + *content + " or " + path};
+        }
+        content = isList(path) ? path : content;
+    }
+    std::erase_if(paths, isList);
+    return std::nullopt;
+}
+
+std::string notEmpty(const std::string& text) {
+    return text.empty() ? "an empty text names nothing" : "";
+}
+
+std::function<std::string(const std::string&)> oneOf(const std::vector<std::string>& names) {
+    return [names](const std::string& text) -> std::string {
+        std::string all;
+        for (const std::string& name : names) {
+            if (name == text) {
+                return "";
+            }
+            all += (all.empty() ? "" : ", ") + name;
+        }
+        return "'" + text + "' is none of " + all + suggestion(text, names);
+    };
 }
 
 OutputAside::OutputAside() : m_output(dup(STDOUT_FILENO)) {
@@ -47,12 +67,6 @@ OutputAside::~OutputAside() {
 }
 
 std::optional<Failure> OutputAside::write(std::string_view bytes) const {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(m_output, bytes.data(), bytes.size());
-        if (count < 0 && errno != EINTR) {
-            return Failure{std::string("standard output cannot be written: ") + std::strerror(errno)};
-        }
-        bytes.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
-    }
-    return std::nullopt;
+    const std::string reason = writeAll(m_output, bytes);
+    return reason.empty() ? std::nullopt : std::optional(Failure{"standard output cannot be written: " + reason});
 }

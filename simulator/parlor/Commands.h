@@ -20,7 +20,6 @@ struct ParlorCommand {
 [[nodiscard]] ParlorCommand addRunCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addOpenCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addCheckCommand(CLI::App& app);
-[[nodiscard]] ParlorCommand addCheckScreenCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addTreeCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addSchemaCommand(CLI::App& app);
 [[nodiscard]] ParlorCommand addShotCommand(CLI::App& app);
@@ -29,8 +28,23 @@ struct ParlorCommand {
 /// Tells findings on standard error, a line each, without control characters.
 void tell(const Findings& findings);
 
-/// The flows of the files and folders that a command line names, at least one; what is wrong with them is told.
-[[nodiscard]] Result<std::vector<Flow>> readFlowsToPlay(const std::vector<std::string>& paths);
+/// A flow that the command line names: as it was read, or why it could not be.
+struct NamedFlow {
+    std::string file;
+    std::optional<Flow> flow;
+    Findings findings;
+};
+
+/// The flows of files and of folders.
+[[nodiscard]] std::vector<NamedFlow> readFlowsAt(const std::vector<std::string>& paths);
+
+/// Takes a list out of the paths, to be the content file. Fails when that makes two.
+[[nodiscard]] std::optional<Failure> takeList(std::vector<std::string>& paths, std::optional<std::string>& content);
+
+// What options can be checked with; each gives an empty text, or why the value does not do.
+[[nodiscard]] std::string notEmpty(const std::string& text);
+/// Names the nearest of those that there are.
+[[nodiscard]] std::function<std::string(const std::string&)> oneOf(const std::vector<std::string>& names);
 
 /// Sends what is written to standard output to standard error while it lives: for commands whose own result goes to
 /// standard output.

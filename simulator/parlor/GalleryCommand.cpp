@@ -1,5 +1,5 @@
 #include "content/DropdownRows.h"
-#include "simulator/parlor/OwnProcess.h"
+#include "simulator/parlor/Report.h"
 #include "simulator/parlor/Shot.h"
 #include "simulator/pictures/ContactSheet.h"
 #include "simulator/pictures/GalleryFolder.h"
@@ -28,9 +28,9 @@ std::string scriptsList() {
 /// Which phones a gallery shows and where it goes.
 struct GalleryOptions : BundleOptions {
     std::vector<std::string> devices; // empty: the usual one
-    std::filesystem::path folder;
+    std::filesystem::path folder = "out/gallery";
     bool force = false; // also overwrites what is not its own
-    std::string part;   // "light" or "dark": takes these pictures of one device, for another process; empty: all
+    ReportOptions report;
 };
 
 struct Scene {
@@ -180,28 +180,23 @@ std::string pageFor(const std::vector<Device>& devices, const std::vector<Sheet>
     return galleryPage(shown);
 }
 
-/// Each sheet takes a process of its own, which is this command for a part.
-CommandResult takeInOwnProcesses(const std::vector<Sheet>& sheets, const GalleryOptions& options) {
-    std::vector<std::vector<std::string>> argumentLists;
+/// Each sheet takes a process of its own.
+CommandResult takeSheets(const std::vector<Sheet>& sheets, const PreparedBundle& bundle,
+                         const std::filesystem::path& folder) {
+    std::vector<OwnProcesses::Work> works;
     for (const Sheet& sheet : sheets) {
-        std::vector<std::string>& arguments = argumentLists.emplace_back(argumentsFor(options));
-        arguments.insert(arguments.begin(), {"gallery", "--output", options.folder.string(), "--device",
-                                             sheet.deviceName(), "--part", sheet.appearance()});
+        works.emplace_back([&] { return resultText(sheet.take(bundle, folder)); });
     }
-    return runInOwnProcesses(argumentLists);
-}
-
-/// What is wrong with the bundle has been told by the process that this one is a part of.
-CommandResult takePart(const GalleryOptions& options, const std::vector<Sheet>& sheets) {
-    const Result<PreparedBundle> bundle = prepareBundle(options);
-    if (!bundle) {
-        return bundle.failure();
+    Findings findings;
+    for (const OwnOutcome& outcome : OwnProcesses(works).finish()) {
+        const CommandResult result = resultIn(outcome);
+        if (!result) {
+            return result;
+        }
+        findings.insert(findings.end(), result.value().begin(), result.value().end());
     }
-    CommandResult result = sheets[options.part == "dark" ? 1 : 0].take(bundle.value(), options.folder);
-    if (result) {
-        tell(result.value());
-    }
-    return result;
+    tell(findings);
+    return findings;
 }
 
 CommandResult takeAll(const GalleryOptions& options, const std::vector<Device>& devices,
@@ -214,8 +209,8 @@ CommandResult takeAll(const GalleryOptions& options, const std::vector<Device>& 
     for (const Device& device : devices) {
         names.push_back(device.name);
     }
-    return withBundle(options, names, [&](const PreparedBundle&) -> CommandResult {
-        CommandResult result = takeInOwnProcesses(sheets, options);
+    return withBundle(options, names, [&](const PreparedBundle& bundle) -> CommandResult {
+        CommandResult result = takeSheets(sheets, bundle, options.folder);
         if (!result || !result.value().empty()) {
             folder.withdraw();
             return result;
@@ -234,7 +229,8 @@ CommandResult makeGallery(const GalleryOptions& options) {
         return devices.failure();
     }
     const std::vector<Sheet> sheets = sheetsOf(devices.value(), allScenes(options));
-    return options.part.empty() ? takeAll(options, devices.value(), sheets) : takePart(options, sheets);
+    return reporting({"gallery", {}, {}}, options.report,
+                     [&](Report&) { return takeAll(options, devices.value(), sheets); });
 }
 
 } // namespace
@@ -242,15 +238,14 @@ CommandResult makeGallery(const GalleryOptions& options) {
 ParlorCommand addGalleryCommand(CLI::App& app) {
     const auto gallery = std::make_shared<GalleryOptions>();
     CLI::App* line = app.add_subcommand("gallery", "Takes pictures of everything, with a page to look through");
-    line->add_option("-o,--output", gallery->folder, "Where the pictures go")
-        ->check([](const std::string& folder) { return folder.empty() ? "the gallery needs a folder" : ""; })
-        ->type_name("DIR")
-        ->required();
-    addBundleOptions(*line, *gallery);
+    line->add_option("-o,--output", gallery->folder, "Where the pictures go (default: out/gallery)")
+        ->check(notEmpty)
+        ->option_text("DIR");
+    addBundleOptions(*line, *gallery, ContentWord::alone);
+    addReportOptions(*line, gallery->report);
     line->add_option("--device", gallery->devices, "As for run; may be given several times (default: 15)")
         ->type_name("NAME");
     line->add_flag("--force", gallery->force, "Also overwrites files that are not of an earlier gallery");
-    line->add_option("--part", gallery->part)->check(CLI::IsMember({"light", "dark"}))->group(""); // not for people
     line->footer(examples);
     return {line, [gallery] { return makeGallery(*gallery); }};
 }

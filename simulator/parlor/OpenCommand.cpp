@@ -1,3 +1,4 @@
+#include "simulator/flows/FlowReader.h"
 #include "simulator/live/DrawnIcons.h"
 #include "simulator/live/FileWatch.h"
 #include "simulator/live/LiveSession.h"
@@ -44,8 +45,10 @@ Result<Flow> read(OpenOptions& options) {
     if (path.extension() == ".json") {
         options.content = options.what;
     } else if (path.extension() == ".yaml" || path.extension() == ".yml") {
-        const Result<std::vector<Flow>> flows = readFlowsToPlay({options.what});
-        return flows ? Result<Flow>(flows.value().front()) : flows.failure();
+        Findings findings;
+        std::optional<Flow> flow = readFlowFile(options.what, findings);
+        tell(findings);
+        return flow ? Result<Flow>(*std::move(flow)) : Failure{options.what + " cannot be shown, as it cannot be read"};
     } else if (fs::is_directory(path, error)) {
         options.bundle = path;
     } else if (!path.empty()) {

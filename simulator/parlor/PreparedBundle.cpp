@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <set>
 
 namespace fs = std::filesystem;
 
@@ -18,21 +19,21 @@ constexpr const char* usualDevice = "15";
 
 } // namespace
 
-void addBundleOptions(CLI::App& command, BundleOptions& options) {
+void addBundleOptions(CLI::App& command, BundleOptions& options, ContentWord content) {
     command
         .add_option("--bundle", options.bundle,
                     "The extension's bundle, or its sources (default: resources/ of the tree)")
         ->check(notEmpty)
         ->option_text("DIR");
     command
-        .add_option("--content", options.content,
+        .add_option(content == ContentWord::alone ? "list,--content" : "--content", options.content,
                     "Shows this content file for the group it is named after, or else for \"Adult (18+)\"")
         ->check(notEmpty)
         ->option_text("FILE");
     command
         .add_option("--text-size", options.textSize,
                     "The reader's text size, from xSmall over large (default) to xxxLarge, accessibility1 to 3")
-        ->check(CLI::IsMember(textSizeNames()))
+        ->check(oneOf(textSizeNames()))
         ->option_text("SIZE");
     command.add_flag("--right-to-left", options.rightToLeft, "On a phone whose language runs from right to left");
 }
@@ -47,12 +48,8 @@ void addDeviceOption(CLI::App& command, BundleOptions& options) {
 
 void addGroupOption(CLI::App& command, BundleOptions& options) {
     command.add_option("--group", options.group, "Adult (18+), Friends, Couple or Family; --content is shown for it")
-        ->check(CLI::IsMember(playerGroupTitles()))
+        ->check(oneOf(playerGroupTitles()))
         ->option_text("NAME");
-}
-
-std::string notEmpty(const std::string& text) {
-    return text.empty() ? "an empty text names nothing" : "";
 }
 
 fs::path inTree(const std::string& name) {
@@ -138,7 +135,7 @@ Result<PreparedBundle> prepareBundle(const BundleOptions& options) {
     if (const std::optional<Failure> failure = bundle.fitTo(options)) {
         return *failure;
     }
-    bundle.folder = bundleOf(options);
+    bundle.folder = options.bundle.empty() ? usualBundle() : options.bundle;
     if (const Result<std::string> info = readWholeFile(bundle.folder / "Info.plist"); !info) {
         return Failure{bundle.folder.string() + " is no extension bundle: " + info.failure().what};
     }
@@ -163,19 +160,14 @@ std::string deviceNameFor(const BundleOptions& options, const Flow& flow) {
     return !options.device.empty() ? options.device : !flow.device.empty() ? flow.device : usualDevice;
 }
 
-fs::path bundleOf(const BundleOptions& options) {
-    return options.bundle.empty() ? usualBundle() : options.bundle;
-}
-
-std::vector<std::string> argumentsFor(const BundleOptions& options) {
-    std::vector<std::string> arguments{"--bundle", bundleOf(options).string(), "--text-size", options.textSize};
-    if (options.content) {
-        arguments.insert(arguments.end(), {"--content", *options.content});
+std::vector<std::string> devicesOf(const BundleOptions& options, const std::vector<NamedFlow>& flows) {
+    std::set<std::string> devices;
+    for (const NamedFlow& named : flows) {
+        if (named.flow && named.flow->scene.empty()) {
+            devices.insert(deviceNameFor(options, *named.flow));
+        }
     }
-    if (options.rightToLeft) {
-        arguments.emplace_back("--right-to-left");
-    }
-    return arguments;
+    return {devices.begin(), devices.end()};
 }
 
 CommandResult withBundle(const BundleOptions& options, const std::vector<std::string>& devices,
@@ -184,12 +176,14 @@ CommandResult withBundle(const BundleOptions& options, const std::vector<std::st
     if (!bundle) {
         return bundle.failure();
     }
-    const Findings findings = bundle.value().findings.all;
+    Findings findings = bundle.value().findings.all;
     tell(findings);
     if (!canShow(bundle.value(), options)) {
+        findings.push_back({Severity::error, "", std::nullopt, "nothing is shown, as this must be mended first"});
+        tell({findings.back()});
         return findings;
     }
-    ScreenLook look(options, devices, ScreenExtent::opening);
+    ScreenLook look(bundle.value(), devices, ScreenExtent::opening);
     CommandResult result = use(bundle.value());
     const Findings onScreen = look.tellNews();
     if (result) {

@@ -34,16 +34,15 @@ struct PreparedBundle {
     [[nodiscard]] Device deviceFor(const Flow& flow) const;
 };
 
+/// Whether a content file can also be given as a word alone, without --content.
+enum class ContentWord { named, alone };
 /// Adds --bundle, --content, --text-size and --right-to-left.
-void addBundleOptions(CLI::App& command, BundleOptions& options);
+void addBundleOptions(CLI::App& command, BundleOptions& options, ContentWord content = ContentWord::named);
 /// Adds --device.
 void addDeviceOption(CLI::App& command, BundleOptions& options);
 
 /// Adds --group.
 void addGroupOption(CLI::App& command, BundleOptions& options);
-
-/// Complains of an empty text, for options that name something.
-[[nodiscard]] std::string notEmpty(const std::string& text);
 
 /// Checks options and bundle, and leaves it open.
 [[nodiscard]] Result<PreparedBundle> prepareBundle(const BundleOptions& options);
@@ -55,12 +54,10 @@ void addGroupOption(CLI::App& command, BundleOptions& options);
 /// tells at last what is wrong with its screen on those devices.
 [[nodiscard]] CommandResult withBundle(const BundleOptions& options, const std::vector<std::string>& devices,
                                        const std::function<CommandResult(const PreparedBundle&)>& use);
-/// Those of the options that say what is shown, device and group aside, for a process that shows the same.
-[[nodiscard]] std::vector<std::string> argumentsFor(const BundleOptions& options);
 /// The command line's device, or else the flow's own, or the usual one.
 [[nodiscard]] std::string deviceNameFor(const BundleOptions& options, const Flow& flow);
-/// The folder that the options name, or the usual one.
-[[nodiscard]] std::filesystem::path bundleOf(const BundleOptions& options);
+/// Those that the extension is shown on, each once; a flow with a scene of its own shows something else.
+[[nodiscard]] std::vector<std::string> devicesOf(const BundleOptions& options, const std::vector<NamedFlow>& flows);
 
 /// The player group that a content file is shown for: the one it is named after, or else the one that is shown first.
 [[nodiscard]] std::string groupFor(const std::filesystem::path& content);

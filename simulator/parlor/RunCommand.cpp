@@ -1,25 +1,26 @@
 #include "platform/foundation/FatalErrorHandler.h"
 #include "simulator/check/FindingsReport.h"
 #include "simulator/flows/FlowPlayer.h"
-#include "simulator/flows/FlowReader.h"
 #include "simulator/parlor/FlowComposer.h"
+#include "simulator/parlor/OwnProcess.h"
 #include "simulator/parlor/PreparedBundle.h"
 #include "simulator/parlor/Report.h"
-#include "simulator/parlor/ScreenLook.h"
-#include "simulator/pictures/PictureFile.h"
 
 #include <CLI/CLI.hpp>
+#include <boost/json.hpp>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <set>
-#include <unistd.h>
 
 namespace {
 
 namespace fs = std::filesystem;
+namespace json = boost::json;
+
+using Paths = std::vector<std::string>;
 
 constexpr const char* examples =
     "Examples:\n"
@@ -38,28 +39,11 @@ struct RunOptions : BundleOptions {
     std::vector<std::string> flows; // files and folders; empty: the content file, or the typical road
     bool dark = false;              // these two are for the content file that is shown without a flow
     std::string style = "expanded";
-    std::optional<std::string> report; // where to write what happened; "-": standard output
-    std::string format = "json";       // of the report
+    ReportOptions report;
     PictureSettings pictures;
     bool updateGoldens = false;
     bool quiet = false;
 };
-
-/// A list among the flows is a content file.
-std::optional<Failure> takeListFromFlows(RunOptions& options) {
-    const auto isList = [](const std::string& path) { return fs::path(path).extension() == ".json"; };
-    for (const std::string& path : options.flows) {
-        if (isList(path) && options.content) {
-            return Failure{"one list can be shown at a time: " + *options.content + " or " + path};
-        }
-        options.content = isList(path) ? path : options.content;
-    }
-    std::erase_if(options.flows, isList);
-    if (!options.flows.empty() && (options.dark || options.style != "expanded")) {
-        return Failure{"--dark and --style are for a list without a flow; a flow has setAppearance and setStyle"};
-    }
-    return std::nullopt;
-}
 
 /// What is played for somebody's own content file when no flow is named: the group that the file is shown for is chosen
 /// and the first of its modes is tapped.
@@ -88,226 +72,158 @@ std::string counted(std::size_t count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-FlowResult unplayed(const std::string& file, const std::string& name, const Findings& findings) {
+/// The typical road is about the lists that come along.
+std::vector<NamedFlow> flowsToPlay(const RunOptions& options) {
+    if (options.flows.empty() && options.content) {
+        return {{*options.content, contentFlow(options), {}}};
+    }
+    const std::vector<std::string> usual{inTree("flows/typical-road.yaml").string()};
+    return readFlowsAt(options.flows.empty() ? usual : options.flows);
+}
+
+/// What came of a flow that has nothing to tell but this.
+FlowResult failed(const std::string& file, const std::string& name, const Findings& failures) {
     FlowResult result;
     result.file = file;
     result.name = name;
-    result.failures = findings;
-    result.wasPlayed = false;
+    result.failures = failures;
     return result;
 }
 
-/// Plays all flows of one command line and reports what came of it, also when the extension stops the program.
-class Run {
-public:
-    /// `output` is where a report for standard output goes; null when there is none.
-    Run(const RunOptions& options, const OutputAside* output) : m_options(options), m_output(output) {
-        setFatalErrorHandler([this](std::string_view line) { stopped(line); });
-    }
-    ~Run() { setFatalErrorHandler({}); }
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
+json::object notPlayed(const std::string& file, const std::string& name, const Findings& findings) {
+    FlowResult result = failed(file, name, findings);
+    result.wasPlayed = false;
+    return flowReport(result);
+}
 
-    CommandResult perform() {
-        CommandResult result = play();
-        if (!result) {
-            m_report.failure = result.failure().what;
-        }
-        const std::optional<Failure> unwritten = writeReport();
-        return unwritten ? CommandResult(*unwritten) : result;
-    }
-
-private:
-    CommandResult play() {
-        const std::vector<Flow> flows = readFlows();
-        if (flows.empty()) {
-            return Failure{m_report.flows.empty() ? "there is no flow (*.yaml) to play"
-                                                  : "nothing is played, as no flow can be read"};
-        }
-        const Result<PreparedBundle> bundle = prepareBundle(m_options);
-        if (!bundle) {
-            return bundle.failure();
-        }
-        m_report.findings = bundle.value().findings.all;
-        tell(m_report.findings);
-        if (!canShow(bundle.value(), m_options)) {
-            m_report.failure = "nothing is played, as what is to be shown cannot be";
-            std::cerr << "parlor: " << *m_report.failure << '\n';
-            return Findings{{Severity::error, "", std::nullopt, *m_report.failure}};
-        }
-        m_look.emplace(m_options, devicesOf(flows), ScreenExtent::opening);
-        for (const Flow& flow : flows) {
-            playOn(bundle.value(), flow);
-        }
-        const Findings onScreen = m_look->tellNews();
-        m_report.findings.insert(m_report.findings.end(), onScreen.begin(), onScreen.end());
-        tellStaleGoldens();
-        tellTotal();
-        return allFindings();
-    }
-
-    /// Each once; scenes of their own are not the extension's screen.
-    [[nodiscard]] std::vector<std::string> devicesOf(const std::vector<Flow>& flows) const {
-        std::set<std::string> devices;
-        for (const Flow& flow : flows) {
-            if (flow.scene.empty()) {
-                devices.insert(deviceNameFor(m_options, flow));
-            }
-        }
-        return {devices.begin(), devices.end()};
-    }
-
-    /// Those that can be read; of the others there is a result already.
-    std::vector<Flow> readFlows() {
-        if (m_options.flows.empty() && m_options.content) { // the typical road is about the lists that come along
-            return {contentFlow(m_options)};
-        }
-        std::vector<Flow> flows;
-        const std::vector<std::string> usual{inTree("flows/typical-road.yaml").string()};
-        for (const std::string& path : m_options.flows.empty() ? usual : m_options.flows) {
-            for (const std::string& file : flowFilesAt(path)) {
-                Findings findings;
-                std::optional<Flow> flow = readFlowFile(file, findings);
-                tell(findings);
-                if (flow) {
-                    flows.push_back(*std::move(flow));
-                    m_readFindings.insert(m_readFindings.end(), findings.begin(), findings.end());
-                } else {
-                    add(unplayed(file, fs::path(file).stem().string(), findings));
-                }
-            }
-        }
-        return flows;
-    }
-
-    void playOn(const PreparedBundle& bundle, const Flow& flow) {
-        const Device device = bundle.deviceFor(flow);
-        if (!m_options.quiet) {
-            std::cerr << printableLines(flow.name + " (" + flow.file) << ", device " << device.name << ")" << std::endl;
-        }
-        if (const Findings findings = bundle.check(flow); !findings.empty()) {
-            tell(findings);
-            add(unplayed(flow.file, flow.name, findings));
-            return;
-        }
-        const auto listener = [quiet = m_options.quiet](const Event& event) {
-            if (!quiet || event.kind == "failure") {
-                printEvent(event);
-            }
-        };
-        bundle.openFor(flow);
-        FlowPlayer player(flow, device, listener, m_options.pictures);
-        m_player = &player;
-        add(player.play());
-        m_player = nullptr;
-    }
-
-    /// A result and its line.
-    void add(FlowResult result) {
-        const std::size_t failures = result.failures.size();
-        std::cerr << (failures == 0 ? "passed  " : "FAILED  ") << printableLines(result.file)
-                  << (failures == 0      ? ""
-                      : result.wasPlayed ? ": " + counted(failures, "failure")
-                                         : ": not played, " + counted(failures, "mistake"))
-                  << std::endl;
-        m_report.flows.push_back(std::move(result));
-    }
-
-    void tellTotal() const {
-        const auto count = [this](const auto& isCounted) {
-            return std::count_if(m_report.flows.begin(), m_report.flows.end(), isCounted);
-        };
-        const auto played = count([](const FlowResult& flow) { return flow.wasPlayed; });
-        const auto failed = count([](const FlowResult& flow) { return flow.wasPlayed && !flow.failures.empty(); });
-        const auto unplayed = count([](const FlowResult& flow) { return !flow.wasPlayed; });
-        std::cerr << "parlor: " << played << " played, " << failed << " failed";
-        if (unplayed > 0) {
-            std::cerr << ", " << unplayed << " not played";
-        }
-        std::cerr << std::endl;
-    }
-
-    /// Golden files in a folder of which all flows were played, and that none of them asked for.
-    void tellStaleGoldens() {
-        std::vector<std::string> asked;
-        for (const FlowResult& flow : m_report.flows) {
-            if (!flow.wasPlayed) {
-                return; // nobody knows what it would have asked for
-            }
-            asked.insert(asked.end(), flow.goldens.begin(), flow.goldens.end());
-        }
-        for (const std::string& folder : m_options.flows) {
-            std::error_code error;
-            for (fs::directory_iterator item(folder, error); !error && item != fs::directory_iterator();
-                 item.increment(error)) {
-                const std::string file = item->path().string();
-                if (isGolden(item->path()) && std::find(asked.begin(), asked.end(), file) == asked.end()) {
-                    m_report.findings.push_back(
-                        {Severity::warning, file, std::nullopt, "no flow asks for this golden file"});
-                    tell({m_report.findings.back()});
-                }
-            }
-        }
-    }
-
-    /// NAME-DEVICE.png, of a run on the flows' own devices.
-    bool isGolden(const fs::path& file) const {
-        const std::string stem = file.stem().string();
-        const std::size_t dash = stem.rfind('-');
-        return m_options.device.empty() && file.extension() == ".png" && dash != std::string::npos &&
-               deviceNamed(stem.substr(dash + 1));
-    }
-
-    [[nodiscard]] Findings allFindings() const {
-        Findings all = m_report.findings;
-        all.insert(all.end(), m_readFindings.begin(), m_readFindings.end());
-        for (const FlowResult& flow : m_report.flows) {
-            all.insert(all.end(), flow.failures.begin(), flow.failures.end());
-        }
-        return all;
-    }
-
-    std::optional<Failure> writeReport() const {
-        if (!m_options.report) {
-            return std::nullopt;
-        }
-        const std::string text =
-            reportText(m_report, m_options.format == "junit" ? ReportFormat::junit : ReportFormat::json);
-        if (*m_options.report == "-") {
-            return m_output->write(text);
-        }
-        std::optional<Failure> failure = writeWholeFile(text, *m_options.report);
-        if (!failure) {
-            std::cerr << "parlor: report written to " << *m_options.report << '\n';
-        }
-        return failure;
-    }
-
-    /// The program cannot go on: what came of it until now is reported, and the process ends as after any failure.
-    void stopped(std::string_view line) {
-        FlowResult result = m_player != nullptr ? m_player->result() : FlowResult{};
+/// Plays a flow, in a process of its own, and gives its part of the report, also when the extension stops the program.
+std::string play(const Flow& flow, const PreparedBundle& bundle, const RunOptions& options) {
+    std::optional<FlowPlayer> player;
+    setFatalErrorHandler([&](std::string_view line) {
         const std::string what = "the extension stopped the program: " + std::string(line);
-        if (m_player != nullptr) {
-            result.failures.push_back(m_player->failureNow(what));
-            tell({result.failures.back()});
-            add(std::move(result));
-        } else {
-            m_report.failure = what;
+        FlowResult result = player ? player->result() : failed(flow.file, flow.name, {});
+        result.failures.push_back(player ? player->failureNow(what) : Failure{what}.in(flow.file));
+        tell({result.failures.back()});
+        endOwnProcess(json::serialize(flowReport(result)));
+    });
+    bundle.openFor(flow);
+    const auto listener = [quiet = options.quiet](const Event& event) {
+        if (!quiet || event.kind == "failure") {
+            printEvent(event);
         }
-        m_look.reset(); // its files go
-        tellTotal();
-        const std::optional<Failure> unwritten = writeReport();
-        std::cerr << (unwritten ? "parlor: " + unwritten->what + "\n" : "") << std::flush;
-        _exit(unwritten ? 2 : 1);
-    }
+    };
+    player.emplace(flow, bundle.deviceFor(flow), listener, options.pictures);
+    return json::serialize(flowReport(player->play()));
+}
 
-    const RunOptions& m_options;
-    const OutputAside* m_output;
-    RunReport m_report;
-    std::optional<ScreenLook> m_look;
-    Findings m_readFindings;        // warnings of flows that are played all the same
-    FlowPlayer* m_player = nullptr; // while a flow is played
-};
+/// A flow's part of the report, once it has been played. One that crashes the program has failed.
+json::object played(const NamedFlow& named, const PreparedBundle& bundle, const RunOptions& options, Report& report) {
+    const std::string& file = named.file;
+    if (!named.flow) {
+        return notPlayed(file, fs::path(file).stem().string(), named.findings);
+    }
+    const Flow& flow = *named.flow;
+    if (!options.quiet) {
+        std::cerr << printableLines(flow.name + " (" + file) << ", device " << bundle.deviceFor(flow).name << ")\n";
+    }
+    if (const Findings findings = bundle.check(flow); !findings.empty()) {
+        tell(findings);
+        return notPlayed(file, flow.name, findings);
+    }
+    const OwnOutcome outcome = inOwnProcess([&] { return play(flow, bundle, options); });
+    boost::system::error_code error;
+    const json::value result = json::parse(outcome.text, error);
+    if (!error && result.is_object()) {
+        report.failure = outcome.problem.empty() ? report.failure : outcome.problem;
+        return result.get_object();
+    }
+    const Findings crash{Failure{outcome.problem}.in(file)};
+    tell(crash);
+    return flowReport(failed(file, flow.name, crash));
+}
+
+void tellResult(const json::object& flow) {
+    const std::size_t failures = flow.at("failures").get_array().size();
+    std::cerr << (failures == 0 ? "passed  " : "FAILED  ") << std::string(flow.at("file").get_string())
+              << (failures == 0                  ? ""
+                  : flow.at("played").get_bool() ? ": " + counted(failures, "failure")
+                                                 : ": not played, " + counted(failures, "mistake"))
+              << std::endl;
+}
+
+void tellTotal(const Report& report) {
+    std::size_t played = 0;
+    std::size_t failed = 0;
+    for (const json::object& flow : report.flows) {
+        const bool wasPlayed = flow.at("played").get_bool();
+        played += wasPlayed ? 1 : 0;
+        failed += wasPlayed && !flow.at("passed").get_bool() ? 1 : 0;
+    }
+    const std::size_t notPlayed = report.flows.size() - played;
+    std::cerr << "parlor: " << played << " played, " << failed << " failed"
+              << (notPlayed > 0 ? ", " + std::to_string(notPlayed) + " not played" : "") << std::endl;
+}
+
+/// START-DEVICE.png or .txt.
+bool isGolden(const fs::path& file) {
+    const std::string stem = file.stem().string();
+    const std::size_t dash = stem.rfind('-');
+    return (file.extension() == ".png" || file.extension() == ".txt") && dash != std::string::npos &&
+           deviceNamed(stem.substr(dash + 1));
+}
+
+/// Golden files in the folders that were played, on the flows' own devices, and that none of the flows asked for. When
+/// one has failed, nobody knows what it would have asked for.
+Findings staleGoldens(const RunOptions& options, const Report& report) {
+    std::set<fs::path> asked;
+    for (const json::object& flow : report.flows) {
+        for (const json::value& golden : flow.at("goldens").get_array()) {
+            asked.insert(fs::path(std::string(golden.get_string())).lexically_normal());
+        }
+    }
+    Findings stale;
+    for (const std::string& folder : report.passed() && options.device.empty() ? options.flows : Paths()) {
+        std::error_code error;
+        const fs::recursive_directory_iterator end;
+        for (fs::recursive_directory_iterator item(folder, error); !error && item != end; item.increment(error)) {
+            if (isGolden(item->path()) && !asked.contains(item->path().lexically_normal())) {
+                stale.push_back(Failure{"no flow asks for this golden file"}.in(item->path(), Severity::warning));
+            }
+        }
+    }
+    tell(stale);
+    return stale;
+}
+
+/// The findings are those of what stands around the flows.
+CommandResult playOn(const PreparedBundle& bundle, const std::vector<NamedFlow>& flows, const RunOptions& options,
+                     Report& report) {
+    Findings findings;
+    for (const NamedFlow& named : flows) {
+        tell(named.findings);
+        report.flows.push_back(played(named, bundle, options, report));
+        tellResult(report.flows.back());
+        if (named.flow) { // else they are the flow's failures
+            findings.insert(findings.end(), named.findings.begin(), named.findings.end());
+        }
+    }
+    const Findings stale = staleGoldens(options, report);
+    findings.insert(findings.end(), stale.begin(), stale.end());
+    tellTotal(report);
+    return report.failure ? CommandResult(Failure{*report.failure}) : findings;
+}
+
+CommandResult playAll(const RunOptions& options, Report& report) {
+    const std::vector<NamedFlow> flows = flowsToPlay(options);
+    if (flows.empty()) {
+        return Failure{"there is no flow (*.yaml) to play"};
+    }
+    const bool isAny = std::any_of(flows.begin(), flows.end(), [](const NamedFlow& named) { return !!named.flow; });
+    const CommandResult result = withBundle(options, devicesOf(options, flows), [&](const PreparedBundle& bundle) {
+        return playOn(bundle, flows, options, report);
+    });
+    return isAny ? result : Failure{"nothing is played, as no flow can be read"};
+}
 
 CommandResult runFlows(RunOptions options) {
     const bool isCI = std::getenv("CI") != nullptr;
@@ -316,18 +232,13 @@ CommandResult runFlows(RunOptions options) {
     }
     options.pictures.showsFailures = true;
     options.pictures.goldens = options.updateGoldens ? Goldens::renew : isCI ? Goldens::onlyRead : Goldens::compare;
-    std::optional<Failure> failure = takeListFromFlows(options);
-    if (options.report && !failure) {
-        failure = refusalOfReport(*options.report);
-    }
-    if (failure) {
+    if (const std::optional<Failure> failure = takeList(options.flows, options.content)) {
         return *failure;
     }
-    std::optional<OutputAside> aside;
-    if (options.report == "-") {
-        aside.emplace();
+    if (!options.flows.empty() && (options.dark || options.style != "expanded")) {
+        return Failure{"--dark and --style are for a list without a flow; a flow has setAppearance and setStyle"};
     }
-    return Run(options, aside ? &*aside : nullptr).perform();
+    return reporting({"run", {}, {}}, options.report, [&](Report& report) { return playAll(options, report); });
 }
 
 } // namespace
@@ -344,14 +255,9 @@ ParlorCommand addRunCommand(CLI::App& app) {
     addGroupOption(*line, *options);
     line->add_flag("--dark", options->dark, "Shows the content file in the dark appearance");
     line->add_option("--style", options->style, "Shows the content file compact or expanded (default)")
-        ->check(CLI::IsMember({"compact", "expanded"}))
+        ->check(oneOf({"compact", "expanded"}))
         ->option_text("STYLE");
-    line->add_option("--report", options->report, "Writes what happened to this file; - for standard output")
-        ->check(notEmpty)
-        ->option_text("FILE");
-    line->add_option("--format", options->format, "Of the report: json (default) or junit")
-        ->check(CLI::IsMember({"json", "junit"}))
-        ->option_text("FORMAT");
+    addReportOptions(*line, options->report);
     line->add_option("--output", options->pictures.output, "Where pictures go (default: out)")
         ->check(notEmpty)
         ->option_text("DIR");

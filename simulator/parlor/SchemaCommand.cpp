@@ -54,9 +54,17 @@ private:
     }
 };
 
+/// The names of the icons stand in the bundle.
+json::value schemaOf(const std::string& kind) {
+    if (kind == "flow") {
+        return flowSchema();
+    }
+    openExtensionBundle(usualBundle());
+    return contentSchema();
+}
+
 CommandResult printSchema(const std::string& kind) {
-    openExtensionBundle(besideProgram("TruthsAndDares.appex"));
-    if (!(std::cout << SchemaPrinter::print(kind == "flow" ? flowSchema() : contentSchema()) << std::flush)) {
+    if (!(std::cout << SchemaPrinter::print(schemaOf(kind)) << std::flush)) {
         return Failure{"standard output cannot be written"};
     }
     return Findings();
@@ -68,7 +76,7 @@ ParlorCommand addSchemaCommand(CLI::App& app) {
     const auto kind = std::make_shared<std::string>();
     CLI::App* line = app.add_subcommand("schema", "Prints the JSON Schema of lists or flows, for editors");
     line->add_option("kind", *kind, "content or flow")
-        ->check(CLI::IsMember({"content", "flow"}))
+        ->check(oneOf({"content", "flow"}))
         ->option_text("KIND")
         ->required();
     line->footer(examples);

@@ -1,4 +1,5 @@
 #include "platform/graphics/PNG.h"
+#include "simulator/parlor/Report.h"
 #include "simulator/parlor/Shot.h"
 #include "simulator/pictures/PictureFile.h"
 #include "simulator/pictures/ScreenPicture.h"
@@ -11,9 +12,9 @@
 namespace {
 
 constexpr const char* examples = "Examples:\n"
-                                 "  parlor shot -o screen.png\n"
+                                 "  parlor shot my-list.json -o my-list.png\n"
                                  "  parlor shot --group Family --dark --device se -o family.png\n"
-                                 "  parlor shot --content MyList.json --open-dropdown --bare -o - | display\n"
+                                 "  parlor shot MyList.json --open-dropdown --bare -o - | display\n"
                                  "\n"
                                  "A file that exists and is no PNG picture is left alone.\n";
 
@@ -23,15 +24,16 @@ bool isForeign(const std::string& file) {
     return std::filesystem::is_regular_file(file, error) && !readPNGSize(file); // a pipe costs nobody anything
 }
 
-std::optional<Failure> writeToStandardOutput(const Bitmap& picture) {
-    const std::vector<std::uint8_t> bytes = encodePNG(picture);
-    std::cout.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    return std::cout.flush() ? std::nullopt : std::optional(Failure{"standard output cannot be written"});
-}
+struct ShotOptions : Shot {
+    std::string file = "out/screen.png"; // "-": standard output
+    ReportOptions report;
+};
 
-std::optional<Failure> deliver(const Bitmap& picture, const std::string& file) {
-    if (file == "-") {
-        return writeToStandardOutput(picture);
+/// `output` is that of the picture, or null.
+std::optional<Failure> deliver(const Bitmap& picture, const std::string& file, const OutputAside* output) {
+    if (output != nullptr) {
+        const std::vector<std::uint8_t> bytes = encodePNG(picture);
+        return output->write({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     }
     std::optional<Failure> failure = savePicture(picture, file);
     if (!failure) {
@@ -40,31 +42,32 @@ std::optional<Failure> deliver(const Bitmap& picture, const std::string& file) {
     return failure;
 }
 
-CommandResult shoot(const Shot& shot, const std::string& file, const PreparedBundle& bundle) {
+CommandResult shoot(const ShotOptions& options, const PreparedBundle& bundle) {
+    std::optional<OutputAside> aside;
+    if (options.file == "-") {
+        aside.emplace();
+    }
     std::optional<Bitmap> picture;
-    Findings failures;
-    {
-        std::optional<OutputAside> aside;
-        if (file == "-") {
-            aside.emplace();
-        }
-        failures = playShot(shot, bundle, [&](ConversationHost& host) {
-            picture = takePicture(host, shot.bare ? PictureExtent::extension : PictureExtent::screen);
-        });
-    }
-    for (const Finding& failure : failures) {
-        std::cerr << "parlor: " << failure.what << '\n';
-    }
-    const std::optional<Failure> failure = deliver(*picture, file);
+    Findings failures = playShot(options, bundle, [&](ConversationHost& host) {
+        picture = takePicture(host, options.bare ? PictureExtent::extension : PictureExtent::screen);
+    });
+    tell(failures);
+    const std::optional<Failure> failure = deliver(*picture, options.file, aside ? &*aside : nullptr);
     return failure ? CommandResult(*failure) : failures;
 }
 
-CommandResult takeShot(const Shot& shot, const std::string& file) {
-    if (isForeign(file)) {
-        return Failure{file + " exists and is no PNG picture; it is left alone"};
+CommandResult takeShot(ShotOptions options) {
+    options.file = options.file == "/dev/stdout" ? "-" : options.file;
+    if (options.file == "-" && options.report.file == "-") {
+        return Failure{"standard output can take the picture or the report, not both"};
     }
-    return withBundle(shot, {deviceNameFor(shot, Flow{})},
-                      [&](const PreparedBundle& bundle) { return shoot(shot, file, bundle); });
+    if (isForeign(options.file)) {
+        return Failure{options.file + " exists and is no PNG picture; it is left alone"};
+    }
+    return reporting({"shot", {}, {}}, options.report, [&](Report&) {
+        return withBundle(options, {deviceNameFor(options, Flow{})},
+                          [&](const PreparedBundle& bundle) { return shoot(options, bundle); });
+    });
 }
 
 /// Empty when the text says how far to scroll, else what to say.
@@ -78,19 +81,18 @@ std::string scrollDistance(const std::string& text) {
 } // namespace
 
 ParlorCommand addShotCommand(CLI::App& app) {
-    const auto shot = std::make_shared<Shot>();
-    const auto file = std::make_shared<std::string>();
+    const auto shot = std::make_shared<ShotOptions>();
     CLI::App* line = app.add_subcommand("shot", "Takes a picture of the screen");
-    line->add_option("-o,--output", *file, "The PNG file; - for standard output")
+    line->add_option("-o,--output", shot->file, "The PNG file (default: out/screen.png); - for standard output")
         ->check(notEmpty)
-        ->option_text("FILE")
-        ->required();
-    addBundleOptions(*line, *shot);
+        ->option_text("FILE");
+    addBundleOptions(*line, *shot, ContentWord::alone);
     addDeviceOption(*line, *shot);
     addGroupOption(*line, *shot);
+    addReportOptions(*line, shot->report);
     line->add_flag("--dark", shot->dark, "In the dark appearance");
     line->add_option("--style", shot->style, "compact or expanded (default)")
-        ->check(CLI::IsMember({"compact", "expanded"}))
+        ->check(oneOf({"compact", "expanded"}))
         ->option_text("STYLE");
     line->add_flag("--open-dropdown", shot->openDropdown, "With the list of groups open");
     line->add_option("--scroll", shot->scroll, "How far the modes are scrolled: points, middle or end")
@@ -99,5 +101,5 @@ ParlorCommand addShotCommand(CLI::App& app) {
     line->add_flag("--tap-first", shot->tapFirst, "After a tap on the first mode in view: its link is handed over");
     line->add_flag("--bare", shot->bare, "Without the conversation around the extension");
     line->footer(examples);
-    return {line, [shot, file] { return takeShot(*shot, *file == "/dev/stdout" ? "-" : *file); }};
+    return {line, [shot] { return takeShot(*shot); }};
 }

@@ -2,7 +2,9 @@
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
 #include "simulator/parlor/FlowComposer.h"
+#include "simulator/parlor/OwnProcess.h"
 #include "simulator/parlor/PreparedBundle.h"
+#include "simulator/parlor/Report.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,38 +18,55 @@ constexpr const char* examples = "Examples:\n"
                                  "  parlor tree --content MyList.json --device 320x568@2\n";
 
 struct TreeOptions : BundleOptions {
-    std::vector<std::string> flows; // one at most; none: the extension is opened
+    std::vector<std::string> flows; // and folders of them, or a list; empty: the extension is opened
+    ReportOptions report;
 };
 
-/// The tree alone goes to standard output; the extension's debug lines go to standard error meanwhile.
+/// Plays a flow and prints what the screen is made of then. The extension's debug lines go to standard error meanwhile.
 CommandResult printTree(const Flow& flow, const PreparedBundle& bundle) {
-    std::string tree;
-    Findings failures;
-    {
-        const OutputAside aside;
-        bundle.openFor(flow);
-        FlowPlayer player(flow, bundle.deviceFor(flow));
-        failures = player.play().failures;
-        tell(failures);
-        tree = describeTree(player.host().window(), TreeDetail::withSources);
-    }
-    if (!(std::cout << printableLines(tree) << std::flush)) {
-        return Failure{"standard output cannot be written"};
-    }
-    return failures;
+    const OutputAside aside;
+    bundle.openFor(flow);
+    FlowPlayer player(flow, bundle.deviceFor(flow));
+    Findings failures = player.play().failures;
+    tell(failures);
+    const std::optional<Failure> failure =
+        aside.write(printableLines(describeTree(player.host().window(), TreeDetail::withSources)));
+    return failure ? CommandResult(*failure) : failures;
 }
 
-CommandResult runTree(const TreeOptions& options) {
-    Result<std::vector<Flow>> flows = std::vector{FlowComposer("- launchApp\n- waitForAnimationToEnd\n").flow()};
-    if (!options.flows.empty()) {
-        flows = readFlowsToPlay(options.flows);
+CommandResult printTrees(const std::vector<NamedFlow>& flows, const PreparedBundle& bundle) {
+    Findings findings;
+    for (const NamedFlow& named : flows) {
+        if (flows.size() > 1) {
+            std::cout << printableLines(named.file) << ":" << std::endl;
+        }
+        tell(named.findings);
+        const CommandResult result =
+            named.flow ? resultIn(inOwnProcess([&] { return resultText(printTree(*named.flow, bundle)); }))
+                       : named.findings;
+        if (!result) {
+            return result;
+        }
+        findings.insert(findings.end(), result.value().begin(), result.value().end());
     }
-    if (!flows) {
-        return flows.failure();
+    return findings;
+}
+
+CommandResult runTree(TreeOptions options) {
+    if (const std::optional<Failure> failure = takeList(options.flows, options.content)) {
+        return *failure;
     }
-    const Flow& flow = flows.value().front();
-    return withBundle(options, {deviceNameFor(options, flow)},
-                      [&](const PreparedBundle& bundle) { return printTree(flow, bundle); });
+    std::vector<NamedFlow> flows = readFlowsAt(options.flows);
+    if (options.flows.empty()) {
+        flows = {{"", FlowComposer("- launchApp\n- waitForAnimationToEnd\n").flow(), {}}};
+    }
+    if (flows.empty()) {
+        return Failure{"there is no flow (*.yaml) to play"};
+    }
+    return reporting({"tree", {}, {}}, options.report, [&](Report&) {
+        return withBundle(options, devicesOf(options, flows),
+                          [&](const PreparedBundle& bundle) { return printTrees(flows, bundle); });
+    });
 }
 
 } // namespace
@@ -55,11 +74,13 @@ CommandResult runTree(const TreeOptions& options) {
 ParlorCommand addTreeCommand(CLI::App& app) {
     const auto options = std::make_shared<TreeOptions>();
     CLI::App* line = app.add_subcommand("tree", "Prints the view tree, with the place each view came from");
-    line->add_option("flow", options->flows, "A flow to play first (default: open the extension)")
-        ->type_name("FLOW")
-        ->expected(0, 1);
+    line->add_option("flow", options->flows,
+                     "Flows or folders of them to play first, or a content file (default: open the extension)")
+        ->check(notEmpty)
+        ->option_text("FLOW");
     addBundleOptions(*line, *options);
     addDeviceOption(*line, *options);
+    addReportOptions(*line, options->report);
     line->footer(examples);
     return {line, [options] { return runTree(*options); }};
 }

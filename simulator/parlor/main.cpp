@@ -37,45 +37,73 @@ std::vector<std::string> namesOf(const CLI::App& app) {
     return names;
 }
 
+std::vector<std::string> optionsOf(const CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::Option* option : app.get_options()) {
+        for (const std::string& name : option->get_lnames()) {
+            names.push_back("--" + name);
+        }
+    }
+    return names;
+}
+
+bool isOneOf(const std::string& word, const std::vector<std::string>& words) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+/// Why nothing can begin with this word.
+std::string strangeBeginning(const CLI::App& app, const std::string& word) {
+    if (!word.starts_with('-')) {
+        return "there is no command and no file '" + word + "'" + suggestion(word, namesOf(app));
+    }
+    for (const CLI::App* command : app.get_subcommands({})) {
+        if (isOneOf(word, optionsOf(*command))) {
+            return word + " stands behind a command, such as: parlor " + command->get_name() + " " + word;
+        }
+    }
+    return "there is no option '" + word + "'" + suggestion(word, optionsOf(app));
+}
+
 /// A first word that is no command but a list, a flow or a folder is what `run` is about; anything else is told, with
 /// the command that was probably meant. False then.
 bool completeCommand(const CLI::App& app, std::vector<std::string>& words) {
-    const std::vector<std::string> names = namesOf(app);
     if (words.empty()) {
         std::cerr << app.help();
         return false;
     }
-    const std::string first = words.front();
-    if (first.starts_with('-') || std::find(names.begin(), names.end(), first) != names.end()) {
+    std::string& first = words.front();
+    if (first == "help") { // of a command, too
+        first = "--help";
+        std::reverse(words.begin(), words.size() > 1 ? words.begin() + 2 : words.end());
+    }
+    const std::vector<std::string> known{"-h", "--help", "--version"};
+    if (isOneOf(words.front(), namesOf(app)) || isOneOf(words.front(), known)) {
         return true;
     }
     std::error_code error;
-    if (std::filesystem::exists(first, error) || first.ends_with(".json") || first.ends_with(".yaml")) {
-        std::cerr << "parlor: parlor run " << first << "; parlor open " << first << " shows it in a browser\n";
-        words.insert(words.begin(), "run");
-        return true;
+    if (first.starts_with('-') || !std::filesystem::exists(first, error)) {
+        std::cerr << "parlor: " << printableLines(strangeBeginning(app, first)) << '\n';
+        return false;
     }
-    std::cerr << "parlor: there is no command '" << first << "'" << suggestion(first, names) << '\n';
-    return false;
+    std::cerr << printableLines("parlor: parlor run " + first + "; parlor open " + first + " shows it in a browser\n");
+    words.insert(words.begin(), "run");
+    return true;
 }
 
-/// Tells of options that the command does not have, with the nearest that it has. False when there are none.
-bool tellUnknownOptions(const CLI::App& app) {
-    bool isAny = false;
-    for (const CLI::App* command : app.get_subcommands()) {
-        std::vector<std::string> names;
-        for (const CLI::Option* option : command->get_options()) {
-            for (const std::string& name : option->get_lnames()) {
-                names.push_back("--" + name);
-            }
-        }
+/// What is wrong with the words, with the nearest options that there are.
+void tellWrongUsage(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<CLI::App*> commands = app.get_subcommands();
+    const std::string name = commands.empty() ? "parlor" : "parlor " + commands.front()->get_name();
+    std::vector<std::string> strangers;
+    for (const CLI::App* command : commands) {
         for (const std::string& word : command->remaining()) {
-            std::cerr << "parlor: " << command->get_name() << " has no '" << word << "'" << suggestion(word, names)
-                      << '\n';
-            isAny = true;
+            strangers.push_back("there is no '" + word + "'" + suggestion(word, optionsOf(*command)));
         }
     }
-    return isAny;
+    for (const std::string& what : strangers.empty() ? std::vector<std::string>{error.what()} : strangers) {
+        std::cerr << printableLines(name + ": " + what) << '\n';
+    }
+    std::cerr << name << " --help tells what there is\n";
 }
 
 /// The only place that turns what came of a command into an exit status.
@@ -112,13 +140,12 @@ void prepareStreams() {
 ExitStatus perform(CLI::App& app, const std::vector<std::string>& words, const std::vector<ParlorCommand>& commands) {
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend())); // it takes them from the end
-    } catch (const CLI::ExtrasError& error) {
-        if (!tellUnknownOptions(app)) {
-            app.exit(error);
-        }
-        return exitUsage;
+    } catch (const CLI::Success& help) {
+        app.exit(help);
+        return exitFine;
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? exitFine : exitUsage;
+        tellWrongUsage(app, error);
+        return exitUsage;
     }
     const auto named = std::find_if(commands.begin(), commands.end(),
                                     [](const ParlorCommand& command) { return command.line->parsed(); });
@@ -132,6 +159,9 @@ int main(int argc, char** argv) {
     setFatalErrorHandler([](std::string_view) { // the extension has stopped, and the line that says why been told
         _exit(exitFailed);
     });
+    if (isatty(STDOUT_FILENO) != 0) { // a list must not steer the terminal
+        setDebugConsoleEscape(printableLines);
+    }
     setRenderedCatalog(besideProgram("TruthsAndDares.appex") / "Assets.xcassets");
     CLI::App app("Parlor: Truths & Dares in a simulated conversation");
     app.name("parlor");
@@ -139,8 +169,8 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     app.footer(examples);
     std::vector<ParlorCommand> commands;
-    for (const auto add : {addRunCommand, addOpenCommand, addCheckCommand, addCheckScreenCommand, addTreeCommand,
-                           addShotCommand, addGalleryCommand, addSchemaCommand}) {
+    for (const auto add : {addRunCommand, addOpenCommand, addCheckCommand, addTreeCommand, addShotCommand,
+                           addGalleryCommand, addSchemaCommand}) {
         commands.push_back(add(app));
     }
     std::vector<std::string> words(argv + 1, argv + argc);

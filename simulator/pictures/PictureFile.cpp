@@ -17,14 +17,7 @@ std::string writeTo(const fs::path& path, std::string_view bytes) {
     if (descriptor < 0) {
         return std::strerror(errno);
     }
-    while (!bytes.empty()) {
-        const ssize_t count = write(descriptor, bytes.data(), bytes.size());
-        if (count < 0 && errno != EINTR) {
-            break;
-        }
-        bytes.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
-    }
-    std::string reason = bytes.empty() ? "" : std::strerror(errno);
+    std::string reason = writeAll(descriptor, bytes);
     if (close(descriptor) != 0 && reason.empty()) {
         reason = std::strerror(errno);
     }
@@ -47,6 +40,17 @@ std::string replaceWith(const fs::path& file, std::string_view bytes) {
 }
 
 } // namespace
+
+std::string writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = write(descriptor, bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR) {
+            return std::strerror(errno);
+        }
+        bytes.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
+    }
+    return "";
+}
 
 std::optional<Failure> writeWholeFile(std::string_view bytes, const fs::path& file) {
     std::error_code error;

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 
 // Files that are there whole or not at all: whoever looks, or stops the program, meanwhile never finds half of one. The
@@ -14,3 +15,6 @@
 [[nodiscard]] std::optional<Failure> writeWholeFile(std::string_view bytes, const std::filesystem::path& file);
 /// As PNG. Refused when it is too large to be read again.
 [[nodiscard]] std::optional<Failure> savePicture(const Bitmap& picture, const std::filesystem::path& file);
+
+/// To an open file, pipe or device. Empty when all bytes have been written, else why not.
+[[nodiscard]] std::string writeAll(int descriptor, std::string_view bytes);

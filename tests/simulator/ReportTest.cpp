@@ -16,8 +16,11 @@ TEST(ReportTest, TellsWhatHappenedWithDecodedLinks) {
     result.links = {{600ms, *NSURL::URLWithString("https://h.example/Category?mainCategory=Adult%20(18+)&icon")}};
     result.styleRequests = {{500ms, MSMessagesAppPresentationStyle::expanded, true}};
     result.failures = {{Severity::error, "f.yaml", TextPlace{3, 5}, "tapOn: no 'x'"}};
-    RunReport run{{result, FlowResult()}, {{Severity::warning, "a\xff.json", std::nullopt, "bell \a"}}, "full"};
-    const Result<JSONDocument> report = JSONDocument::parse(reportText(run, ReportFormat::json));
+    const Report run{"run",
+                     {flowReport(result), flowReport(FlowResult())},
+                     {{Severity::warning, "a\xff.json", std::nullopt, "bell \a"}},
+                     "full"};
+    const Result<JSONDocument> report = JSONDocument::parse(run.json());
     ASSERT_TRUE(report) << report.failure().what;
 
     EXPECT_EQ(report.value().root().find("passed")->boolean(), false);
@@ -46,7 +49,7 @@ TEST(ReportTest, IsAlsoWrittenForBuildServers) {
     FlowResult failed;
     failed.file = "a&b.yaml";
     failed.failures = {{Severity::error, "a&b.yaml", TextPlace{3, 5}, "no \"x\"\nbut <y>"}};
-    EXPECT_EQ(reportText({{failed, FlowResult()}, {}, std::nullopt}, ReportFormat::junit),
+    EXPECT_EQ(Report({"run", {flowReport(failed), flowReport(FlowResult())}, {}}).junit(),
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
               "<testsuite name=\"parlor run\" tests=\"3\" failures=\"1\">\n"
               "  <testcase classname=\"a&amp;b.yaml\" name=\"\">\n"
@@ -64,9 +67,8 @@ TEST(ReportTest, OverwritesNothingButReports) {
     };
     EXPECT_TRUE(isRefused("[{\"sectionTitle\": \"mine\"}]"));
     EXPECT_FALSE(isRefused(""));
-    for (const ReportFormat format : {ReportFormat::json, ReportFormat::junit}) {
-        EXPECT_FALSE(isRefused(reportText({}, format)));
-    }
+    EXPECT_FALSE(isRefused(Report{"shot", {}, {}}.json()));
+    EXPECT_FALSE(isRefused(Report{"run", {}, {}}.junit()));
     EXPECT_FALSE(refusalOfReport("-"));
     EXPECT_FALSE(refusalOfReport((folder.path() / "new.json").string()));
 }

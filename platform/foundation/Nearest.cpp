@@ -32,22 +32,59 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
     return row[b.size()];
 }
 
+/// "dice" of "icon_dice" and "Title" of "sectionTitle".
+std::string_view lastWord(std::string_view name) {
+    std::size_t at = name.size();
+    while (at > 0 && (std::isalnum(static_cast<unsigned char>(name[at - 1])) != 0)) {
+        --at;
+        if (std::isupper(static_cast<unsigned char>(name[at])) != 0) {
+            break;
+        }
+    }
+    return name.substr(at);
+}
+
+/// Of short ones every two are near.
+std::size_t wordDistance(std::string_view a, std::string_view b) {
+    constexpr std::size_t shortest = 4;
+    return std::min(a.size(), b.size()) < shortest ? shortest : editDistance(a, b);
+}
+
+/// Keeps the name when it is nearer than the best so far.
+struct Best {
+    std::optional<std::string> name;
+    std::size_t distance;
+
+    void consider(std::size_t other, const std::string& candidate) {
+        if (other < distance) {
+            distance = other;
+            name = candidate;
+        }
+    }
+};
+
 } // namespace
 
-std::string suggestion(std::string_view wanted, const std::vector<std::string>& known) {
+std::optional<std::string> nearestName(std::string_view wanted, const std::vector<std::string>& known) {
     // Longer texts are not names; comparing them would cost more than the hint is worth.
     constexpr std::size_t longest = 200;
-    const std::string* nearest = nullptr;
-    std::size_t best = std::max<std::size_t>(2, wanted.size() / 3) + 1;
+    Best whole{std::nullopt, std::max<std::size_t>(2, wanted.size() / 3) + 1};
+    Best word{std::nullopt, 2};
     for (const std::string& name : known) {
         if (wanted.size() > longest || name.size() > longest) {
             continue;
         }
         const std::size_t distance = editDistance(wanted, name);
-        if (distance < best && distance < std::max(wanted.size(), name.size())) {
-            best = distance;
-            nearest = &name;
+        if (distance < std::max(wanted.size(), name.size())) {
+            whole.consider(distance, name);
         }
+        word.consider(wordDistance(wanted, lastWord(name)), name);
+        word.consider(wordDistance(lastWord(wanted), name), name);
     }
-    return nearest == nullptr ? "" : "; did you mean " + *nearest + "?";
+    return whole.name ? whole.name : word.name;
+}
+
+std::string suggestion(std::string_view wanted, const std::vector<std::string>& known) {
+    const std::optional<std::string> nearest = nearestName(wanted, known);
+    return nearest ? "; did you mean " + *nearest + "?" : "";
 }

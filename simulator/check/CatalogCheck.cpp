@@ -72,9 +72,10 @@ void checkJSON(const fs::path& file, Findings& findings) {
     if (!text) {
         return; // that is told when the set is read
     }
-    const TextPlaces places(text.value());
-    for (const JSONSlip& slip : readTolerantly(text.value()).slips) {
-        findings.push_back(findingOf("catalog.set", file.string(), places.at(slip.offset), slip.what));
+    Slips slips;
+    static_cast<void>(readTolerantly(text.value(), slips));
+    for (Finding& slip : slips.findings(TextPlaces(text.value()), file.string())) {
+        findings.push_back(findingOf("catalog.set", slip.path, slip.place, std::move(slip.what)));
     }
 }
 

@@ -1,8 +1,8 @@
 #include "simulator/check/FindingsReport.h"
 
 #include "platform/foundation/FileReading.h"
+#include "platform/foundation/TextPlaces.h"
 #include "simulator/check/Rules.h"
-#include "simulator/check/TolerantJSON.h"
 
 #include <boost/json.hpp>
 #include <utf8proc.h>
@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -42,24 +43,31 @@ std::string escapedByte(unsigned code) {
     return text.data();
 }
 
-std::vector<Glyph> glyphsOf(std::string_view text) {
+/// Reads the character at `at`, and steps behind it; a byte that is no UTF-8 is one, too, with a negative code.
+utf8proc_int32_t nextCharacter(std::string_view text, std::size_t& at) {
+    utf8proc_int32_t code = -1;
+    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data() + at);
+    const utf8proc_ssize_t length = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size() - at), &code);
+    at += length > 0 ? static_cast<std::size_t>(length) : 1;
+    return code;
+}
+
+/// At most so many characters.
+std::vector<Glyph> glyphsOf(std::string_view text, std::size_t most = std::string_view::npos) {
     std::vector<Glyph> glyphs;
-    for (std::size_t at = 0; at < text.size();) {
-        utf8proc_int32_t code = 0;
-        const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data() + at);
-        const utf8proc_ssize_t length = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size() - at), &code);
-        const bool isControl = length > 0 && (code < 0x20 || (code >= 0x7F && code < 0xA0));
-        if (length <= 0) {
+    for (std::size_t at = 0; at < text.size() && glyphs.size() < most;) {
+        const std::size_t begin = at;
+        const utf8proc_int32_t code = nextCharacter(text, at);
+        if (code < 0) {
             glyphs.push_back({"\xEF\xBF\xBD", 1});
         } else if (code == '\t') {
             glyphs.push_back({" ", 1});
-        } else if (isControl) {
+        } else if (code < 0x20 || (code >= 0x7F && code < 0xA0)) {
             glyphs.push_back({escapedByte(static_cast<unsigned>(code)), 4});
         } else {
-            glyphs.push_back({std::string(text.substr(at, static_cast<std::size_t>(length))),
+            glyphs.push_back({std::string(text.substr(begin, at - begin)),
                               static_cast<std::size_t>(std::max(utf8proc_charwidth(code), 0))});
         }
-        at += length > 0 ? static_cast<std::size_t>(length) : 1;
     }
     return glyphs;
 }
@@ -71,30 +79,18 @@ public:
     std::string_view lineOf(const std::string& path, int line) {
         if (path != m_path) {
             m_path = path;
-            m_text = readWholeFile(path);
-            m_starts = {0};
-            for (std::size_t at = text().find('\n'); at != std::string::npos; at = text().find('\n', at + 1)) {
-                m_starts.push_back(at + 1);
-            }
+            const Result<std::string> text = readWholeFile(path);
+            m_text = text ? text.value() : "";
+            constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF"; // counts for nothing in a place
+            m_places.emplace(std::string_view(m_text).substr(m_text.starts_with(byteOrderMark) ? 3 : 0));
         }
-        const auto index = static_cast<std::size_t>(line - 1);
-        if (index >= m_starts.size()) {
-            return {};
-        }
-        std::string_view rest = std::string_view(text()).substr(m_starts[index]);
-        rest = rest.substr(0, rest.find('\n'));
-        return rest.substr(0, rest.find_last_not_of('\r') + 1);
+        return m_places->lineText(line);
     }
 
 private:
-    [[nodiscard]] const std::string& text() const {
-        static const std::string none;
-        return m_text ? m_text.value() : none;
-    }
-
     std::string m_path;
-    Result<std::string> m_text = Failure{"nothing was read"};
-    std::vector<std::size_t> m_starts;
+    std::string m_text;
+    std::optional<TextPlaces> m_places;
 };
 
 class TextWriter {
@@ -133,13 +129,13 @@ private:
         if (line.empty()) {
             return;
         }
-        constexpr std::size_t longest = 100000; // bytes; a place further on is told without its line
-        const std::vector<Glyph> glyphs = glyphsOf(line.substr(0, longest));
-        const auto caret = static_cast<std::size_t>(finding.place->column - 1);
-        if (caret > glyphs.size()) {
-            return;
-        }
         const std::size_t room = std::max<std::size_t>(m_style.columns, 24) - 6; // the margin, "…" at both ends
+        auto caret = static_cast<std::size_t>(finding.place->column - 1);
+        std::size_t start = 0; // of what is looked at: little of a line that is a megabyte long
+        for (; caret > room && start < line.size(); --caret) {
+            static_cast<void>(nextCharacter(line, start));
+        }
+        const std::vector<Glyph> glyphs = glyphsOf(line.substr(start), 2 * room);
         std::size_t begin = 0;
         while (columnsOf(glyphs, begin, caret) > room * 2 / 3) {
             ++begin;
@@ -148,12 +144,13 @@ private:
         while (end < glyphs.size() && columnsOf(glyphs, begin, end + 1) <= room) {
             ++end;
         }
-        m_text += std::string("  ") + (begin > 0 ? "…" : "");
+        const bool isCut = start + begin > 0;
+        m_text += std::string("  ") + (isCut ? "…" : "");
         for (std::size_t i = begin; i < end; ++i) {
             m_text += glyphs[i].bytes;
         }
         m_text += end < glyphs.size() ? "…\n" : "\n";
-        m_text += std::string(2 + (begin > 0 ? 1 : 0) + columnsOf(glyphs, begin, caret), ' ');
+        m_text += std::string(2 + (isCut ? 1 : 0) + columnsOf(glyphs, begin, caret), ' ');
         paint("1;32", "^");
         m_text += '\n';
     }

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Finding.h"
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -14,7 +15,7 @@ struct Rule {
     std::string_view example; // a finding
 };
 
-[[nodiscard]] const std::vector<Rule>& rules();
+[[nodiscard]] std::span<const Rule> rules();
 /// Null when there is none of that name.
 [[nodiscard]] const Rule* ruleNamed(std::string_view id);
 

@@ -98,9 +98,9 @@ public:
         const std::string_view tag = m_text.substr(m_begin, m_end - m_begin);
         return !isEnd() && !tag.starts_with("<!") && !tag.starts_with("<?") && !tag.ends_with("/>");
     }
-    [[nodiscard]] std::string name() const {
+    [[nodiscard]] std::string_view name() const {
         const std::size_t start = m_begin + (isEnd() ? 2 : 1);
-        return std::string(m_text.substr(start, m_text.find_first_of(" \t\r\n/>", start) - start));
+        return m_text.substr(start, m_text.find_first_of(" \t\r\n/>", start) - start);
     }
     [[nodiscard]] std::optional<Failure> fault() const { return m_fault; }
 
@@ -144,15 +144,17 @@ private:
 };
 
 struct OpenElement {
-    std::string name;
+    std::string_view name;
     std::size_t begin;
+
+    [[nodiscard]] std::string tag() const { return "<" + std::string(name) + ">"; }
 };
 
 /// An end tag that closes another element than the one that was opened last.
 Failure wrongEnd(std::string_view text, const TagWalk& end, const std::vector<OpenElement>& open) {
     const TextPlaces places(text);
     const auto lineOf = [&](std::size_t offset) { return " in line " + std::to_string(places.at(offset).line); };
-    const std::string tag = "</" + end.name() + ">";
+    const std::string tag = "</" + std::string(end.name()) + ">";
     if (open.empty()) {
         return {tag + " closes nothing", places.at(end.begin())};
     }
@@ -160,10 +162,10 @@ Failure wrongEnd(std::string_view text, const TagWalk& end, const std::vector<Op
     const bool closesOther =
         std::any_of(open.begin(), open.end(), [&](const OpenElement& each) { return each.name == end.name(); });
     if (closesOther) {
-        return {"<" + last.name + "> is not closed; " + tag + lineOf(end.begin()) + " closes what is around it",
+        return {last.tag() + " is not closed; " + tag + lineOf(end.begin()) + " closes what is around it",
                 places.at(last.begin)};
     }
-    return {tag + " closes nothing; <" + last.name + ">" + lineOf(last.begin) + " is to be closed first",
+    return {tag + " closes nothing; " + last.tag() + lineOf(last.begin) + " is to be closed first",
             places.at(end.begin())};
 }
 
@@ -181,7 +183,7 @@ std::optional<Failure> faultOfTags(std::string_view text) {
         }
     }
     if (!walk.fault() && !open.empty()) {
-        return Failure{"<" + open.back().name + "> is not closed before the file ends",
+        return Failure{open.back().tag() + " is not closed before the file ends",
                        TextPlaces(text).at(open.back().begin)};
     }
     return walk.fault();

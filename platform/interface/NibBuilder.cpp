@@ -96,8 +96,9 @@ std::shared_ptr<NSObject> NibBuilder::makeAlone(const InterfaceElement& element)
 
 /// Values that the class did not ask for; nil changes nothing, and some are for the editor.
 void NibBuilder::tellUnread(const InterfaceElement& element, const ObjectClass& objectClass) {
-    static constexpr std::array<std::string_view, 8> values{"color",      "fontDescription", "size",   "inset",
-                                                            "edgeInsets", "state",           "string", "mutableString"};
+    static constexpr std::array<std::string_view, 11> values{
+        "color", "fontDescription",  "size",         "inset", "edgeInsets", "state", "string", "mutableString",
+        "rect",  "autoresizingMask", "accessibility"};
     for (const InterfaceElement& child : element.children) {
         const std::string key(child.value("key"));
         const bool isValue = std::find(values.begin(), values.end(), child.name) != values.end();

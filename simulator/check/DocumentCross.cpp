@@ -83,6 +83,15 @@ private:
                      "the attribute " + inQuotes(name) + " is not known, and is passed over" +
                          suggestionInQuotes(name, known));
             }
+            checkWord(element, name, value);
+        }
+    }
+
+    void checkWord(const InterfaceElement& element, const std::string& name, const std::string& value) {
+        const std::vector<std::string> words = knownWords(element.name, name);
+        if (!words.empty() && !contains(words, value)) {
+            tell("interface.ignored", element,
+                 name + " is " + inQuotes(value) + ", which has no meaning" + suggestionInQuotes(value, words));
         }
     }
 

@@ -80,6 +80,28 @@ const std::map<std::string, std::string, std::less<>> attributeLists = {
     {"real", "key value"},
 };
 
+/// By attribute, or by element and attribute.
+const std::map<std::string, std::string> wordLists = {
+    {"buttonType", "system roundedRect custom detailDisclosure infoLight infoDark contactAdd close"},
+    {"button lineBreakMode", "tailTruncation wordWrap characterWrap middleTruncation headTruncation clip"},
+    {"contentHorizontalAlignment", "center left right fill leading trailing"},
+    {"contentVerticalAlignment", "center top bottom fill"},
+    {"baselineAdjustment", "alignBaselines alignCenters none"},
+    {"tableView style", "plain grouped insetGrouped"},
+    {"selectionStyle", "none blue gray default"},
+    {"accessoryType", "none disclosureIndicator detailDisclosureButton checkmark detailButton"},
+    {"borderStyle", "none line bezel roundedRect"},
+    {"keyboardDismissMode", "none onDrag interactive onDragWithAccessory interactiveWithAccessory"},
+    {"opaque", "YES NO"},
+    {"multipleTouchEnabled", "YES NO"},
+    {"alwaysBounceVertical", "YES NO"},
+    {"alwaysBounceHorizontal", "YES NO"},
+    {"bounces", "YES NO"},
+    {"pagingEnabled", "YES NO"},
+    {"preservesSuperviewLayoutMargins", "YES NO"},
+    {"insetsLayoutMarginsFromSafeArea", "YES NO"},
+};
+
 } // namespace
 
 const std::vector<std::string>& knownElements() {
@@ -120,4 +142,10 @@ const std::vector<std::string>& knownAttributes(std::string_view element) {
         known->second = wordsOf(list->second);
     }
     return known->second;
+}
+
+std::vector<std::string> knownWords(const std::string& element, const std::string& attribute) {
+    auto words = wordLists.find(element + " " + attribute);
+    words = words == wordLists.end() ? wordLists.find(attribute) : words;
+    return words == wordLists.end() ? std::vector<std::string>() : wordsOf(words->second);
 }

@@ -23,10 +23,6 @@ struct Question {
     const std::filesystem::path& storyboard;
 };
 
-std::string quoted(const std::string& name) {
-    return "\"" + name + "\"";
-}
-
 /// A nib of a class's name must begin with an object of that class.
 std::optional<Finding> checkNib(const Question& question) {
     const auto path = InterfaceDocument::pathIn(question.bundle, question.name, InterfaceDocument::Kind::nib);
@@ -35,7 +31,7 @@ std::optional<Finding> checkNib(const Question& question) {
     };
     std::error_code error;
     if (!std::filesystem::exists(std::filesystem::symlink_status(path, error))) {
-        return missing({}, question.asking + " asks for the nib " + quoted(question.name) + ", which is not there");
+        return missing({}, question.asking + " asks for the nib " + inQuotes(question.name) + ", which is not there");
     }
     const InterfaceDocument::Loaded loaded = InterfaceDocument::load(path);
     if (!loaded || loaded.value()->kind() != InterfaceDocument::Kind::nib) {
@@ -73,7 +69,7 @@ std::optional<Finding> checkSet(const Question& question, Kind kind) {
         return kind != Kind::textColor || followsDark(question.name)
                    ? std::nullopt
                    : std::optional(findingOf("catalog.dark", catalog, std::nullopt,
-                                             question.asking + " paints texts in " + quoted(question.name) +
+                                             question.asking + " paints texts in " + inQuotes(question.name) +
                                                  ", which has no colour for the dark appearance"));
     }
     const std::vector<std::string> known = setsOfCatalog(isImage ? ".imageset" : ".colorset");
@@ -81,7 +77,7 @@ std::optional<Finding> checkSet(const Question& question, Kind kind) {
         return std::nullopt; // that is told of the catalogue
     }
     return findingOf(isImage ? "interface.image" : "interface.color", catalog, std::nullopt,
-                     question.asking + " asks for the " + (isImage ? "image " : "colour ") + quoted(question.name) +
+                     question.asking + " asks for the " + (isImage ? "image " : "colour ") + inQuotes(question.name) +
                          ", which the catalogue lacks" + suggestionInQuotes(question.name, known));
 }
 

@@ -210,6 +210,13 @@ std::vector<std::string> setsOfCatalog(std::string_view extension) {
     return names;
 }
 
+std::vector<std::string> iconNames() {
+    std::vector<std::string> names = setsOfCatalog(".imageset");
+    std::erase_if(names, [](const std::string& name) { return !name.starts_with("icon_"); });
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 bool followsDark(std::string_view name) {
     for (const CatalogEntry& entry : catalogEntries(catalogFolder(NSBundle::mainBundle()))) {
         if (entry.name != name || entry.folder.extension() != ".colorset") {

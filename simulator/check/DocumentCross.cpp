@@ -13,10 +13,6 @@
 
 namespace {
 
-std::string inQuotes(std::string_view text) {
-    return std::string("\"").append(text).append("\"");
-}
-
 bool contains(const std::vector<std::string>& names, std::string_view name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }

@@ -5,7 +5,6 @@
 #include "platform/graphics/TextLayout.h"
 #include "platform/graphics/UIImage.h"
 #include "simulator/check/CatalogCheck.h"
-#include "simulator/check/IconNames.h"
 #include "simulator/check/ListSchema.h"
 #include "simulator/check/Rules.h"
 #include "simulator/check/TextCursor.h"
@@ -15,10 +14,6 @@
 #include <filesystem>
 
 namespace {
-
-std::string inQuotes(std::string_view text) {
-    return std::string("\"").append(text).append("\"");
-}
 
 std::string describe(const TolerantValue& value) {
     switch (value.kind) {

@@ -151,6 +151,10 @@ void nameRule(Findings& findings, std::string_view rule) {
     }
 }
 
+std::string inQuotes(std::string_view text) {
+    return std::string("\"").append(text).append("\"");
+}
+
 std::string suggestionInQuotes(std::string_view wanted, const std::vector<std::string>& known) {
     const std::optional<std::string> nearest = nearestName(wanted, known);
     return nearest ? "; did you mean \"" + *nearest + "\"?" : "";

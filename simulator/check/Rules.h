@@ -25,6 +25,7 @@ struct Rule {
 /// Says of findings without a rule that they are of this one.
 void nameRule(Findings& findings, std::string_view rule);
 
+[[nodiscard]] std::string inQuotes(std::string_view text);
 /// `; did you mean "NAME"?`, or nothing.
 [[nodiscard]] std::string suggestionInQuotes(std::string_view wanted, const std::vector<std::string>& known);
 

@@ -1,6 +1,6 @@
 #include "simulator/parlor/EditorSchemas.h"
 
-#include "simulator/check/IconNames.h"
+#include "simulator/check/CatalogCheck.h"
 #include "simulator/check/ListSchema.h"
 #include "simulator/flows/FlowTable.h"
 

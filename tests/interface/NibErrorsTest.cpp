@@ -98,13 +98,17 @@ TEST_F(NibErrors, NameConstraintsThatMakeNoSense) {
 
 TEST_F(NibErrors, AreAllToldAtOnce) {
     const std::string objects =
-        "<view hidden=\"1\"><subviews>\n<lable/>\n<view customClass=\"Nothing12345\"/></subviews>"
-        "\n<constraints><constraint firstAttribute=\"x\"/></constraints></view>";
+        "<view hidden=\"1\"><subviews>\n<lable><subviews><view id=\"x\"/></subviews></lable>\n<view "
+        "customClass=\"Nothing12345\"/></subviews>"
+        "\n<constraints><constraint firstAttribute=\"x\"/><constraint firstItem=\"x\" firstAttribute=\"top\"/>"
+        "<constraint firstItem=\"y\" firstAttribute=\"top\"/><constraint firstItem=\"y\" firstAttribute=\"left\"/>"
+        "</constraints></view>";
     EXPECT_EQ(errorsOf(instantiateObjects(objects)),
               "Test.xib:3:1: error: <view>: hidden is \"1\", YES or NO is expected\n"
               "Test.xib:4:1: error: <lable>: there are no objects of this kind here; did you mean label?\n"
               "Test.xib:5:1: error: <view>: there is no class \"Nothing12345\"\n"
-              "Test.xib:6:14: error: <constraint>: firstAttribute is \"x\", a layout attribute is expected");
+              "Test.xib:6:14: error: <constraint>: firstAttribute is \"x\", a layout attribute is expected\n"
+              "Test.xib:6:94: error: <constraint>: firstItem: no object has the id \"y\"");
 }
 
 TEST_F(NibErrors, AreNotMadeOfWhatOtherDocumentsContain) {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
+#include <tuple>
 
 namespace {
 
@@ -87,14 +88,48 @@ std::vector<ScreenElement> matching(const std::vector<ScreenElement>& elements, 
     return found.empty() ? matching(elements, selector, asPattern(selector.text), asPattern(selector.id)) : found;
 }
 
+/// The first words of a long text.
+std::string shortened(const std::string& text) {
+    constexpr std::size_t longest = 40; // bytes
+    const std::size_t end = text.size() > longest ? text.rfind(' ', longest) : std::string::npos;
+    return end == std::string::npos ? text : text.substr(0, end) + " …";
+}
+
 /// The first names from the top, with what they are called.
 std::string seen(const std::vector<std::string>& names, const std::string& kind) {
     constexpr std::size_t most = 12;
     std::string all;
     for (std::size_t i = 0; i < names.size() && i < most; ++i) {
-        all += (i == 0 ? "" : ", ") + ("'" + names[i] + "'");
+        all += (i == 0 ? "" : ", ") + ("'" + shortened(names[i]) + "'");
     }
     return all.empty() ? "; there are no " + kind : "; the " + kind + " are " + all + (names.size() > most ? " …" : "");
+}
+
+/// The names that can be seen, or are there at all.
+struct Names {
+    std::vector<std::string> texts;
+    std::vector<std::string> ids;
+
+    explicit Names(const std::vector<ScreenElement>& elements) {
+        for (const ScreenElement& element : elements) {
+            texts.insert(texts.end(), element.texts().begin(), element.texts().end());
+            if (!element.identifier().empty()) {
+                ids.push_back(element.identifier());
+            }
+        }
+    }
+};
+
+/// Why none of those that have the text and the id is the one that is meant.
+std::string whyNone(const std::vector<ScreenElement>& matches, const Selector& selector) {
+    const auto isAsWanted = [&](const ScreenElement& element) { return element.isEnabled() == selector.enabled; };
+    if (selector.enabled && std::none_of(matches.begin(), matches.end(), isAsWanted)) {
+        return *selector.enabled ? ": it is disabled" : ": it is enabled";
+    }
+    if (selector.index && static_cast<std::size_t>(*selector.index) >= matches.size()) {
+        return ": the last is number " + std::to_string(matches.size() - 1);
+    }
+    return ": it stands elsewhere";
 }
 
 } // namespace
@@ -153,9 +188,8 @@ std::string ElementSearch::insteadOf(const Selector& selector) const {
         }
     }
     const std::vector<ScreenElement> visible = select(elements(), &ScreenElement::isVisible);
-    const std::size_t matches = matching(visible, selector).size();
-    if (matches > 0) {
-        return ", but " + std::to_string(matches) + " that match but for number, state or place";
+    if (const auto matches = matching(visible, selector); !matches.empty()) {
+        return whyNone(matches, selector);
     }
     if (selector.text && selector.id) {
         const auto sameId = matching(visible, {std::nullopt, selector.id, std::nullopt});
@@ -163,19 +197,21 @@ std::string ElementSearch::insteadOf(const Selector& selector) const {
             return ": id '" + *selector.id + "' says '" + sameId.front().texts().front() + "'";
         }
     }
-    std::vector<std::string> texts;
-    std::vector<std::string> ids;
-    for (const ScreenElement& element : visible) {
-        texts.insert(texts.end(), element.texts().begin(), element.texts().end());
-        if (!element.identifier().empty()) {
-            ids.push_back(element.identifier());
-        }
-    }
+    return nearestOf(visible, selector);
+}
+
+std::string ElementSearch::nearestOf(const std::vector<ScreenElement>& visible, const Selector& selector) const {
+    const Names names(visible);
     const std::string wanted = selector.text.value_or(selector.id.value_or(""));
-    const std::vector<std::string>& others = selector.text ? ids : texts;
+    const auto& [same, others] = selector.text ? std::tie(names.texts, names.ids) : std::tie(names.ids, names.texts);
     if (std::find(others.begin(), others.end(), wanted) != others.end()) {
         return selector.text ? "; it is an id, and no text: {id: " + wanted + "}" : "; it is a text, and no id";
     }
-    const std::string nearest = suggestion(wanted, selector.text ? texts : ids);
-    return nearest.empty() ? seen(selector.text ? texts : ids, selector.text ? "texts" : "ids") : nearest;
+    const std::string nearest = suggestion(wanted, same);
+    if (!nearest.empty()) {
+        return nearest;
+    }
+    const Names all(elements());
+    const std::string hidden = suggestion(wanted, selector.text ? all.texts : all.ids);
+    return hidden.empty() ? seen(same, selector.text ? "texts" : "ids") : hidden + " It cannot be seen";
 }

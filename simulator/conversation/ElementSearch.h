@@ -26,11 +26,13 @@ public:
     /// Whether an element is meant that is there, visible or not.
     [[nodiscard]] bool exists(const Selector& selector) const;
     /// What is on the screen instead of an element that find() does not find, for messages: a text that is an id, the
-    /// text that an element with that id has, fewer of them, the nearest text or id, or all that can be seen.
+    /// text that an element with that id has, why none of those that match is meant, the nearest text or id, or all
+    /// that can be seen.
     [[nodiscard]] std::string insteadOf(const Selector& selector) const;
 
 private:
     [[nodiscard]] std::vector<ScreenElement> elements() const;
+    [[nodiscard]] std::string nearestOf(const std::vector<ScreenElement>& visible, const Selector& selector) const;
 
     UIWindow& m_window;
 };

@@ -1,5 +1,6 @@
 #include "platform/foundation/FileReading.h"
 #include "platform/foundation/NSURL.h"
+#include "platform/foundation/Nearest.h"
 #include "simulator/conversation/ViewTree.h"
 #include "simulator/flows/FlowPlayer.h"
 #include "simulator/flows/FlowTable.h"
@@ -30,7 +31,12 @@ std::optional<Failure> compareItem(const NSURLComponents& link, const std::strin
             return expect(found == expected, "the link's " + name + " is '" + found + "', not '" + expected + "'");
         }
     }
-    return Failure{"the link has no item '" + name + "'"};
+    std::vector<std::string> names;
+    for (const NSURLQueryItem& item : link.queryItems) {
+        names.push_back(item.name);
+    }
+    return Failure{"the link has no item '" + name + "'" + suggestion(name, names) +
+                   "; its items are:" + inLines(names)};
 }
 
 /// Compares the next link that was opened.
@@ -132,45 +138,47 @@ FlowAction makeAssertStyleRequests(const FlowValue& value) {
     };
 }
 
+const FlowCommands commands{
+    {"assertVisible",
+     {{FlowType::name}},
+     selectorKeys(),
+     "an element is on the screen, or appears within seven seconds",
+     {"assertVisible: Slow Burn", "assertVisible: {id: lblDropDown, text: Adult (18+)}"},
+     makeAssertVisible},
+    {"assertNotVisible",
+     {{FlowType::name}},
+     selectorKeys(),
+     "none is, or it goes within seven seconds",
+     {"assertNotVisible: Warm-Up Round"},
+     makeAssertNotVisible},
+    {"assertLink",
+     {{FlowType::name}, {FlowType::values}},
+     {},
+     "the next link that was opened, whole or by decoded items",
+     {"assertLink: {sectionItem: Hold My Gaze}"},
+     makeAssertLink},
+    {"assertDebug",
+     {{FlowType::texts}},
+     {},
+     "all debug lines since the last `assertDebug`",
+     {"assertDebug: [willBecomeActive]"},
+     makeAssertDebug},
+    {"assertTree",
+     {{FlowType::name}},
+     {},
+     "the view tree is that of the golden file beside the flow",
+     {"assertTree: tree.txt"},
+     makeAssertTree},
+    {"assertStyleRequests",
+     {{FlowType::number}},
+     {},
+     "how often the extension has asked for a presentation",
+     {"assertStyleRequests: 1"},
+     makeAssertStyleRequests},
+};
+
 } // namespace
 
-FlowCommands assertCommands() {
-    return {
-        {"assertVisible",
-         {{FlowType::name}},
-         selectorKeys(),
-         "an element is on the screen, or appears within seven seconds",
-         {"assertVisible: Slow Burn", "assertVisible: {id: lblDropDown, text: Adult (18+)}"},
-         makeAssertVisible},
-        {"assertNotVisible",
-         {{FlowType::name}},
-         selectorKeys(),
-         "none is, or it goes within seven seconds",
-         {"assertNotVisible: Warm-Up Round"},
-         makeAssertNotVisible},
-        {"assertLink",
-         {{FlowType::name}, {FlowType::values}},
-         {},
-         "the next link that was opened, whole or by decoded items",
-         {"assertLink: {sectionItem: Hold My Gaze}"},
-         makeAssertLink},
-        {"assertDebug",
-         {{FlowType::texts}},
-         {},
-         "all debug lines since the last `assertDebug`",
-         {"assertDebug: [willBecomeActive]"},
-         makeAssertDebug},
-        {"assertTree",
-         {{FlowType::name}},
-         {},
-         "the view tree is that of the golden file beside the flow",
-         {"assertTree: tree.txt"},
-         makeAssertTree},
-        {"assertStyleRequests",
-         {{FlowType::number}},
-         {},
-         "how often the extension has asked for a presentation",
-         {"assertStyleRequests: 1"},
-         makeAssertStyleRequests},
-    };
+const FlowCommands& assertCommands() {
+    return commands;
 }

@@ -82,32 +82,34 @@ FlowAction makeRunFlow(const FlowValue& value) {
     };
 }
 
+const FlowCommands commands{
+    {"extendedWaitUntil",
+     {},
+     joined(conditionKeys(), {{"timeout", {FlowType::number}, "virtual milliseconds, 7000 when left out"}}),
+     "waits until something is on the screen or gone",
+     {"extendedWaitUntil: {visible: Slow Burn, timeout: 10000}"},
+     makeExtendedWaitUntil},
+    {"repeat",
+     {},
+     {{"times", {FlowType::number}, "at most so often"},
+      {"while", {FlowType::condition}, "as long as this holds"},
+      {"commands", {FlowType::commands}, "what is repeated", FlowNeed::required}},
+     "plays commands several times, until one of them fails",
+     {"repeat: {times: 3, commands: [scroll]}", "repeat: {while: {notVisible: Aftercare}, commands: [scroll]}"},
+     makeRepeat},
+    {"runFlow",
+     {{FlowType::name}},
+     {{"file", {FlowType::name}, "a flow, beside this one"},
+      {"commands", {FlowType::commands}, "what is played in place of a file"},
+      {"when", {FlowType::condition}, "plays only when this holds"},
+      {"env", {FlowType::values}, "names for that flow, before its own"}},
+     "plays the commands of another flow; of its settings only `env` counts",
+     {"runFlow: typical-road.yaml", "runFlow: {when: {visible: Slow Burn}, commands: [scroll]}"},
+     makeRunFlow},
+};
+
 } // namespace
 
-FlowCommands controlCommands() {
-    return {
-        {"extendedWaitUntil",
-         {},
-         joined(conditionKeys(), {{"timeout", {FlowType::number}, "virtual milliseconds, 7000 when left out"}}),
-         "waits until something is on the screen or gone",
-         {"extendedWaitUntil: {visible: Slow Burn, timeout: 10000}"},
-         makeExtendedWaitUntil},
-        {"repeat",
-         {},
-         {{"times", {FlowType::number}, "at most so often"},
-          {"while", {FlowType::condition}, "as long as this holds"},
-          {"commands", {FlowType::commands}, "what is repeated", FlowNeed::required}},
-         "plays commands several times, until one of them fails",
-         {"repeat: {times: 3, commands: [scroll]}", "repeat: {while: {notVisible: Aftercare}, commands: [scroll]}"},
-         makeRepeat},
-        {"runFlow",
-         {{FlowType::name}},
-         {{"file", {FlowType::name}, "a flow, beside this one"},
-          {"commands", {FlowType::commands}, "what is played in place of a file"},
-          {"when", {FlowType::condition}, "plays only when this holds"},
-          {"env", {FlowType::values}, "names for that flow, before its own"}},
-         "plays the commands of another flow; of its settings only `env` counts",
-         {"runFlow: typical-road.yaml", "runFlow: {when: {visible: Slow Burn}, commands: [scroll]}"},
-         makeRunFlow},
-    };
+const FlowCommands& controlCommands() {
+    return commands;
 }

@@ -143,7 +143,7 @@ Failure FlowPlayer::unwanted(const Selector& selector) {
 }
 
 Failure FlowPlayer::notOpened() {
-    return {"the extension has not been opened yet; begin with launchApp or openBubble"};
+    return {"the extension is not open; launchApp or openBubble opens it"};
 }
 
 std::optional<NSURL> FlowPlayer::nextLink() {

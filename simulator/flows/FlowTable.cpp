@@ -1,73 +1,70 @@
 #include "simulator/flows/FlowTable.h"
 
+#include <algorithm>
+#include <iterator>
+#include <map>
+
 FlowKeys joined(FlowKeys keys, const FlowKeys& more) {
     keys.insert(keys.end(), more.begin(), more.end());
     return keys;
 }
 
-std::string FlowForm::describe() const {
-    switch (type) {
-    case FlowType::nothing:
-        return "nothing";
-    case FlowType::text:
-        return "a text";
-    case FlowType::name:
-        return "a text that is not empty";
-    case FlowType::number:
-        return "a whole number from 0 to " + std::to_string(greatestNumber);
-    case FlowType::truth:
-        return "true or false";
-    case FlowType::word: {
-        std::string all;
-        for (const std::string& word : words) {
-            all += (all.empty() ? "" : ", ") + word;
-        }
-        return words.size() > 1 ? "one of " + all : all;
-    }
-    case FlowType::point:
-        return R"(a point such as "120,40" or "50%,80%")";
-    case FlowType::points:
-        return "a list of points";
-    case FlowType::texts:
-        return "a text or a list of texts";
-    case FlowType::link:
-        return "a link";
-    case FlowType::person:
-        return "a person of the conversation";
-    case FlowType::device:
-        return "a device";
-    case FlowType::picture:
-        return "the name of a picture";
-    case FlowType::file:
-        return "the name of a file beside the flow";
-    case FlowType::selector:
-        return "the text of an element or a map with its text or id";
-    case FlowType::condition:
-        return "a map with 'visible' or 'notVisible'";
-    case FlowType::values:
-        return "a map of names and texts";
-    case FlowType::resources:
-        return "a map with 'name' and 'file' or a list of such maps";
-    case FlowType::commands:
-        return "a list of commands";
-    }
-    return "";
+const FlowShape& shapeOf(FlowType type) {
+    static const std::map<FlowType, FlowShape> shapes{
+        {FlowType::nothing, {"nothing", aNothing}},
+        {FlowType::text, {"a text", aText}},
+        {FlowType::name, {"a text that is not empty", aText}},
+        {FlowType::number, {"a whole number from 0 to " + std::to_string(greatestNumber), aText}},
+        {FlowType::truth, {"true or false", aText}},
+        {FlowType::word, {"one of ", aText}},
+        {FlowType::point, {R"(a point such as "120,40" or "50%,80%")", aText}},
+        {FlowType::points, {"a list of points, two at least,", aList, FlowType::point, 2}},
+        {FlowType::texts, {"a text or a list of texts", aText | aList, FlowType::text}},
+        {FlowType::link, {"a link", aText}},
+        {FlowType::person, {"a person of the conversation", aText}},
+        {FlowType::device, {"a device", aText}},
+        {FlowType::picture, {"the name of a picture", aText}},
+        {FlowType::file, {"the name of a file beside the flow", aText}},
+        {FlowType::selector,
+         {"the text of an element or a map with its text or id", aText | aMap, {}, 0, selectorKeys}},
+        {FlowType::condition, {"a map with 'visible' or 'notVisible'", aMap, {}, 0, conditionKeys}},
+        {FlowType::values, {"a map of names and texts", aMap}},
+        {FlowType::resource, {"a map with 'name' and 'file'", aMap, {}, 0, resourceKeys}},
+        {FlowType::resources,
+         {"a map with 'name' and 'file' or a list of such maps", aMap | aList, FlowType::resource, 0, resourceKeys}},
+        {FlowType::commands, {"a list of commands", aList}},
+    };
+    return shapes.at(type);
 }
+
+std::string FlowForm::describe() const {
+    std::string all = words.size() == 1 ? "" : shapeOf(type).words;
+    for (const std::string& word : words) {
+        all += (&word == &words.front() ? "" : ", ") + word;
+    }
+    return all;
+}
+
+namespace {
+
+/// Every command that may have a map has these, too.
+FlowCommand withCommonKeys(FlowCommand command) {
+    const bool takesNothing = !command.values.empty() && command.values.front().type == FlowType::nothing;
+    if (!command.options.empty() || takesNothing) {
+        command.options.push_back({"label", {FlowType::name}, "what messages call it"});
+        command.options.push_back({"optional", {FlowType::truth}, "true: when it fails, the flow does not"});
+    }
+    return command;
+}
+
+} // namespace
 
 const FlowCommands& flowCommands() {
     static const FlowCommands all = [] {
-        // Every command that may have a map has these, too.
-        const FlowKeys common{{"label", {FlowType::name}, "what messages call it"},
-                              {"optional", {FlowType::truth}, "true: when it fails, the flow does not"}};
         FlowCommands commands;
-        for (FlowCommands (*part)() : {hostCommands, touchCommands, assertCommands, pictureCommands, controlCommands}) {
-            for (FlowCommand& command : part()) {
-                const bool takesNothing = !command.values.empty() && command.values.front().type == FlowType::nothing;
-                if (!command.options.empty() || takesNothing) {
-                    command.options = joined(std::move(command.options), common);
-                }
-                commands.push_back(std::move(command));
-            }
+        for (const FlowCommands& (*part)() :
+             {hostCommands, touchCommands, assertCommands, pictureCommands, controlCommands}) {
+            std::transform(part().begin(), part().end(), std::back_inserter(commands), withCommonKeys);
         }
         return commands;
     }();

@@ -23,6 +23,7 @@ enum class FlowType {
     selector,  // a text, or a map of selectorKeys()
     condition, // a map of conditionKeys()
     values,    // a map of names of the author's own to texts
+    resource,  // a map of resourceKeys()
     resources, // a map of resourceKeys(), or a list of them
     commands,  // a list of commands
 };
@@ -50,6 +51,19 @@ struct FlowKey {
 
 using FlowKeys = std::vector<FlowKey>;
 
+/// What values of one type are made of.
+struct FlowShape {
+    std::string words;                   // "a list of points", for messages and documents
+    unsigned kinds;                      // which nodes they can be: some of FlowKinds
+    std::optional<FlowType> items{};     // of a list; absent: they are read one by one
+    std::size_t fewestItems = 0;         // of a list
+    const FlowKeys& (*keys)() = nullptr; // of a map; null: of the author's own, for texts
+};
+
+enum FlowKinds : unsigned { aNothing = 1, aText = 2, aList = 4, aMap = 8 };
+
+[[nodiscard]] const FlowShape& shapeOf(FlowType type);
+
 /// A command: what may be written behind its name (one of `values`, or a map of `options` unless there are none), and
 /// how that becomes an action. Making adds findings for what the forms cannot tell; the action is then never run.
 struct FlowCommand {
@@ -71,11 +85,11 @@ using FlowCommands = std::vector<FlowCommand>;
 [[nodiscard]] const FlowKeys& resourceKeys();
 
 // The parts of flowCommands(); each stands at the end of the source that makes its actions.
-[[nodiscard]] FlowCommands hostCommands();    // what the host does
-[[nodiscard]] FlowCommands touchCommands();   // what the player's finger and keyboard do
-[[nodiscard]] FlowCommands assertCommands();  // what must then be so
-[[nodiscard]] FlowCommands pictureCommands(); // what it looks like
-[[nodiscard]] FlowCommands controlCommands(); // which commands are played, and how often
+[[nodiscard]] const FlowCommands& hostCommands();    // what the host does
+[[nodiscard]] const FlowCommands& touchCommands();   // what the player's finger and keyboard do
+[[nodiscard]] const FlowCommands& assertCommands();  // what must then be so
+[[nodiscard]] const FlowCommands& pictureCommands(); // what it looks like
+[[nodiscard]] const FlowCommands& controlCommands(); // which commands are played, and how often
 
 /// takeScreenshot, for commands in whose midst a picture is taken.
 [[nodiscard]] FlowAction makeTakeScreenshot(const FlowValue& value);

@@ -77,6 +77,60 @@ std::vector<std::string> namesOf(const FlowKeys& keys) {
     return names;
 }
 
+/// A point as it is written; absent when the text is none.
+std::optional<FlowPoint> pointIn(const std::string& text) {
+    const char* rest = text.c_str();
+    const double x = takeCoordinate(rest);
+    const bool relative = takeCharacter(rest, '%');
+    const bool hasComma = takeCharacter(rest, ',');
+    const double y = takeCoordinate(rest);
+    const bool isWhole = takeCharacter(rest, '%') == relative && *rest == '\0';
+    const bool isPoint = hasComma && isWhole && std::isfinite(x) && std::isfinite(y);
+    return isPoint ? std::optional(FlowPoint{x, y, relative}) : std::nullopt;
+}
+
+std::string expected(const FlowForm& form) {
+    return form.describe() + " is expected here";
+}
+
+std::string problemOfWord(const std::string& word, const FlowForm& form, const FlowReading&) {
+    const bool isKnown = std::find(form.words.begin(), form.words.end(), word) != form.words.end();
+    return isKnown ? "" : "'" + word + "' is not " + form.describe() + suggestion(word, form.words);
+}
+
+std::string problemOfDevice(const std::string& name, const FlowForm&, const FlowReading&) {
+    const Result<Device> device = deviceNamed(name);
+    return device ? "" : device.failure().what;
+}
+
+std::string problemOfFile(const std::string& name, const FlowForm&, const FlowReading& reading) {
+    std::error_code error;
+    return fs::exists(reading.besideIt(name), error) ? "" : "there is no file " + reading.besideIt(name);
+}
+
+/// What keeps a text that is not empty from being of a form; empty when nothing does.
+std::string problemOf(const std::string& text, const FlowForm& form, const FlowReading& reading) {
+    using Check = std::string (*)(const std::string&, const FlowForm&, const FlowReading&);
+    static const std::map<FlowType, Check> checks{
+        {FlowType::number, [](auto& number, auto& type, auto&) { return numberIn(number) < 0 ? expected(type) : ""; }},
+        {FlowType::truth,
+         [](auto& truth, auto& type, auto&) -> std::string {
+             return truth == "true" || truth == "false" ? "" : expected(type);
+         }},
+        {FlowType::point, [](auto& point, auto& type, auto&) { return pointIn(point) ? "" : expected(type); }},
+        {FlowType::link,
+         [](auto& link, auto&, auto&) -> std::string {
+             return NSURL::URLWithString(link) ? "" : "'" + link + "' is not a link";
+         }},
+        {FlowType::picture, [](auto& name, auto&, auto&) { return problemOfPictureName(name); }},
+        {FlowType::word, problemOfWord},
+        {FlowType::device, problemOfDevice},
+        {FlowType::file, problemOfFile},
+    };
+    const auto check = checks.find(form.type);
+    return check == checks.end() ? "" : check->second(text, form, reading);
+}
+
 } // namespace
 
 CGPoint FlowPoint::in(CGSize window) const {
@@ -95,44 +149,24 @@ bool FlowValue::check(const std::vector<FlowForm>& forms, const FlowKeys& keys) 
     if (isMap() && !keys.empty()) {
         return checkKeys(keys);
     }
-    std::string expected;
+    static const std::map<FlowNode::Kind, FlowKinds> kinds{{FlowNode::Kind::nothing, aNothing},
+                                                           {FlowNode::Kind::text, aText},
+                                                           {FlowNode::Kind::list, aList},
+                                                           {FlowNode::Kind::map, aMap}};
+    std::string all;
     for (const FlowForm& form : forms) {
-        if (isOf(form.type)) {
+        if ((shapeOf(form.type).kinds & kinds.at(m_node->kind)) != 0) {
             return checkInside(form);
         }
-        expected += (expected.empty() ? "" : " or ") + form.describe();
+        all += (all.empty() ? "" : " or ") + form.describe();
     }
-    complain((expected.empty() ? "a map" : expected) + " is expected here");
+    const bool canBeNothing = !forms.empty() && forms.front().type == FlowType::nothing;
+    if (!keys.empty() && !canBeNothing) {
+        all += (all.empty() ? "" : " or ") + ("a map with '" + std::string(keys.front().name) + "'") +
+               (keys.size() > 1 ? " or other keys" : "");
+    }
+    complain(all + " is expected here");
     return false;
-}
-
-bool FlowValue::isOf(FlowType type) const {
-    switch (type) {
-    case FlowType::nothing:
-        return isNothing();
-    case FlowType::commands:
-    case FlowType::points:
-        return isList();
-    case FlowType::texts:
-        return isText() || isList();
-    case FlowType::selector:
-        return isText() || isMap();
-    case FlowType::condition:
-    case FlowType::values:
-        return isMap();
-    case FlowType::resources:
-        return isMap() || isList();
-    default:
-        return isText();
-    }
-}
-
-bool FlowValue::checkAll(FlowType type) const {
-    bool isGood = true;
-    for (const FlowValue& item : list()) {
-        isGood = item.check({{type}}) && isGood;
-    }
-    return isGood;
 }
 
 bool FlowValue::checkKeys(const FlowKeys& keys) const {
@@ -156,98 +190,49 @@ bool FlowValue::checkKeys(const FlowKeys& keys) const {
 }
 
 bool FlowValue::checkInside(const FlowForm& form) const {
-    switch (form.type) {
-    case FlowType::nothing:
-    case FlowType::commands: // are read one by one
-        return true;
-    case FlowType::points:
-        if (m_node->items.size() < 2) {
-            complain("two points at least are needed here");
-            return false;
-        }
-        return checkAll(FlowType::point);
-    case FlowType::texts:
-        return isList() ? checkAll(FlowType::text) : check({{FlowType::text}});
-    case FlowType::values:
-        return std::all_of(m_node->entries.begin(), m_node->entries.end(), [this](const FlowEntry& entry) {
-            const FlowValue value(entry.value, *m_reading);
-            return value.isNothing() || value.check({{FlowType::text}});
-        });
-    case FlowType::resources: {
-        bool isGood = true;
-        for (const FlowValue& item : list()) {
-            isGood = item.check({}, resourceKeys()) && isGood;
-        }
-        return isGood;
+    const FlowShape& shape = shapeOf(form.type);
+    bool isGood = true;
+    if (isText()) {
+        isGood = checkText(form);
+    } else if (isMap() && shape.keys != nullptr) {
+        isGood = checkKeys(shape.keys());
+    } else if (isList() && m_node->items.size() < shape.fewestItems) {
+        complain(expected(form));
+        isGood = false;
     }
-    case FlowType::condition:
-        return checkKeys(conditionKeys());
-    case FlowType::selector:
-        if (isMap()) {
-            return checkKeys(selectorKeys());
+    if (shape.items) {
+        for (const FlowNode& item : m_node->items) {
+            isGood = FlowValue(item, *m_reading).check({{*shape.items}}) && isGood;
         }
-        [[fallthrough]];
-    default:
-        const std::string problem = problemOfText(form);
-        if (!problem.empty()) {
-            complain(problem);
-        }
-        return problem.empty();
     }
+    if (shape.keys == nullptr) {
+        for (const FlowEntry& entry : m_node->entries) {
+            isGood = FlowValue(entry.value, *m_reading).check({{FlowType::text}, {FlowType::nothing}}) && isGood;
+        }
+    }
+    return isGood;
 }
 
-std::string FlowValue::problemOfText(const FlowForm& form) const {
+bool FlowValue::checkText(const FlowForm& form) const {
+    const bool canBeEmpty = form.type == FlowType::text || form.type == FlowType::texts;
     std::string unknown;
     const std::string text = replaceNames(m_node->text, m_reading->env, unknown);
+    std::string problem = text.empty() && !canBeEmpty ? expected(form) : problemOf(text, form, *m_reading);
     if (!unknown.empty()) {
         std::vector<std::string> names;
         for (const auto& [name, value] : m_reading->env) {
             names.push_back(name);
         }
-        return "nothing is called '" + unknown + "' in env" + suggestion(unknown, names);
+        problem = "nothing is called '" + unknown + "' in env" + suggestion(unknown, names);
     }
-    const auto expected = [&](bool isSo) { return isSo ? "" : form.describe() + " is expected here"; };
-    switch (form.type) {
-    case FlowType::text:
-        return "";
-    case FlowType::number:
-        return expected(numberIn(text) >= 0);
-    case FlowType::truth:
-        return expected(text == "true" || text == "false");
-    case FlowType::point:
-        return expected(pointIfAny().has_value());
-    case FlowType::word:
-        return std::find(form.words.begin(), form.words.end(), text) != form.words.end()
-                   ? ""
-                   : "'" + text + "' is not " + form.describe() + suggestion(text, form.words);
-    default:
-        break;
+    const std::vector<std::string>& people = m_reading->participants;
+    if (!problem.empty()) {
+        complain(problem);
+    } else if (form.type == FlowType::person && text != "me" &&
+               std::find(people.begin(), people.end(), text) == people.end()) {
+        complain("'" + text + "' is not in the conversation" + suggestion(text, people), Severity::warning);
     }
-    if (text.empty()) {
-        return "this text must not be empty";
-    }
-    std::error_code error;
-    switch (form.type) {
-    case FlowType::link:
-        return NSURL::URLWithString(text) ? "" : "'" + text + "' is not a link";
-    case FlowType::picture:
-        return problemOfPictureName(text);
-    case FlowType::file:
-        return fs::exists(m_reading->besideIt(text), error) ? "" : "there is no file " + m_reading->besideIt(text);
-    case FlowType::device: {
-        const Result<Device> device = deviceNamed(text);
-        return device ? "" : device.failure().what;
-    }
-    case FlowType::person: {
-        const std::vector<std::string>& people = m_reading->participants;
-        if (text != "me" && std::find(people.begin(), people.end(), text) == people.end()) {
-            complain("'" + text + "' is not in the conversation" + suggestion(text, people), Severity::warning);
-        }
-        return "";
-    }
-    default:
-        return "";
-    }
+    return problem.empty();
 }
 
 std::string FlowValue::text() const {
@@ -259,20 +244,8 @@ int FlowValue::number() const {
     return numberIn(text());
 }
 
-std::optional<FlowPoint> FlowValue::pointIfAny() const {
-    const std::string written = text();
-    const char* rest = written.c_str();
-    const double x = takeCoordinate(rest);
-    const bool relative = takeCharacter(rest, '%');
-    const bool hasComma = takeCharacter(rest, ',');
-    const double y = takeCoordinate(rest);
-    const bool isWhole = takeCharacter(rest, '%') == relative && *rest == '\0';
-    const bool isPoint = hasComma && isWhole && std::isfinite(x) && std::isfinite(y);
-    return isPoint ? std::optional(FlowPoint{x, y, relative}) : std::nullopt;
-}
-
 FlowPoint FlowValue::point() const {
-    return pointIfAny().value_or(FlowPoint{});
+    return pointIn(text()).value_or(FlowPoint{});
 }
 
 std::vector<FlowPoint> FlowValue::points() const {

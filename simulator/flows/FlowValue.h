@@ -73,12 +73,9 @@ public:
     [[nodiscard]] std::optional<FlowValue> itselfOr(std::string_view key) const;
 
 private:
-    [[nodiscard]] bool isOf(FlowType type) const;
     [[nodiscard]] bool checkKeys(const FlowKeys& keys) const;
-    [[nodiscard]] bool checkAll(FlowType type) const;
     [[nodiscard]] bool checkInside(const FlowForm& form) const;
-    [[nodiscard]] std::string problemOfText(const FlowForm& form) const;
-    [[nodiscard]] std::optional<FlowPoint> pointIfAny() const;
+    [[nodiscard]] bool checkText(const FlowForm& form) const;
 
     const FlowNode* m_node;
     const FlowReading* m_reading;

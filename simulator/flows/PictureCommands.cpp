@@ -64,33 +64,39 @@ FlowAction makeTakeScreenshot(const FlowValue& value) {
     };
 }
 
-FlowCommands pictureCommands() {
-    const FlowKeys picture{{"path", {FlowType::picture}, "what it is called, without .png", FlowNeed::required},
-                           {"bare", {FlowType::truth}, "true: of the extension alone"}};
-    return {
-        {"takeScreenshot",
-         {{FlowType::picture}},
-         picture,
-         "a picture in the output folder",
-         {"takeScreenshot: opened", "takeScreenshot: {path: opened, bare: true}"},
-         makeTakeScreenshot},
-        {"assertScreenshot",
-         {{FlowType::picture}},
-         picture,
-         "the screen is, to the pixel, the golden picture beside the flow",
-         {"assertScreenshot: opened"},
-         makeAssertScreenshot},
-        {"setAppearance",
-         {{FlowType::word, {"light", "dark"}}},
-         {},
-         "the phone changes its appearance",
-         {"setAppearance: dark"},
-         makeSetAppearance},
-        {"setTextSize",
-         {{FlowType::word, textSizeNames()}},
-         {},
-         "the reader sets a text size",
-         {"setTextSize: accessibility1"},
-         makeSetTextSize},
-    };
+namespace {
+
+const FlowKeys picture{{"path", {FlowType::picture}, "what it is called, without .png", FlowNeed::required},
+                       {"bare", {FlowType::truth}, "true: of the extension alone"}};
+const FlowCommands commands{
+    {"takeScreenshot",
+     {{FlowType::picture}},
+     picture,
+     "a picture in the output folder",
+     {"takeScreenshot: opened", "takeScreenshot: {path: opened, bare: true}"},
+     makeTakeScreenshot},
+    {"assertScreenshot",
+     {{FlowType::picture}},
+     picture,
+     "the screen is, to the pixel, the golden picture beside the flow",
+     {"assertScreenshot: opened"},
+     makeAssertScreenshot},
+    {"setAppearance",
+     {{FlowType::word, {"light", "dark"}}},
+     {},
+     "the phone changes its appearance",
+     {"setAppearance: dark"},
+     makeSetAppearance},
+    {"setTextSize",
+     {{FlowType::word, textSizeNames()}},
+     {},
+     "the reader sets a text size",
+     {"setTextSize: accessibility1"},
+     makeSetTextSize},
+};
+
+} // namespace
+
+const FlowCommands& pictureCommands() {
+    return commands;
 }

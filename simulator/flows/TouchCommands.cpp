@@ -6,6 +6,7 @@
 #include "simulator/flows/FlowValue.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 namespace {
@@ -49,6 +50,10 @@ std::optional<Failure> tapElement(FlowPlayer& player, const Selector& selector) 
     return std::nullopt;
 }
 
+std::string inPoints(double x, const char* between, double y) {
+    return std::to_string(std::lround(x)) + between + std::to_string(std::lround(y));
+}
+
 std::optional<Failure> tapPlace(FlowPlayer& player, const FlowPoint& place) {
     if (!player.host().isOpen()) {
         return FlowPlayer::notOpened();
@@ -56,7 +61,8 @@ std::optional<Failure> tapPlace(FlowPlayer& player, const FlowPoint& place) {
     const CGRect bounds = player.host().window().bounds();
     const CGPoint point = place.in(bounds.size);
     if (!bounds.contains(point)) {
-        return Failure{"the point lies outside of the extension"};
+        return Failure{"the point " + inPoints(point.x, ", ", point.y) + " lies outside of the extension, which is " +
+                       inPoints(bounds.size.width, " x ", bounds.size.height) + " points"};
     }
     Finger(player.host()).tap(point);
     return std::nullopt;
@@ -82,7 +88,8 @@ std::optional<Failure> scrollTo(FlowPlayer& player, const Selector& selector, co
         const std::string before = look(player);
         drag(player, strokeThatScrolls(direction));
         if (look(player) == before) {
-            return element ? std::nullopt : std::optional(player.missing(selector));
+            return element ? std::nullopt
+                           : std::optional(Failure{player.missing(selector).what + "; this is the end of the list"});
         }
     }
 }
@@ -180,56 +187,52 @@ FlowAction makeHideKeyboard(const FlowValue&) {
     return inField([](UITextField& field) { static_cast<void>(field.resignFirstResponder()); });
 }
 
+const FlowForm everyDirection{FlowType::word, {"UP", "DOWN", "LEFT", "RIGHT"}};
+const FlowCommands commands{
+    {"tapOn",
+     {{FlowType::name}},
+     joined(selectorKeys(), {{"point", {FlowType::point}, "a place of the extension instead"}}),
+     "a touch on an element or a place",
+     {"tapOn: Friends", "tapOn: {text: Play, index: 1}", "tapOn: {text: Play, below: Chaos Hour}",
+      "tapOn: {point: \"50%,20%\"}"},
+     makeTapOn},
+    {"scroll", {{FlowType::nothing}}, {}, "one drag upwards through the table", {"scroll"}, makeScroll},
+    {"scrollUntilVisible",
+     {{FlowType::name}},
+     {{"element", {FlowType::selector}, "what is looked for", FlowNeed::required},
+      {"direction", {FlowType::word, {"UP", "DOWN"}}, "where it is looked for; DOWN when left out"}},
+     "drags through the table until all of an element is seen",
+     {"scrollUntilVisible: Aftercare", "scrollUntilVisible: {element: Slow Burn, direction: UP}"},
+     makeScrollUntilVisible},
+    {"swipe",
+     {{FlowType::points}},
+     {{"direction", everyDirection, "across the middle"},
+      {"start", {FlowType::point}, "where the finger comes down"},
+      {"end", {FlowType::point}, "where it is lifted"},
+      {"points", {FlowType::points}, "all the corners of its way"},
+      {"steps", {FlowType::number}, "how often it is seen on each line, 20 times when left out"},
+      {"duration", {FlowType::number}, "virtual milliseconds from down to up, 400 when left out"},
+      {"takeScreenshot", {FlowType::picture}, "a picture, taken before the finger is lifted"}},
+     "one finger along a line",
+     {"swipe: {direction: LEFT}", "swipe: {start: \"120,400\", end: \"120,90\"}", "swipe: [\"50%,80%\", \"50%,40%\"]"},
+     makeSwipe},
+    {"inputText",
+     {{FlowType::text}},
+     {{"text", {FlowType::text}, "what is typed", FlowNeed::required}},
+     "key by key into the field that has the keyboard",
+     {"inputText: abc"},
+     makeInputText},
+    {"eraseText",
+     {{FlowType::nothing}, {FlowType::number}},
+     {{"charactersToErase", {FlowType::number}, "50 when left out"}},
+     "takes characters from the end of that field",
+     {"eraseText", "eraseText: 3"},
+     makeEraseText},
+    {"hideKeyboard", {{FlowType::nothing}}, {}, "that field gives the keyboard up", {"hideKeyboard"}, makeHideKeyboard},
+};
+
 } // namespace
 
-FlowCommands touchCommands() {
-    const FlowForm everyDirection{FlowType::word, {"UP", "DOWN", "LEFT", "RIGHT"}};
-    return {
-        {"tapOn",
-         {{FlowType::name}},
-         joined(selectorKeys(), {{"point", {FlowType::point}, "a place of the extension instead"}}),
-         "a touch on an element or a place",
-         {"tapOn: Friends", "tapOn: {text: Play, index: 1}", "tapOn: {text: Play, below: Chaos Hour}",
-          "tapOn: {point: \"50%,20%\"}"},
-         makeTapOn},
-        {"scroll", {{FlowType::nothing}}, {}, "one drag upwards through the table", {"scroll"}, makeScroll},
-        {"scrollUntilVisible",
-         {{FlowType::name}},
-         {{"element", {FlowType::selector}, "what is looked for", FlowNeed::required},
-          {"direction", {FlowType::word, {"UP", "DOWN"}}, "where it is looked for; DOWN when left out"}},
-         "drags through the table until all of an element is seen",
-         {"scrollUntilVisible: Aftercare", "scrollUntilVisible: {element: Slow Burn, direction: UP}"},
-         makeScrollUntilVisible},
-        {"swipe",
-         {{FlowType::points}},
-         {{"direction", everyDirection, "across the middle"},
-          {"start", {FlowType::point}, "where the finger comes down"},
-          {"end", {FlowType::point}, "where it is lifted"},
-          {"points", {FlowType::points}, "all the corners of its way"},
-          {"steps", {FlowType::number}, "how often it is seen on each line, 20 times when left out"},
-          {"duration", {FlowType::number}, "virtual milliseconds from down to up, 400 when left out"},
-          {"takeScreenshot", {FlowType::picture}, "a picture, taken before the finger is lifted"}},
-         "one finger along a line",
-         {"swipe: {direction: LEFT}", "swipe: {start: \"120,400\", end: \"120,90\"}",
-          "swipe: [\"50%,80%\", \"50%,40%\"]"},
-         makeSwipe},
-        {"inputText",
-         {{FlowType::text}},
-         {{"text", {FlowType::text}, "what is typed", FlowNeed::required}},
-         "key by key into the field that has the keyboard",
-         {"inputText: abc"},
-         makeInputText},
-        {"eraseText",
-         {{FlowType::nothing}, {FlowType::number}},
-         {{"charactersToErase", {FlowType::number}, "50 when left out"}},
-         "takes characters from the end of that field",
-         {"eraseText", "eraseText: 3"},
-         makeEraseText},
-        {"hideKeyboard",
-         {{FlowType::nothing}},
-         {},
-         "that field gives the keyboard up",
-         {"hideKeyboard"},
-         makeHideKeyboard},
-    };
+const FlowCommands& touchCommands() {
+    return commands;
 }

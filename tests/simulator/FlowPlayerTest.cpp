@@ -62,26 +62,25 @@ TEST_F(FlowPlayerTest, FailsWhatDoesNotHold) {
                            "- tapOn: Hold My Gaze\n"
                            "- assertLink: {icon: icon_moon}\n"
                            "- assertLink: {colour: red}\n"),
-                ElementsAre(HasSubstr("resign: the extension has not been opened yet"),
-                            HasSubstr("tapOn: the extension has not been opened yet"),
-                            HasSubstr("no 'Knitting' on the screen"), HasSubstr("'Slow Burn' is visible"),
-                            HasSubstr("times, not 5"), HasSubstr("no link was opened"),
-                            HasSubstr("the debug lines are:"), HasSubstr("no text field has the keyboard"),
-                            HasSubstr("no 'Nowhere at all' on the screen"),
+                ElementsAre(HasSubstr("resign: the extension is not open"),
+                            HasSubstr("tapOn: the extension is not open"), HasSubstr("no 'Knitting' on the screen"),
+                            HasSubstr("'Slow Burn' is visible"), HasSubstr("times, not 5"),
+                            HasSubstr("no link was opened"), HasSubstr("the debug lines are:"),
+                            HasSubstr("no text field has the keyboard"), HasSubstr("this is the end of the list"),
                             HasSubstr("the link's icon is 'icon_eye', not 'icon_moon'"),
-                            HasSubstr("the link has no item 'colour'")));
+                            HasSubstr("the link has no item 'colour'; its items are:\n      mainCategory\n")));
 }
 
 TEST_F(FlowPlayerTest, ClosesTheExtensionAndShowsWhatArrivesMeanwhile) {
-    EXPECT_THAT(failuresOf("- launchApp\n"
-                           "- receiveMessage: {from: A, text: Hi}\n"
-                           "- assertDebug: [willBecomeActive, didReceive]\n"
-                           "- close\n"
-                           "- tapOn: Friends\n"
-                           "- receiveMessage: {from: A, text: Still there}\n"
-                           "- resign\n"),
-                ElementsAre(HasSubstr("tapOn: the extension has not been opened yet"),
-                            HasSubstr("resign: the extension has not been opened yet")));
+    EXPECT_THAT(
+        failuresOf("- launchApp\n"
+                   "- receiveMessage: {from: A, text: Hi}\n"
+                   "- assertDebug: [willBecomeActive, didReceive]\n"
+                   "- close\n"
+                   "- tapOn: Friends\n"
+                   "- receiveMessage: {from: A, text: Still there}\n"
+                   "- resign\n"),
+        ElementsAre(HasSubstr("tapOn: the extension is not open"), HasSubstr("resign: the extension is not open")));
 }
 
 TEST_F(FlowPlayerTest, RepeatsRunsOtherFlowsWaitsAndForgivesWhatIsOptional) {
@@ -152,14 +151,22 @@ TEST_F(FlowPlayerTest, SaysWhatIsThereInsteadAndLeavesAPictureAndTheTree) {
                            "- tapOn: {id: Slow Burn}\n"
                            "- assertVisible: {id: lblDropDown, text: Friends}\n"
                            "- tapOn: {text: Slow Burn, index: 3}\n"
+                           "- tapOn: {text: Slow Burn, enabled: false}\n"
+                           "- tapOn: {text: Slow Burn, above: Truths & Dares}\n"
+                           "- tapOn: Freinds\n"
+                           "- tapOn: {point: \"500%,20%\"}\n"
                            "- tapOn: {text: x, below: Slow Brun}\n"
                            "- tapOn: Something quite different\n"),
                 ElementsAre(HasSubstr("it is an id, and no text: {id: btnDropdown}"),
                             HasSubstr("it is a text, and no id"), HasSubstr(": id 'lblDropDown' says 'Adult (18+)'"),
-                            HasSubstr("that match but for number"), HasSubstr("did you mean Slow Burn?"),
-                            HasSubstr("; the texts are '")));
+                            HasSubstr("number 3 on the screen: the last is number 0"),
+                            HasSubstr("disabled on the screen: it is enabled"),
+                            HasSubstr("above 'Truths & Dares' on the screen: it stands elsewhere"),
+                            HasSubstr("did you mean Friends? It cannot be seen"),
+                            HasSubstr("the point 1600, 98 lies outside of the extension, which is 320 x 492 points"),
+                            HasSubstr("did you mean Slow Burn?"), HasSubstr("; the texts are '")));
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "out/test-line-3.failed.png"));
-    EXPECT_THAT(readWholeFile(folder.path() / "out/test-line-8.failed.txt").value(), HasSubstr("#lblDropDown"));
+    EXPECT_THAT(readWholeFile(folder.path() / "out/test-line-12.failed.txt").value(), HasSubstr("#lblDropDown"));
 }
 
 TEST_F(FlowPlayerTest, TellsOfConstraintsThatContradictEachOtherAndOfNoOthers) {

@@ -47,7 +47,7 @@ TEST(FlowReaderTest, ReportsWhatIsWrongWithItsPlace) {
         // The shape of the file.
         {"", "1:1: error: a flow is an optional map of settings, then '---', then a list of commands"},
         {"name: x\n", "1:1: error: a flow is an optional map of settings, then '---', then a list of commands"},
-        {"- launchApp\n---\n- launchApp\n", "1:1: error: a map is expected here"},
+        {"- launchApp\n---\n- launchApp\n", "1:1: error: a map with 'name' or other keys is expected here"},
         {"- [launchApp]\n", "1:3: error: a command is expected here, such as '- launchApp' or '- tapOn: Friends'"},
         {"- launchApp: {loadingTakes: 5}\n  tapOn: x\n", "2:3: error: a command has one key, and 'launchApp' is it; "
                                                          "indent 'tapOn' further if it belongs to that command"},
@@ -81,11 +81,16 @@ TEST(FlowReaderTest, ReportsWhatIsWrongWithItsPlace) {
         {"- tapOn: {index: 1}\n", "1:10: error: 'text' or 'id' must say which element is meant"},
         {"- tapOn: {point: \"50%,20\"}\n", "1:18: error: a point such as \"120,40\" or \"50%,80%\" is expected here"},
         {"- tapOn: {point: \"nan,20\"}\n", "1:18: error: a point such as \"120,40\" or \"50%,80%\" is expected here"},
-        {"- swipe: [\"1,1\"]\n", "1:10: error: two points at least are needed here"},
+        {"- swipe: [\"1,1\"]\n", "1:10: error: a list of points, two at least, is expected here"},
         {"- swipe: {start: \"1,1\"}\n",
          "1:10: error: 'direction', 'points', or 'start' and 'end', must say where the finger goes"},
         {"- openBubble: {url: \"https://example.com\"}\n", "1:15: error: 'from' is missing here"},
         {"- receiveMessage: {from: A, url: a b}\n", "1:34: error: 'a b' is not a link"},
+        {"- tapOn:\n", "1:3: error: a text that is not empty or a map with 'text' or other keys is expected here"},
+        {"- tapOn: \"\"\n", "1:10: error: a text that is not empty is expected here"},
+        {"withoutResource: {a: b}\n---\n- launchApp\n", "1:18: error: a text or a list of texts is expected here"},
+        {"resource: [[{name: a.json, file: a.json}]]\n---\n- launchApp\n",
+         "1:12: error: a map with 'name' and 'file' is expected here"},
         {"- resign: now\n", "1:11: error: nothing is expected here"},
         {"device: 15mx\n---\n- launchApp\n", "1:9: error: unknown device '15mx'; did you mean 15max? (se, 8, 8plus, "
                                              "15, 15max, or a size such as 390x844@3, "

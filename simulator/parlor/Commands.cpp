@@ -15,13 +15,18 @@ void tell(const Findings& findings) {
     }
 }
 
-std::vector<NamedFlow> readFlowsAt(const std::vector<std::string>& paths) {
+Result<std::vector<NamedFlow>> readFlowsAt(const std::vector<std::string>& paths) {
     std::vector<NamedFlow> flows;
+    std::string places;
     for (const std::string& path : paths) {
+        places += (places.empty() ? "" : " and ") + path;
         for (const std::string& file : flowFilesAt(path)) {
             NamedFlow& named = flows.emplace_back(NamedFlow{file, {}, {}});
             named.flow = readFlowFile(file, named.findings);
         }
+    }
+    if (flows.empty()) {
+        return Failure{"there is no flow (*.yaml) to play in " + places};
     }
     return flows;
 }

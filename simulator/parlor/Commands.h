@@ -35,8 +35,8 @@ struct NamedFlow {
     Findings findings;
 };
 
-/// The flows of files and of folders.
-[[nodiscard]] std::vector<NamedFlow> readFlowsAt(const std::vector<std::string>& paths);
+/// The flows of files and of folders; a failure when there are none.
+[[nodiscard]] Result<std::vector<NamedFlow>> readFlowsAt(const std::vector<std::string>& paths);
 
 /// Takes a list out of the paths, to be the content file. Fails when that makes two.
 [[nodiscard]] std::optional<Failure> takeList(std::vector<std::string>& paths, std::optional<std::string>& content);

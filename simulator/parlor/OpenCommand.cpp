@@ -23,7 +23,7 @@ constexpr const char* examples =
     "Examples:\n"
     "  parlor open                     the extension, live\n"
     "  parlor open MyList.json         your content file; saving it shows it\n"
-    "  parlor open flows/canvas.yaml   what a flow is about, with its settings\n"
+    "  parlor open flows/canvas.yaml   the phone of a flow: device, people, files\n"
     "  parlor open --port 8080 --no-browser\n"
     "  parlor open --record my-flow.yaml    what you do, for: parlor run my-flow.yaml\n"
     "\n"
@@ -51,6 +51,10 @@ Result<Flow> read(OpenOptions& options) {
         return flow ? Result<Flow>(*std::move(flow)) : Failure{options.what + " cannot be shown, as it cannot be read"};
     } else if (fs::is_directory(path, error)) {
         options.bundle = path;
+        const std::vector<std::string> flows = flowFilesAt(options.what);
+        if (!fs::exists(path / "Info.plist", error) && !flows.empty()) {
+            return Failure{options.what + " is a folder of flows; one can be opened, such as " + flows.front()};
+        }
     } else if (!path.empty()) {
         return Failure{options.what + " is no content file (.json), no flow (.yaml) and no bundle (a folder)"};
     }

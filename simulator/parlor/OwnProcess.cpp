@@ -21,13 +21,17 @@ namespace {
 int textPipe = -1; // of a copy, to the process that waits for it
 
 /// What a copy says by ending.
-enum CopyStatus { copyFine = 0, copyStopped = 1, copyOutputBroken = 2 };
+enum CopyStatus { copyFine = 0, copyStopped = 1, copyOutputBroken = 2, copyDiskFull = 3 };
+
+CopyStatus statusNow() {
+    return isDebugConsoleBroken() ? copyOutputBroken : hasWritingFailed() ? copyDiskFull : copyFine;
+}
 
 [[noreturn]] void endCopy(std::string_view text, CopyStatus status) {
     static_cast<void>(writeAll(textPipe, text));
     std::cout.flush();
     std::fflush(stdout);
-    _exit(status == copyFine && isDebugConsoleBroken() ? copyOutputBroken : status);
+    _exit(status == copyFine ? statusNow() : status);
 }
 
 std::string problemOf(int status) {
@@ -39,6 +43,8 @@ std::string problemOf(int status) {
         return "";
     case copyOutputBroken:
         return "standard output cannot be written";
+    case copyDiskFull:
+        return "not everything could be written";
     default:
         return "the program ended early: exit status " + std::to_string(WEXITSTATUS(status));
     }
@@ -80,7 +86,7 @@ OwnProcesses::Copy OwnProcesses::start(const Work& work) {
         textPipe = ends[1];
         setFatalErrorHandler([](std::string_view line) { endCopy(line, copyStopped); });
         static_cast<void>(writeAll(textPipe, work()));
-        std::exit(isDebugConsoleBroken() ? copyOutputBroken : copyFine);
+        std::exit(statusNow());
     }
     const int error = process < 0 ? errno : 0;
     close(ends[1]);

@@ -73,9 +73,9 @@ std::string counted(std::size_t count, const std::string& noun) {
 }
 
 /// The typical road is about the lists that come along.
-std::vector<NamedFlow> flowsToPlay(const RunOptions& options) {
+Result<std::vector<NamedFlow>> flowsToPlay(const RunOptions& options) {
     if (options.flows.empty() && options.content) {
-        return {{*options.content, contentFlow(options), {}}};
+        return std::vector<NamedFlow>{{*options.content, contentFlow(options), {}}};
     }
     const std::vector<std::string> usual{inTree("flows/typical-road.yaml").string()};
     return readFlowsAt(options.flows.empty() ? usual : options.flows);
@@ -214,10 +214,11 @@ CommandResult playOn(const PreparedBundle& bundle, const std::vector<NamedFlow>&
 }
 
 CommandResult playAll(const RunOptions& options, Report& report) {
-    const std::vector<NamedFlow> flows = flowsToPlay(options);
-    if (flows.empty()) {
-        return Failure{"there is no flow (*.yaml) to play"};
+    const Result<std::vector<NamedFlow>> read = flowsToPlay(options);
+    if (!read) {
+        return read.failure();
     }
+    const std::vector<NamedFlow>& flows = read.value();
     const bool isAny = std::any_of(flows.begin(), flows.end(), [](const NamedFlow& named) { return !!named.flow; });
     const CommandResult result = withBundle(options, devicesOf(options, flows), [&](const PreparedBundle& bundle) {
         return playOn(bundle, flows, options, report);

@@ -52,20 +52,24 @@ CommandResult printTrees(const std::vector<NamedFlow>& flows, const PreparedBund
     return findings;
 }
 
+Result<std::vector<NamedFlow>> flowsToPlay(const TreeOptions& options) {
+    if (options.flows.empty()) {
+        return std::vector<NamedFlow>{{"", FlowComposer("- launchApp\n- waitForAnimationToEnd\n").flow(), {}}};
+    }
+    return readFlowsAt(options.flows);
+}
+
 CommandResult runTree(TreeOptions options) {
     if (const std::optional<Failure> failure = takeList(options.flows, options.content)) {
         return *failure;
     }
-    std::vector<NamedFlow> flows = readFlowsAt(options.flows);
-    if (options.flows.empty()) {
-        flows = {{"", FlowComposer("- launchApp\n- waitForAnimationToEnd\n").flow(), {}}};
-    }
-    if (flows.empty()) {
-        return Failure{"there is no flow (*.yaml) to play"};
-    }
-    return reporting({"tree", {}, {}}, options.report, [&](Report&) {
-        return withBundle(options, devicesOf(options, flows),
-                          [&](const PreparedBundle& bundle) { return printTrees(flows, bundle); });
+    return reporting({"tree", {}, {}}, options.report, [&](Report&) -> CommandResult {
+        const Result<std::vector<NamedFlow>> flows = flowsToPlay(options);
+        if (!flows) {
+            return flows.failure();
+        }
+        return withBundle(options, devicesOf(options, flows.value()),
+                          [&](const PreparedBundle& bundle) { return printTrees(flows.value(), bundle); });
     });
 }
 

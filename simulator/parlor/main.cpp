@@ -51,17 +51,36 @@ bool isOneOf(const std::string& word, const std::vector<std::string>& words) {
     return std::find(words.begin(), words.end(), word) != words.end();
 }
 
+/// The lists and flows of the folder that the person stands in.
+std::vector<std::string> filesHere() {
+    std::vector<std::string> names;
+    std::error_code error;
+    const std::filesystem::directory_iterator end;
+    for (std::filesystem::directory_iterator item(".", error); !error && item != end; item.increment(error)) {
+        if (isOneOf(item->path().extension().string(), {".json", ".yaml", ".yml"})) {
+            names.push_back(item->path().filename().string());
+        }
+    }
+    return names;
+}
+
 /// Why nothing can begin with this word.
 std::string strangeBeginning(const CLI::App& app, const std::string& word) {
     if (!word.starts_with('-')) {
-        return "there is no command and no file '" + word + "'" + suggestion(word, namesOf(app));
+        std::vector<std::string> known = namesOf(app);
+        const std::vector<std::string> files = filesHere();
+        known.insert(known.end(), files.begin(), files.end());
+        return "there is no command and no file '" + word + "'" + suggestion(word, known);
     }
+    std::vector<std::string> known = optionsOf(app);
     for (const CLI::App* command : app.get_subcommands({})) {
-        if (isOneOf(word, optionsOf(*command))) {
+        const std::vector<std::string> options = optionsOf(*command);
+        if (isOneOf(word, options)) {
             return word + " stands behind a command, such as: parlor " + command->get_name() + " " + word;
         }
+        known.insert(known.end(), options.begin(), options.end());
     }
-    return "there is no option '" + word + "'" + suggestion(word, optionsOf(app));
+    return "there is no option '" + word + "'" + suggestion(word, known);
 }
 
 /// A first word that is no command but a list, a flow or a folder is what `run` is about; anything else is told, with

@@ -11,6 +11,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+bool writingHasFailed = false;
+
 /// Empty when all bytes have been written, else why not.
 std::string writeTo(const fs::path& path, std::string_view bytes) {
     const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
@@ -59,7 +61,12 @@ std::optional<Failure> writeWholeFile(std::string_view bytes, const fs::path& fi
     const bool isStream = fs::exists(status) && !fs::is_regular_file(status);
     const fs::path target = fs::is_symlink(file, error) ? fs::weakly_canonical(file, error) : file; // the link stays
     const std::string reason = isStream ? writeTo(file, bytes) : replaceWith(target, bytes);
+    writingHasFailed = writingHasFailed || !reason.empty();
     return reason.empty() ? std::nullopt : std::optional(Failure{"cannot write " + file.string() + ": " + reason});
+}
+
+bool hasWritingFailed() {
+    return writingHasFailed;
 }
 
 std::optional<Failure> savePicture(const Bitmap& picture, const fs::path& file) {

@@ -16,5 +16,8 @@
 /// As PNG. Refused when it is too large to be read again.
 [[nodiscard]] std::optional<Failure> savePicture(const Bitmap& picture, const std::filesystem::path& file);
 
+/// Whether anything could not be written until now, by this process.
+[[nodiscard]] bool hasWritingFailed();
+
 /// To an open file, pipe or device. Empty when all bytes have been written, else why not.
 [[nodiscard]] std::string writeAll(int descriptor, std::string_view bytes);

@@ -57,6 +57,18 @@ TEST(DebugConsole, WritesALineAtOnceBehindWhatTheStreamHeldAndTellsTheHost) {
     EXPECT_EQ(support::takeStandardOutput(), "earlier\n❌ JSON file not found: Family\n\ntwo\n");
 }
 
+TEST(DebugConsole, EscapesLinesWhenItIsATerminalAndTellsTheHostTheirLetters) {
+    std::string heard;
+    setDebugConsoleObserver([&](std::string_view line) { heard = line; });
+    print("a\x1b[31m");
+    setDebugConsoleEscape([](std::string_view line) { return std::string(line.substr(0, 1)); });
+    print("b\x1b[31m");
+    setDebugConsoleEscape(nullptr);
+    setDebugConsoleObserver(nullptr);
+    EXPECT_EQ(support::takeStandardOutput(), "a\x1b[31m\nb\n");
+    EXPECT_EQ(heard, "b\x1b[31m");
+}
+
 TEST(FatalErrorDeathTest, NamesMessageFileAndLine) {
     EXPECT_DEATH(fatalError("Could not load view with type X", "ExtensionBundle", 18),
                  "^Fatal error: Could not load view with type X: file ExtensionBundle, line 18\n$");

@@ -27,7 +27,10 @@ std::optional<Failure> addContent(CurrentOption option, const std::optional<std:
     const std::string name = rawValue(option) + ".json";
     const auto file = bundle.URLForResource(rawValue(option), "json");
     if (!file) {
-        findings.all.push_back(findingOf("content.file-missing", (bundle.bundlePath() / name).string(), std::nullopt,
+        std::error_code error;
+        const fs::path sources = bundle.bundlePath() / "content"; // of the sources: an assembled bundle has none
+        const fs::path place = fs::is_directory(sources, error) ? sources : bundle.bundlePath();
+        findings.all.push_back(findingOf("content.file-missing", (place / name).string(), std::nullopt,
                                          "there is no content file \"" + name + "\""));
         return std::nullopt;
     }
@@ -45,7 +48,7 @@ std::optional<Failure> addContent(CurrentOption option, const std::optional<std:
 /// Lists that nobody reads.
 void addStrangers(BundleFindings& findings) {
     for (const fs::path& file : bundleFiles(NSBundle::mainBundle().bundlePath())) {
-        if (file.extension() == ".json" && file.filename() != "known-findings.json") {
+        if (isNamedAsList(file) && file.filename() != "known-findings.json") {
             append(findings.all, checkContentName(file, ContentPlace::bundle));
         }
     }

@@ -4,6 +4,7 @@
 #include "content/ModeListDecoder.h"
 #include "platform/foundation/FileReading.h"
 #include "platform/foundation/Nearest.h"
+#include "platform/foundation/Text.h"
 #include "simulator/check/ListCheck.h"
 #include "simulator/check/Rules.h"
 #include "simulator/check/TextEncoding.h"
@@ -50,6 +51,11 @@ Result<Findings> checkContent(const std::filesystem::path& file) {
         return text.failure();
     }
     return checkContentText(text.value(), file.string());
+}
+
+bool isNamedAsList(const std::filesystem::path& file) {
+    const auto ending = [](const std::filesystem::path& path) { return lowercased(path.extension().string()); };
+    return ending(ending(file) == ".txt" ? file.stem() : file) == ".json";
 }
 
 Findings checkContentName(const std::filesystem::path& file, ContentPlace place) {

@@ -14,6 +14,8 @@
 /// The same for a text; `path` is only told.
 [[nodiscard]] Findings checkContentText(std::string_view text, const std::string& path);
 
+/// Whether a file is meant for a list: it ends in .json, in whatever letters, or .json.txt.
+[[nodiscard]] bool isNamedAsList(const std::filesystem::path& file);
 /// A file that is named nearly as a list of the extension, or, in the extension's bundle, unlike all of them.
 enum class ContentPlace { bundle, elsewhere };
 [[nodiscard]] Findings checkContentName(const std::filesystem::path& file, ContentPlace place);

@@ -136,6 +136,9 @@ private:
             static_cast<void>(nextCharacter(line, start));
         }
         const std::vector<Glyph> glyphs = glyphsOf(line.substr(start), 2 * room);
+        if (caret > glyphs.size()) {
+            return;
+        }
         std::size_t begin = 0;
         while (columnsOf(glyphs, begin, caret) > room * 2 / 3) {
             ++begin;

@@ -33,6 +33,16 @@ std::string describe(const TolerantValue& value) {
     return {};
 }
 
+/// The first character that nobody sees, spaces aside: "U+200B".
+std::string invisibleIn(std::string_view name) {
+    for (; !name.empty(); name.remove_prefix(1)) {
+        if (name.front() != ' ' && invisibleBytes(name) > 0) {
+            return codeOf(name);
+        }
+    }
+    return {};
+}
+
 /// The two kinds of objects in a list.
 struct Level {
     const std::vector<ListKey>& keys;
@@ -173,7 +183,9 @@ private:
                     Members& members) {
         const auto& [offset, name] = object.keys[index];
         const TolerantValue& value = object.elements[index];
-        const std::string what = inQuotes(name) + " is no key of " + level.name;
+        const std::string unseen = invisibleIn(name);
+        const std::string what = inQuotes(name) + (unseen.empty() ? "" : ", with the invisible " + unseen + ",") +
+                                 " is no key of " + level.name;
         if (const ListKey* meant = meantKey(name, value, unknown, level, members)) {
             tell("content.key-misspelt", offset, what + "; did you mean " + inQuotes(meant->name) + "?",
                  Slips::Kind::habit);

@@ -1,6 +1,5 @@
 #include "simulator/check/PathCheck.h"
 
-#include "platform/foundation/Text.h"
 #include "platform/interface/AssetCatalogReader.h"
 #include "simulator/check/BundleCheck.h"
 #include "simulator/check/CatalogCheck.h"
@@ -30,7 +29,7 @@ public:
             append(m_checked.findings, checkCatalog(path));
         } else if (fs::is_directory(path, error)) {
             checkFolder(path);
-        } else if (isList(path, isNamed)) {
+        } else if (isNamedAsList(path) || (isNamed && extension == ".txt")) {
             checkList(path);
         } else if (extension == ".xib" || extension == ".storyboard") {
             ++m_checked.count;
@@ -53,13 +52,6 @@ public:
     }
 
 private:
-    /// Lists with an ending that an editor gave them are read, and told of; of others, those that a person names.
-    static bool isList(const fs::path& path, bool isNamed) {
-        const std::string ending = lowercased(path.extension().string());
-        return ending == ".json" ||
-               (ending == ".txt" && (isNamed || lowercased(path.stem().extension().string()) == ".json"));
-    }
-
     void checkFolder(const fs::path& folder) {
         std::error_code error;
         std::vector<fs::path> paths;

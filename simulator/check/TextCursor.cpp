@@ -57,26 +57,16 @@ std::size_t TextCursor::nextLine(std::size_t at) const {
     return skip(blanks, m_places.start(m_places.lineAt(at) + 1));
 }
 
-std::size_t TextCursor::invisible() const {
-    utf8proc_int32_t code = 0;
-    const bool isPlain = atEnd() || (next() > ' ' && next() < '\x7F');
-    const utf8proc_ssize_t bytes = isPlain ? 0 : readCharacter(m_text.substr(m_at), code);
-    const auto category = bytes > 0 ? utf8proc_category(code) : UTF8PROC_CATEGORY_CN;
-    const bool isSpace = category >= UTF8PROC_CATEGORY_ZS && category <= UTF8PROC_CATEGORY_ZP;
-    const bool isControl = category == UTF8PROC_CATEGORY_CC || category == UTF8PROC_CATEGORY_CF;
-    return isSpace || isControl ? static_cast<std::size_t>(bytes) : 0;
-}
-
 void TextCursor::skipBlanks() {
     for (moveTo(skip(blanks, m_at)); !atEnd(); moveTo(skip(blanks, m_at))) {
         if (isComment(m_at)) {
             tellHabit("content.comment", m_at, "a list has no comments; take this one out");
             skipComment();
-        } else if (invisible() > 0) {
+        } else if (seesInvisible()) {
             tellHabit("content.syntax", m_at,
                       "an invisible character (" + codeOf(m_text.substr(m_at)) + "); delete it, or write a space");
-            while (const std::size_t bytes = invisible()) { // all in a row are one slip
-                advance(bytes);
+            while (seesInvisible()) { // all in a row are one slip
+                advance(invisibleBytes(m_text.substr(m_at)));
             }
         } else {
             return;
@@ -91,6 +81,16 @@ void TextCursor::skipComment() {
     }
     moveTo(m_text.find("*/", m_at));
     advance(2);
+}
+
+std::size_t invisibleBytes(std::string_view text) {
+    utf8proc_int32_t code = 0;
+    const bool isPlain = text.empty() || (text.front() > ' ' && text.front() < '\x7F');
+    const utf8proc_ssize_t bytes = isPlain ? 0 : readCharacter(text, code);
+    const auto category = bytes > 0 ? utf8proc_category(code) : UTF8PROC_CATEGORY_CN;
+    const bool isSpace = category >= UTF8PROC_CATEGORY_ZS && category <= UTF8PROC_CATEGORY_ZP;
+    const bool isControl = category == UTF8PROC_CATEGORY_CC || category == UTF8PROC_CATEGORY_CF;
+    return isSpace || isControl ? static_cast<std::size_t>(bytes) : 0;
 }
 
 std::string codeOf(std::string_view text) {

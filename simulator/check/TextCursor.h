@@ -2,6 +2,11 @@
 
 #include "simulator/check/Slips.h"
 
+/// How many bytes the character has that a text begins with, if nobody sees it; 0 for any other.
+[[nodiscard]] std::size_t invisibleBytes(std::string_view text);
+/// "U+00A0", of the character that a text begins with.
+[[nodiscard]] std::string codeOf(std::string_view text);
+
 /// Where the tolerant reading of a text stands: looks ahead and around, and steps over what lies between two values;
 /// what must not lie there it tells. Refers to the text and to the slips.
 class TextCursor {
@@ -31,10 +36,8 @@ public:
     /// The first character behind the line of `at` that is no blank.
     [[nodiscard]] std::size_t nextLine(std::size_t at) const;
     [[nodiscard]] std::string lineOf(std::size_t at) const { return "line " + std::to_string(m_places.lineAt(at)); }
-    /// How many bytes the next character has if nobody sees it; 0 for any other.
-    [[nodiscard]] std::size_t invisible() const;
-
     void moveTo(std::size_t at) { m_at = std::min(at, m_text.size()); }
+    [[nodiscard]] bool seesInvisible() const { return invisibleBytes(m_text.substr(m_at)) > 0; }
     void advance(std::size_t bytes = 1) { moveTo(m_at + bytes); }
     void skipBlanks();
 
@@ -53,6 +56,3 @@ private:
     Slips& m_slips;
     std::size_t m_at = 0;
 };
-
-/// "U+00A0", of the character that a text begins with.
-[[nodiscard]] std::string codeOf(std::string_view text);

@@ -55,38 +55,39 @@ public:
     }
 
 private:
-    /// What follows is read as a part of the list.
+    /// Sections that follow are read as part of the list.
     void readAfterRoot(TolerantValue& root) {
         const bool lacksBracket = root.kind == JSONKind::object && m_text.seesOneOf(",{");
-        bool wasTold = lacksBracket;
         if (lacksBracket) {
             m_text.tell("content.root", root.offset, "write [ before this, and ] at the end of the list");
             root = {JSONKind::array, root.offset, "", false, true, {root}};
         }
-        for (; !m_text.atEnd(); m_text.skipBlanks()) {
-            if (m_text.seesOneOf("]},:;")) {
-                if (lacksBracket) {
-                    m_text.advance();
-                } else {
-                    skipSuperfluous();
-                }
-                continue;
+        for (bool wasTold = lacksBracket; !m_text.atEnd(); m_text.skipBlanks()) {
+            if (!m_text.seesOneOf("]},:;")) {
+                readMore(root, std::exchange(wasTold, true));
+            } else if (lacksBracket) {
+                m_text.advance();
+            } else {
+                skipSuperfluous();
             }
-            const bool isPart = m_text.seesOneOf("[{");
-            if (!std::exchange(wasTold, true)) {
-                m_text.tell("content.root", m_text.at(),
-                            "the list that begins in " + m_text.lineOf(root.offset) + " has ended before this; " +
-                                (isPart ? "a file holds one list, so move this into it" : "take out what follows"));
-            }
-            if (!isPart) { // a greeting, or another such text
-                return m_text.moveTo(std::string_view::npos);
-            }
-            TolerantValue more = readValue();
-            if (more.kind != JSONKind::array) {
-                more.elements = {more};
-            }
-            std::move(more.elements.begin(), more.elements.end(), std::back_inserter(root.elements));
         }
+    }
+
+    void readMore(TolerantValue& root, bool wasTold) {
+        const bool isPart = m_text.seesOneOf("[{");
+        if (!wasTold) {
+            m_text.tell("content.root", m_text.at(),
+                        "the list that begins in " + m_text.lineOf(root.offset) + " has ended before this; " +
+                            (isPart ? "a file holds one list, so move this into it" : "take out what follows"));
+        }
+        if (!isPart) { // a greeting, or another such text
+            return m_text.moveTo(std::string_view::npos);
+        }
+        TolerantValue more = readValue();
+        if (more.kind == JSONKind::object) {
+            more.elements = {more};
+        }
+        std::move(more.elements.begin(), more.elements.end(), std::back_inserter(root.elements));
     }
 
     void skipSuperfluous() {

@@ -210,7 +210,7 @@ private:
     std::string readBare() {
         const std::size_t begin = m_text.at();
         while (!m_text.atEnd() && !m_text.seesOneOf(",:;={}[]\"\r\n") && !m_text.isComment(m_text.at()) &&
-               (m_text.sees(" ") || m_text.invisible() == 0)) {
+               (m_text.sees(" ") || !m_text.seesInvisible())) {
             m_text.advance();
         }
         const std::size_t end = std::max(m_text.endBefore(m_text.at()), begin);

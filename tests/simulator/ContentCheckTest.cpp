@@ -2,6 +2,7 @@
 
 #include "content/ModeListDecoder.h"
 #include "platform/foundation/FileReading.h"
+#include "simulator/check/FindingsReport.h"
 #include "simulator/check/ListSchema.h"
 #include "simulator/check/TextEncoding.h"
 #include "simulator/check/TolerantJSON.h"
@@ -62,6 +63,8 @@ TEST_F(ContentCheck, TellsEachSlipAtItsPlaceAndReadsOn) {
         std::vector<std::string> found;
     } slips[] = {
         {with("false},\n", "false}\n"), {"3:82 content.comma"}},
+        {std::regex_replace(with("false},\n", "false}\n"), std::regex("\n"), "\r"), {"3:82 content.comma"}},
+        {with("\"Easy\",", "\u00A0\"Easy\",\u200B"), {"3:36 content.syntax", "3:44 content.syntax"}},
         {with("\"Easy\",", "\"Easy\",,"), {"3:43 content.comma"}},
         {with("true}", "true},"), {"4:82 content.comma"}},
         {with("\"Easy\"", "“Who’s Easy”"), {"3:36 content.quotes"}},
@@ -88,6 +91,14 @@ TEST_F(ContentCheck, TellsEachSlipAtItsPlaceAndReadsOn) {
         {with("\"title\": \"Hard\"", "\"title\": \"Easy\""), {"4:36 content.title-doubled"}},
         {with("\"title\": \"Hard\", ", ""), {"4:5 content.key-missing"}},
         {with("items", "itmes").replace(57, 9, "Dice"), {"2:31 content.key-misspelt", "3:14 content.icon"}},
+        {with("title", "ti\u200Btle"), {"3:27 content.key-misspelt"}},
+        {with("  ]},\n", "  ,\n"), {"2:3 content.bracket", "2:40 content.bracket"}},
+        {with("{\"sectionTitle\": \"\", \"items\": []}",
+              R"({"icon": "", "title": "", "subtitle": "", "isSelected": true})"),
+         {"6:3 content.level", "6:12 content.icon", "6:25 content.title-empty"}},
+        {with("{\"sectionTitle\": \"Warm Up\", \"items\": [",
+              "{\"sectionTitle\": \"A\", \"items\": [{\"sectionTitle\": \"B\", \"items\": []},"),
+         {"2:35 content.level"}},
         {with("true", "\"true\""), {"4:77 content.key-type"}},
         {with("\"icon_dice\"", "\"icon_dyce\""), {"3:14 content.icon"}},
         {with("\"Easy\"", "\" \""), {"3:36 content.title-empty"}},
@@ -135,6 +146,37 @@ TEST_F(ContentCheck, SaysWhatToWriteInstead) {
     EXPECT_TRUE(checkContentName("my-list.json", ContentPlace::elsewhere).empty());
     EXPECT_TRUE(checkContentName("Who’s Most Likely.json", ContentPlace::bundle).empty());
     EXPECT_EQ(checkContentName("my-list.json", ContentPlace::bundle).size(), 1u);
+    EXPECT_THAT(checkContentName("friends.JSON.txt", ContentPlace::elsewhere).front().what,
+                HasSubstr("did you mean \"Friends.json\"?"));
+    EXPECT_TRUE(isNamedAsList("a.Json") && isNamedAsList("a.json.TXT"));
+    EXPECT_FALSE(isNamedAsList("a.txt") || isNamedAsList("json"));
+}
+
+TEST_F(ContentCheck, PointsAtThePlaceInAnExcerptThatTheTerminalHasRoomFor) {
+    const struct {
+        std::string line;
+        int column;
+        std::string excerpt;
+    } excerpts[] = {
+        {"ab", 2, "  ab\n   ^\n"},
+        {"\xEF\xBB\xBF"
+         "ab",
+         2, "  ab\n   ^\n"},
+        {"日😀e\u0301x", 5, "  日😀e\u0301x\n       ^\n"},
+        {"a\x1B[\tb", 5, "  a\\x1B[ b\n         ^\n"},
+        {"caf\xE9s", 5, "  caf\uFFFDs\n      ^\n"},
+        {std::string(30, 'x'), 1, "  xxxxxxxxxxxxxxxxxx…\n  ^\n"},
+        {std::string(1000000, 'x') + "!", 1000001, "  …xxxxxxxxxxxx!\n               ^\n"},
+        {"", 1, ""},
+        {"a", 40, ""},
+    };
+    for (const auto& each : excerpts) {
+        write("line.json", each.line + "\r\n");
+        const std::string path = (folder() / "line.json").string();
+        const std::string text =
+            textReport({{Severity::error, path, TextPlace{1, each.column}, "w", ""}}, 1, {24, false});
+        EXPECT_THAT(text, HasSubstr("error: w\n" + each.excerpt + "1 error,")) << each.line.substr(0, 40);
+    }
 }
 
 /// The two readers of JSON must agree on what is JSON.

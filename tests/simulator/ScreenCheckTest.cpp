@@ -125,9 +125,13 @@ TEST_F(ScreenCheckTest, MissesNoNibThatTheCodeAsksForNorATitleWithoutRoom) {
     edit("MainInterface.storyboard", "storyboardIdentifier=\"CategoriesVC\"", "storyboardIdentifier=\"Categories\"");
     std::filesystem::remove(folder.path() / "Couple.json");
     const std::string found = told(checkMainBundle().value().all);
-    EXPECT_THAT(found, AllOf(HasSubstr("CategoriesVC asks for the nib \"ModeHeaderView\", which is not there"),
-                             HasSubstr("MessagesViewController asks for a scene that is not there"),
-                             HasSubstr("there is no content file \"Couple.json\" [content.file-missing]")));
+    EXPECT_THAT(
+        found,
+        AllOf(HasSubstr("CategoriesVC asks for the nib \"ModeHeaderView\", which is not there"),
+              HasSubstr("MessagesViewController asks for a scene that is not there"),
+              HasSubstr("/Couple.json: warning: there is no content file \"Couple.json\" [content.file-missing]")));
+    std::filesystem::create_directory(folder.path() / "content");
+    EXPECT_THAT(told(checkMainBundle().value().all), HasSubstr("/content/Couple.json: warning"));
 }
 
 TEST_F(ScreenCheckTest, FindsTitlesWithoutRoomAndCharactersWithoutAFont) {

@@ -12,6 +12,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     if (const auto color = readColorSet(set.path(), findings)) {
         static_cast<void>(color->resolved(UIUserInterfaceStyle::dark));
     }
-    static_cast<void>(readImageSet(set.path(), "fuzz", findings));
+    static_cast<void>(readImageSet(set.path(), findings));
     return 0;
 }

@@ -179,6 +179,16 @@ class RefusalsTest(unittest.TestCase):
         status = pathlib.Path(f"/proc/{self.phone.process.pid}/status").read_text(encoding="ascii")
         return int(re.search(r"VmRSS:\s+(\d+)", status)[1]) / 1024
 
+    def wait_until_expanded(self):
+        """Whoever scrolls while the list moves from under the finger may come to its end, where nothing more happens."""
+        page, _ = self.upgrade()
+        for kind, data in self.messages(page):
+            if kind == 2:
+                self.say(page, type="shown", number=self.next_picture([(kind, data)]))
+            elif b'"presentation":"expanded"' in data:
+                break
+        page.close()
+
     def test_outlives_pages_that_misbehave_and_keeps_nothing_of_them(self):
         def reload(times):
             for _ in range(times):
@@ -200,13 +210,15 @@ class RefusalsTest(unittest.TestCase):
             deaf.close()
             page.close()
 
+        self.wait_until_expanded()
         reload(20)
         scroll(20)
         before = self.memory()
         reload(100)
         scroll(300)
         if "libtsan" not in pathlib.Path(f"/proc/{self.phone.process.pid}/maps").read_text(encoding="utf-8"):
-            wait_until(lambda: self.memory() < before + 8, "as little memory as before")
+            # A picture is 9 MB, and the allocator may keep one that was freed.
+            wait_until(lambda: self.memory() < before + 20, "as little memory as before")
         self.assertEqual(self.ask(self.page())[0], 200)
         self.assertEqual(self.phone.end()[0], 0)
 

@@ -5,6 +5,7 @@
 #include "simulator/flows/FlowTable.h"
 
 #include <algorithm>
+#include <map>
 
 namespace {
 
@@ -59,16 +60,15 @@ json::object referenceTo(const char* definition) {
 }
 
 json::object schemaOf(const FlowKeys& keys);
+json::object schemaOf(const FlowForm& form);
+json::object commandSchema();
 
-/// A name of `env` can stand for any text.
-json::object scalar(json::value schema) {
-    return {{"anyOf", json::array{std::move(schema), referenceTo("nameOfEnv")}}};
-}
-
-json::object schemaOf(const FlowForm& form) {
+/// Of a text; a name of `env` can stand for any.
+json::object schemaOfText(const FlowForm& form) {
+    const auto scalar = [](json::value schema) {
+        return json::object{{"anyOf", json::array{std::move(schema), referenceTo("nameOfEnv")}}};
+    };
     switch (form.type) {
-    case FlowType::nothing:
-        return {{"type", "null"}};
     case FlowType::number:
         return scalar({{"type", "integer"}, {"minimum", 0}, {"maximum", greatestNumber}});
     case FlowType::truth:
@@ -77,23 +77,51 @@ json::object schemaOf(const FlowForm& form) {
         return scalar({{"enum", json::array(form.words.begin(), form.words.end())}});
     case FlowType::point:
         return scalar({{"type", "string"}, {"pattern", "^[-0-9.]+%?, *[-0-9.]+%?$"}});
-    case FlowType::points:
-        return {{"type", "array"}, {"minItems", 2}, {"items", schemaOf(FlowForm{FlowType::point})}};
-    case FlowType::texts:
-        return {{"if", {{"type", "array"}}}, {"then", {{"items", referenceTo("text")}}}, {"else", referenceTo("text")}};
-    case FlowType::values:
-        return {{"type", "object"}, {"additionalProperties", referenceTo("text")}};
-    case FlowType::selector:
-        return referenceTo("element");
-    case FlowType::condition:
-        return schemaOf(conditionKeys());
-    case FlowType::resources:
-        return referenceTo("resources");
-    case FlowType::commands:
-        return referenceTo("commands");
     default:
         return referenceTo("text");
     }
+}
+
+json::object schemaOfList(const FlowShape& shape) {
+    json::object list{{"type", "array"}, {"items", shape.items ? schemaOf({*shape.items}) : commandSchema()}};
+    if (shape.fewestItems > 0) {
+        list["minItems"] = shape.fewestItems;
+    }
+    return list;
+}
+
+json::object schemaOfMap(const FlowShape& shape) {
+    return shape.keys != nullptr ? schemaOf(shape.keys())
+                                 : json::object{{"type", "object"}, {"additionalProperties", referenceTo("text")}};
+}
+
+/// What the shape of its type says, whole.
+json::object definitionOf(const FlowForm& form) {
+    const FlowShape& shape = shapeOf(form.type);
+    std::vector<json::object> all; // one or two
+    if ((shape.kinds & aNothing) != 0) {
+        all.push_back({{"type", "null"}});
+    }
+    if ((shape.kinds & aList) != 0) {
+        all.push_back(schemaOfList(shape));
+    }
+    if ((shape.kinds & aMap) != 0) {
+        all.push_back(schemaOfMap(shape));
+    }
+    if ((shape.kinds & aText) != 0) {
+        all.push_back(schemaOfText(form));
+    }
+    return all.size() == 1
+               ? all.front()
+               : json::object{{"if", {{"type", all.front().at("type")}}}, {"then", all.front()}, {"else", all.back()}};
+}
+
+/// Those that can stand inside themselves have a name.
+json::object schemaOf(const FlowForm& form) {
+    static const std::map<FlowType, const char*> names{
+        {FlowType::selector, "element"}, {FlowType::resources, "resources"}, {FlowType::commands, "commands"}};
+    const auto name = names.find(form.type);
+    return name != names.end() ? referenceTo(name->second) : definitionOf(form);
 }
 
 json::object described(json::object schema, const std::string& description) {
@@ -163,14 +191,12 @@ json::object commandSchema() {
 }
 
 json::object flowDefinitions() {
-    const json::object resource = schemaOf(resourceKeys());
-    return {
-        {"text", {{"type", json::array{"string", "number", "boolean"}}}},
-        {"nameOfEnv", {{"type", "string"}, {"pattern", "\\$\\{"}}},
-        {"element", {{"if", {{"type", "object"}}}, {"then", schemaOf(selectorKeys())}, {"else", referenceTo("text")}}},
-        {"resources", {{"if", {{"type", "array"}}}, {"then", {{"items", resource}}}, {"else", resource}}},
-        {"commands", {{"type", "array"}, {"items", commandSchema()}}},
-        {"settings", schemaOf(flowSettings())}};
+    return {{"text", {{"type", json::array{"string", "number", "boolean"}}}},
+            {"nameOfEnv", {{"type", "string"}, {"pattern", "\\$\\{"}}},
+            {"element", definitionOf({FlowType::selector})},
+            {"resources", definitionOf({FlowType::resources})},
+            {"commands", definitionOf({FlowType::commands})},
+            {"settings", schemaOf(flowSettings())}};
 }
 
 } // namespace

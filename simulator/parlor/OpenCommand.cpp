@@ -4,13 +4,13 @@
 #include "simulator/live/LiveSession.h"
 #include "simulator/live/PageParts.h"
 #include "simulator/parlor/PreparedBundle.h"
+#include "simulator/pictures/PictureFile.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <spawn.h>
 #include <unistd.h>
@@ -59,6 +59,12 @@ Result<Flow> read(OpenOptions& options) {
         return Failure{options.what + " is no content file (.json), no flow (.yaml) and no bundle (a folder)"};
     }
     return Flow{};
+}
+
+/// A mistyped name must not cost somebody a list.
+std::string isFlowName(const std::string& name) {
+    const fs::path ending = fs::path(name).extension();
+    return ending == ".yaml" || ending == ".yml" ? "" : "a flow is written, so its name ends in .yaml";
 }
 
 bool hasDisplay() {
@@ -114,10 +120,7 @@ public:
 
     /// What was done, when that is wanted as a file.
     [[nodiscard]] std::optional<Failure> saveRecording() const {
-        if (m_options.record && !(std::ofstream(*m_options.record) << m_phone->recorder().text()).flush()) {
-            return Failure{*m_options.record + " cannot be written"};
-        }
-        return std::nullopt;
+        return m_options.record ? writeWholeFile(m_phone->recorder().text(), *m_options.record) : std::nullopt;
     }
 
 private:
@@ -243,6 +246,7 @@ ParlorCommand addOpenCommand(CLI::App& app) {
     line->add_option("--port", options->port, "The port (default: any that is free)")->type_name("N");
     line->add_flag("--no-browser", options->noBrowser, "Only tells the address");
     line->add_option("--record", options->record, "Writes what is done to this file, as a flow that replays it")
+        ->check(isFlowName)
         ->type_name("FILE");
     line->add_option("--page", options->page, "Reads the page's files from this folder each time")->type_name("DIR");
     line->footer(examples);

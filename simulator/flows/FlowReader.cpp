@@ -92,6 +92,7 @@ void readInto(Flow& flow, const std::string& text, FlowReading& reading) {
     for (const Failure& problem : problems) {
         reading.findings.push_back(problem.in(reading.file));
     }
+    reading.participants = &flow.participants;
     const Parts parts = problems.empty() ? partsOf(documents, reading) : Parts{};
     if (parts.settings != nullptr) {
         const FlowValue settings(*parts.settings, reading);
@@ -100,10 +101,11 @@ void readInto(Flow& flow, const std::string& text, FlowReading& reading) {
             if (const auto env = settings.find("env", &FlowValue::values)) {
                 reading.env.insert(env->begin(), env->end());
             }
+        } else {
+            reading.participants = nullptr;
         }
     }
     if (parts.commands != nullptr) {
-        reading.participants = flow.participants;
         flow.steps = readSteps(FlowValue(*parts.commands, reading));
     }
 }
@@ -140,7 +142,7 @@ FlowSteps readSteps(const FlowValue& list) {
 
 FlowSteps readStepsOfFlow(const FlowValue& file, const std::vector<std::pair<std::string, std::string>>& env) {
     const FlowReading& outer = file.reading();
-    FlowReading reading{outer.besideIt(file.text()), outer.findings, outer.stepsLeft, outer.env, {}, &outer};
+    FlowReading reading{outer.besideIt(file.text()), outer.findings, outer.stepsLeft, outer.env, nullptr, &outer};
     for (const FlowReading* at = &outer; at != nullptr; at = at->runBy) {
         if (isSameFile(at->file, reading.file)) {
             file.complain("this flow runs in a circle: it is already being run");
@@ -156,7 +158,9 @@ FlowSteps readStepsOfFlow(const FlowValue& file, const std::vector<std::pair<std
         reading.env[name] = value;
     }
     Flow flow;
-    flow.participants = outer.participants;
+    if (outer.participants != nullptr) {
+        flow.participants = *outer.participants;
+    }
     readInto(flow, text.value(), reading);
     return flow.steps;
 }

@@ -225,14 +225,18 @@ bool FlowValue::checkText(const FlowForm& form) const {
         }
         problem = "nothing is called '" + unknown + "' in env" + suggestion(unknown, names);
     }
-    const std::vector<std::string>& people = m_reading->participants;
     if (!problem.empty()) {
         complain(problem);
-    } else if (form.type == FlowType::person && text != "me" &&
-               std::find(people.begin(), people.end(), text) == people.end()) {
-        complain("'" + text + "' is not in the conversation" + suggestion(text, people), Severity::warning);
+    } else if (form.type == FlowType::person && m_reading->participants != nullptr) {
+        checkPerson(text, *m_reading->participants);
     }
     return problem.empty();
+}
+
+void FlowValue::checkPerson(const std::string& name, const std::vector<std::string>& people) const {
+    if (name != "me" && std::find(people.begin(), people.end(), name) == people.end()) {
+        complain("'" + name + "' is not in the conversation" + suggestion(name, people), Severity::warning);
+    }
 }
 
 std::string FlowValue::text() const {

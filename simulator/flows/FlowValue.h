@@ -21,10 +21,10 @@ struct FlowPoint {
 struct FlowReading {
     std::string file;
     Findings& findings;
-    std::size_t& stepsLeft;                  // flows that run flows must not grow without end
-    std::map<std::string, std::string> env;  // ${NAME}
-    std::vector<std::string> participants{}; // empty while the settings are read
-    const FlowReading* runBy = nullptr;      // the flow that runs this one
+    std::size_t& stepsLeft;                                 // flows that run flows must not grow without end
+    std::map<std::string, std::string> env;                 // ${NAME}
+    const std::vector<std::string>* participants = nullptr; // null while nobody knows them
+    const FlowReading* runBy = nullptr;                     // the flow that runs this one
 
     /// Files that a flow names stand beside it.
     [[nodiscard]] std::string besideIt(const std::string& other) const;
@@ -76,6 +76,7 @@ private:
     [[nodiscard]] bool checkKeys(const FlowKeys& keys) const;
     [[nodiscard]] bool checkInside(const FlowForm& form) const;
     [[nodiscard]] bool checkText(const FlowForm& form) const;
+    void checkPerson(const std::string& name, const std::vector<std::string>& people) const;
 
     const FlowNode* m_node;
     const FlowReading* m_reading;

@@ -227,7 +227,7 @@ ParlorCommand addCheckCommand(CLI::App& app) {
     line->add_option("--bundle", options->bundle, "The extension's bundle (default: the one beside this program)")
         ->type_name("DIR");
     line->add_option("--format", options->format, "text (default), json or junit")
-        ->check(CLI::IsMember({"text", "json", "junit", "markdown"}))
+        ->check(oneOf({"text", "json", "junit", "markdown"}))
         ->option_text("FORMAT");
     line->add_option("--off", options->off, "Leaves a rule out, or all of a kind (\"content\"); may be repeated")
         ->check(unknownRule)

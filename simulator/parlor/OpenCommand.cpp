@@ -243,7 +243,9 @@ ParlorCommand addOpenCommand(CLI::App& app) {
         ->type_name("FILE");
     addBundleOptions(*line, *options);
     addDeviceOption(*line, *options);
-    line->add_option("--port", options->port, "The port (default: any that is free)")->type_name("N");
+    line->add_option("--port", options->port, "The port (default: any that is free)")
+        ->check(CLI::Range(0, 65535))
+        ->type_name("N");
     line->add_flag("--no-browser", options->noBrowser, "Only tells the address");
     line->add_option("--record", options->record, "Writes what is done to this file, as a flow that replays it")
         ->check(isFlowName)

@@ -108,6 +108,7 @@ TEST(FlowReaderTest, ReportsWhatIsWrongWithItsPlace) {
 }
 
 TEST(FlowReaderTest, ReportsEveryProblemAtOnce) {
+    EXPECT_THAT(problemsIn("participants: [Ann]\ndevice: 16\n---\n- receiveMessage: {from: Ann}\n- jump\n"), SizeIs(2));
     EXPECT_THAT(problemsIn("- tapon: x\n- wait: soon\n- repeat: {times: 2, commands: [scrol, {wait: x}]}\n"),
                 SizeIs(4));
 }

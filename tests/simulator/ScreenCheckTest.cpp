@@ -70,6 +70,11 @@ TEST_F(ScreenCheckTest, MeasuresWhatIsOnTheScreen) {
          R"(<constraint placeholder="YES" firstItem="aKN-wO-dVU" firstAttribute="centerY")", "[layout.ambiguous]",
          "<imageView id=\"aKN-wO-dVU\"> has no definite y (on se)"},
         {storyboard, R"(<label opaque="NO")",
+         R"(<view id="new-01-box"><rect key="frame" x="0" y="0" width="99" height="9"/><subviews><button id="new-01-btn">
+            <rect key="frame" x="0" y="0" width="99" height="60"/><state key="normal" title="Go"/></button></subviews></view>
+            <label opaque="NO")",
+         "[a11y.target]", "what stands in its superviews is 99 x 9"},
+        {storyboard, R"(<label opaque="NO")",
          R"(<textField text="Name" id="new-01-fld"><rect key="frame" x="9" y="9" width="99" height="50"/></textField>
             <label opaque="NO")",
          "[a11y.unmeasured]", "a text field paints its text itself"},

@@ -149,7 +149,36 @@ private:
         array.elements.push_back(std::move(element));
     }
 
+    /// A ] too many in the file: somewhere its [ is missing.
+    [[nodiscard]] bool lacksOpening() const { return m_missingBrackets < 0 && m_missingBraces <= 0; }
+
+    /// The { of an item stands where a key is expected: the line that begins the list of items is missing.
+    void readMemberWithoutKey(TolerantValue& object) {
+        m_text.tell("content.bracket", m_text.at(), "a key and [ are missing before this");
+        ++m_missingBrackets;
+        object.keys.emplace_back(m_text.at(), "");
+        object.elements.push_back({JSONKind::array, m_text.at()});
+        readParts(object.elements.back());
+    }
+
+    /// Reads what follows an object that is the first of a list without its [.
+    void readOnAsArray(TolerantValue& value) {
+        m_text.skipBlanks();
+        const bool isMore = m_text.sees(",");
+        const std::size_t next = m_text.skip(" \t\r\n", m_text.at() + (isMore ? 1 : 0));
+        if (value.kind == JSONKind::object && lacksOpening() && m_text.isOneOf(next, isMore ? "{" : "]")) {
+            m_text.tell("content.bracket", value.offset, "write [ before this: a list stands in [ ]");
+            ++m_missingBrackets;
+            value = {JSONKind::array, value.offset, "", false, true, {value}};
+            m_text.moveTo(next);
+            readParts(value);
+        }
+    }
+
     void readMember(TolerantValue& object) {
+        if (m_text.sees("{") && lacksOpening()) {
+            return readMemberWithoutKey(object);
+        }
         TolerantValue key = readKey(m_text);
         m_text.skipBlanks();
         const bool isEqualSign = m_text.sees("=");
@@ -168,6 +197,7 @@ private:
         }
         object.keys.emplace_back(key.offset, std::move(key.text));
         object.elements.push_back(readValue());
+        readOnAsArray(object.elements.back());
     }
 
     // Commas.
@@ -250,7 +280,7 @@ private:
         const std::size_t at = m_text.at();
         const Open& open = m_open.back();
         if (!m_text.sees("{") || m_open.size() == 1 || open.closing == '}') {
-            return m_text.sees("{") && m_open.size() > 1;
+            return m_text.sees("{") && m_open.size() > 1 && !lacksOpening();
         }
         const std::size_t indentation = m_text.indentation(open.offset);
         return m_missingBrackets > 0 && indentation > 0 && m_text.beginsLine(at) &&

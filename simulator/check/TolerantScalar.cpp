@@ -47,6 +47,11 @@ public:
 
     TolerantValue readKey() {
         const std::size_t begin = m_text.at();
+        if (const std::size_t end = endOfUnclosedKey(begin); end > 0) {
+            m_text.tell("content.quotes", begin, "the closing quote \" of this key is missing");
+            m_text.moveTo(end);
+            return {JSONKind::string, begin, m_text.part(begin + 1, end)};
+        }
         if (!oneOf(doubleQuotes, begin).empty() || !oneOf(singleQuotes, begin).empty()) {
             return read();
         }
@@ -76,6 +81,17 @@ private:
     [[nodiscard]] bool isKeyWithoutOpening(std::size_t at) const {
         const std::size_t end = m_text.skip(letters, at);
         return end > at && m_text.isOneOf(end, "\"") && m_text.isOneOf(m_text.skip(lineBlanks, end + 1), ":");
+    }
+
+    /// Where `title` ends in `"title: "Easy"`; 0 for a key that is closed, also for one that holds a colon.
+    [[nodiscard]] std::size_t endOfUnclosedKey(std::size_t at) const {
+        const std::size_t end = m_text.skip(letters, at + 1);
+        if (!m_text.isOneOf(at, "\"") || end == at + 1 || !m_text.isOneOf(m_text.skip(lineBlanks, end), ":")) {
+            return 0;
+        }
+        const std::size_t quote = m_text.find("\"\\\r\n", end);
+        const bool isClosing = m_text.isOneOf(quote, "\"") && m_text.isOneOf(m_text.skip(" \t\r\n", quote + 1), ":");
+        return isClosing || m_text.isOneOf(quote, "\\") ? 0 : end;
     }
 
     /// Whether the quote there is one of the text's own: another one, in the same line, ends the text.
@@ -219,15 +235,31 @@ private:
         return m_text.part(begin, end);
     }
 
+    /// What lacks its opening quote goes on to the closing one, commas and colons included.
+    std::string readToClosingQuote(std::size_t begin, const std::string& written) {
+        constexpr std::size_t longest = 500;
+        std::size_t quote = m_text.at();
+        while (!m_text.isEnd(quote) && quote < begin + longest && !m_text.isOneOf(quote, "\"\r\n{}[]")) {
+            ++quote;
+        }
+        const bool isOpening = m_text.isOneOf(quote - 1, " \t,:\"");
+        if (isOpening || !m_text.isOneOf(quote, "\"") || !isAfterText(quote + 1)) {
+            return written;
+        }
+        m_text.moveTo(quote + 1);
+        return m_text.part(begin, quote);
+    }
+
     TolerantValue readWord() {
         const std::size_t begin = m_text.at();
-        const std::string written = readBare();
+        std::string written = readBare();
         const auto known = std::find_if(knownWords.begin(), knownWords.end(),
                                         [&](const Word& word) { return word.first == lowercased(written); });
         if (m_text.at() == begin) { // : ; = where a value is expected
             m_text.tell("content.syntax", begin, std::string(1, m_text.next()) + " has no place here");
             m_text.advance();
         } else if (known == knownWords.end()) {
+            written = readToClosingQuote(begin, written);
             m_text.tell("content.quotes", begin, "a text stands in quotes: " + quoted(written));
         } else {
             if (known->second != m_text.part(begin, m_text.at())) {

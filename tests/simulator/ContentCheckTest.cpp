@@ -71,6 +71,11 @@ TEST_F(ContentCheck, TellsEachSlipAtItsPlaceAndReadsOn) {
         {with("\"Easy\"", "'It's easy'"), {"3:36 content.quotes"}},
         {with("\"Easy\",", "\"Easy,"), {"3:36 content.quotes"}},
         {with("\"Easy\"", "Easy\""), {"3:36 content.quotes"}},
+        {with("\"Easy\"", "Go: now, then\""), {"3:36 content.quotes"}},
+        {with("\"title\":", "\"title:"), {"3:27 content.quotes"}},
+        {with("\"items\":", "\"items:"), {"2:31 content.quotes"}},
+        {with("[\n    {", "\n    {"), {"3:5 content.bracket"}},
+        {with("\"items\": [\n    {", "\n    {"), {"3:5 content.bracket", "3:5 content.key-misspelt"}},
         {with("\"Easy\"", "\"Easy\"\""), {"3:42 content.quotes"}},
         {with("\"Easy\"", "\"Say \"hi\" now\""), {"3:41 content.quotes"}},
         {with("\"Warm Up\",", "\"Warm Up,\n"), {"2:20 content.quotes"}},
@@ -270,6 +275,10 @@ TEST(TolerantJSON, AgreesWithTheStrictReader) {
                              "[\"a\nb\"]",
                              "[\"a\tb\"]",
                              "[\"a\"b\"]",
+                             "{\"a:\" \n:1}",
+                             "{\"a: \":1}",
+                             "{\"a:\\\" \":1}",
+                             "[true, \":\"]",
                              "[a\"]"}) {
         expectAgreement(text);
     }

@@ -1,6 +1,5 @@
 #include "platform/foundation/NSBundle.h"
 #include "platform/foundation/Nearest.h"
-#include "platform/graphics/PNG.h"
 #include "simulator/check/CatalogCheck.h"
 #include "simulator/check/FindingsReport.h"
 #include "simulator/check/IconSheet.h"
@@ -169,11 +168,10 @@ CheckedFiles checkAll(const CheckOptions& options) {
 CommandResult listIcons(const std::string& sheet) {
     const std::vector<std::string> icons = iconNames();
     if (!sheet.empty()) {
-        std::error_code error;
-        if (fs::exists(sheet, error) && !readPNGSize(sheet)) {
-            return Failure{sheet + " exists and is no PNG picture; it is left alone"};
+        std::optional<Failure> failure = refusalOfPicture(sheet);
+        if (!failure) {
+            failure = savePicture(iconSheet(icons), sheet);
         }
-        const std::optional<Failure> failure = savePicture(iconSheet(icons), sheet);
         if (failure) {
             return *failure;
         }

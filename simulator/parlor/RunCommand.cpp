@@ -152,15 +152,14 @@ void tellResult(const json::object& flow) {
 }
 
 void tellTotal(const Report& report) {
-    std::size_t played = 0;
-    std::size_t failed = 0;
-    for (const json::object& flow : report.flows) {
-        const bool wasPlayed = flow.at("played").get_bool();
-        played += wasPlayed ? 1 : 0;
-        failed += wasPlayed && !flow.at("passed").get_bool() ? 1 : 0;
-    }
-    const std::size_t notPlayed = report.flows.size() - played;
-    std::cerr << "parlor: " << played << " played, " << failed << " failed"
+    const auto count = [&](bool wasPlayed, bool hasPassed) {
+        return std::count_if(report.flows.begin(), report.flows.end(), [=](const json::object& flow) {
+            return flow.at("played").get_bool() == wasPlayed && flow.at("passed").get_bool() == hasPassed;
+        });
+    };
+    const auto failed = count(true, false);
+    const auto notPlayed = count(false, false);
+    std::cerr << "parlor: " << count(true, true) + failed << " played, " << failed << " failed"
               << (notPlayed > 0 ? ", " + std::to_string(notPlayed) + " not played" : "") << std::endl;
 }
 
@@ -236,7 +235,11 @@ CommandResult runFlows(RunOptions options) {
     if (const std::optional<Failure> failure = takeList(options.flows, options.content)) {
         return *failure;
     }
-    if (!options.flows.empty() && (options.dark || options.style != "expanded")) {
+    if (options.group && !options.content) {
+        return Failure{"--group says for which group a list is shown, and no list is named"};
+    }
+    const bool showsList = options.content && options.flows.empty();
+    if (!showsList && (options.dark || options.style != "expanded")) {
         return Failure{"--dark and --style are for a list without a flow; a flow has setAppearance and setStyle"};
     }
     return reporting({"run", {}, {}}, options.report, [&](Report& report) { return playAll(options, report); });

@@ -18,12 +18,6 @@ constexpr const char* examples = "Examples:\n"
                                  "\n"
                                  "A file that exists and is no PNG picture is left alone.\n";
 
-/// A mistyped name must not cost somebody a file.
-bool isForeign(const std::string& file) {
-    std::error_code error;
-    return std::filesystem::is_regular_file(file, error) && !readPNGSize(file); // a pipe costs nobody anything
-}
-
 struct ShotOptions : Shot {
     std::string file = "out/screen.png"; // "-": standard output
     ReportOptions report;
@@ -61,8 +55,8 @@ CommandResult takeShot(ShotOptions options) {
     if (options.file == "-" && options.report.file == "-") {
         return Failure{"standard output can take the picture or the report, not both"};
     }
-    if (isForeign(options.file)) {
-        return Failure{options.file + " exists and is no PNG picture; it is left alone"};
+    if (const std::optional<Failure> refusal = refusalOfPicture(options.file)) {
+        return *refusal;
     }
     return reporting({"shot", {}, {}}, options.report, [&](Report&) {
         return withBundle(options, {deviceNameFor(options, Flow{})},

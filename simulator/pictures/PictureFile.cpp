@@ -65,6 +65,13 @@ std::optional<Failure> writeWholeFile(std::string_view bytes, const fs::path& fi
     return reason.empty() ? std::nullopt : std::optional(Failure{"cannot write " + file.string() + ": " + reason});
 }
 
+std::optional<Failure> refusalOfPicture(const fs::path& file) {
+    std::error_code error;
+    const bool isForeign = fs::is_regular_file(file, error) && !readPNGSize(file.string());
+    return isForeign ? std::optional(Failure{file.string() + " exists and is no PNG picture; it is left alone"})
+                     : std::nullopt;
+}
+
 bool hasWritingFailed() {
     return writingHasFailed;
 }

@@ -16,6 +16,10 @@
 /// As PNG. Refused when it is too large to be read again.
 [[nodiscard]] std::optional<Failure> savePicture(const Bitmap& picture, const std::filesystem::path& file);
 
+/// Why a picture must not be written to this file: it holds something else, and a mistyped name must not cost somebody
+/// a list. Absent for what is no file: a pipe costs nobody anything.
+[[nodiscard]] std::optional<Failure> refusalOfPicture(const std::filesystem::path& file);
+
 /// Whether anything could not be written until now, by this process.
 [[nodiscard]] bool hasWritingFailed();
 

@@ -20,11 +20,30 @@ const utf8proc_uint8_t* bytesOf(std::string_view text) {
     return reinterpret_cast<const utf8proc_uint8_t*>(text.data());
 }
 
+bool isAscii(utf8proc_int32_t value) {
+    return value >= 0 && value < 0x80;
+}
+
+/// Interface files and lists are nearly all ASCII, for which the library's tables are not needed.
 CodePoint firstCodePoint(std::string_view text) {
+    if (const auto first = static_cast<unsigned char>(text.front()); isAscii(first)) {
+        return {first, 1};
+    }
     utf8proc_int32_t value = -1;
     const utf8proc_ssize_t bytes =
         utf8proc_iterate(bytesOf(text), static_cast<utf8proc_ssize_t>(std::min<std::size_t>(text.size(), 4)), &value);
     return bytes > 0 ? CodePoint{value, static_cast<std::size_t>(bytes)} : CodePoint{};
+}
+
+CodePoint lastCodePoint(std::string_view text) {
+    const std::size_t longest = std::min<std::size_t>(text.size(), 4);
+    for (std::size_t bytes = 1; bytes <= longest; ++bytes) {
+        const CodePoint found = firstCodePoint(text.substr(text.size() - bytes));
+        if (found.isValid() && found.bytes == bytes) {
+            return found;
+        }
+    }
+    return {};
 }
 
 /// Calls `visit` with each code point and the bytes it was read from.
@@ -66,7 +85,10 @@ Cut cutAt(std::string_view text, std::size_t unit) {
 
 /// The platform's whitespace-and-newline set: tab, line breaks and Unicode's separators.
 bool isWhitespaceOrNewline(utf8proc_int32_t value) {
-    if ((value >= 0x09 && value <= 0x0D) || value == 0x85) {
+    if (isAscii(value)) {
+        return value == ' ' || (value >= 0x09 && value <= 0x0D);
+    }
+    if (value == 0x85) {
         return true;
     }
     const utf8proc_category_t category = utf8proc_category(value);
@@ -146,15 +168,13 @@ std::string stringByReplacingCharactersInRange(std::string_view text, NSRange ra
 }
 
 std::string_view trimmingWhitespaceAndNewlines(std::string_view text) {
-    const char* start = nullptr;
-    const char* end = nullptr;
-    forEachCodePoint(text, [&](CodePoint next, std::string_view bytes) {
-        if (!next.isValid() || !isWhitespaceOrNewline(next.value)) {
-            start = start == nullptr ? bytes.data() : start;
-            end = bytes.data() + bytes.size();
-        }
-    });
-    return {start, static_cast<std::size_t>(end - start)};
+    while (!text.empty() && isWhitespaceOrNewline(firstCodePoint(text).value)) {
+        text.remove_prefix(firstCodePoint(text).bytes);
+    }
+    while (!text.empty() && isWhitespaceOrNewline(lastCodePoint(text).value)) {
+        text.remove_suffix(lastCodePoint(text).bytes);
+    }
+    return text;
 }
 
 std::string uppercased(std::string_view text) {

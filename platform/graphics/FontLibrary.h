@@ -14,7 +14,8 @@ class UIFont;
 /// The fonts of texts: Inter and Noto Color Emoji, and no other whatever the machine has, so that text looks and
 /// measures the same everywhere. Only a text with a character that neither has is set in Inter and the Noto Sans of its
 /// script and, where that is missing too, in whatever font the machine has. Opened at the first text of a process that
-/// needs them, and kept. Stops the program when one of the first two is missing. For text layout and font metrics only.
+/// needs them, and kept. Stops the program when one of the first two is missing. For text layout and font metrics only,
+/// and for a host that has a thread to open them on while the interface files are read.
 class FontLibrary {
 public:
     /// In ems.

@@ -74,6 +74,19 @@ TEST_F(ViewPainterTest, LeavesOutWhatIsHiddenTransparentOrCovered) {
     EXPECT_THAT(inside, Not(HasSubstr("rgba(0.5 0.5 0.5 1)")));
 }
 
+TEST_F(ViewPainterTest, LeavesOutWhatABarAtTheLowerEndHides) {
+    static_cast<void>(addCard(CGRectMake(0, 400, 30, 50)));
+    static_cast<void>(addCard(CGRectMake(0, 460, 40, 10)));
+    const auto bar = addCard(CGRectMake(0, 449.5, 320, 30.5));
+    expectOrder({"clip rect(0 0 320 450.5)", "fill rect(0 0 30 50)", "restore", "fill rect(0 0 320 30.5)"});
+    EXPECT_THAT(painted(), Not(HasSubstr("fill rect(0 0 40 10)"))) << "it is below the bar's first whole pixel";
+    bar->setAlpha(0.5);
+    EXPECT_THAT(painted(), HasSubstr("fill rect(0 0 40 10)"));
+    bar->setAlpha(1);
+    bar->setFrame(CGRectMake(0, 449.5, 320, 20)); // something is seen below it
+    EXPECT_THAT(painted(), HasSubstr("fill rect(0 0 40 10)"));
+}
+
 TEST_F(ViewPainterTest, ColoursFollowTheAppearance) {
     addCard(CGRectMake(0, 0, 10, 10))->setBackgroundColor(UIColor::dynamicColor({1, 0, 0, 1}, {0, 1, 0, 1}));
     EXPECT_THAT(painted(), HasSubstr("rgba(1 0 0 1)"));

@@ -147,8 +147,16 @@ void ViewPainter::paintSubviews(UIView& view, const CGRect& dirty, std::size_t f
             m_canvas.clipRect(view.bounds());
         }
     }
-    for (std::size_t i = first; i < view.subviews().size(); ++i) {
-        paint(*view.subviews()[i], dirty);
+    if (const auto [bar, above] = lastBottomBar(view, dirty); bar > first) {
+        m_canvas.save();
+        m_canvas.clipRect(above);
+        for (; first < bar; ++first) {
+            paint(*view.subviews()[first], above);
+        }
+        m_canvas.restore();
+    }
+    for (; first < view.subviews().size(); ++first) {
+        paint(*view.subviews()[first], dirty);
     }
     if (clips) {
         m_canvas.restore();
@@ -185,4 +193,16 @@ std::optional<std::size_t> ViewPainter::lastCoveringSubview(const UIView& view, 
         }
     }
     return std::nullopt;
+}
+
+ViewPainter::BottomBar ViewPainter::lastBottomBar(const UIView& view, const CGRect& dirty) const {
+    constexpr CGFloat edge = 1; // in points: its first pixels may be no whole ones
+    for (std::size_t i = view.subviews().size(); i > 1; --i) {
+        const CGFloat top = view.subviews()[i - 1]->frame().minY() + edge;
+        const CGRect below = CGRectMake(dirty.minX(), top, dirty.size.width, dirty.maxY() - top);
+        if (top > dirty.minY() && !below.isEmpty() && covers(*view.subviews()[i - 1], below)) {
+            return {i - 1, CGRectMake(dirty.minX(), dirty.minY(), dirty.size.width, top - dirty.minY())};
+        }
+    }
+    return {0, dirty};
 }

@@ -29,6 +29,12 @@ public:
     void paint(UIView& view, const CGRect& dirty);
 
 private:
+    /// An opaque subview over the lower end of what is dirty: of the subviews before it nothing shows below `above`.
+    struct BottomBar {
+        std::size_t index;
+        CGRect above;
+    };
+
     void paintFaded(UIView& view, const CGRect& dirty);
     void paintSelf(UIView& view, const CGRect& dirty);
     void paintShadow(const UIView& view);
@@ -38,6 +44,8 @@ private:
     /// Whether the view leaves nothing of what is below it visible inside `dirty`.
     [[nodiscard]] bool covers(const UIView& view, const CGRect& dirty) const;
     [[nodiscard]] std::optional<std::size_t> lastCoveringSubview(const UIView& view, const CGRect& dirty) const;
+    /// Without one, its index is 0.
+    [[nodiscard]] BottomBar lastBottomBar(const UIView& view, const CGRect& dirty) const;
     void paintBorder(const UIView& view);
 
     Canvas& m_canvas;

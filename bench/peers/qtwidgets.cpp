@@ -419,6 +419,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "default.warning=false"); // of a folder that only a desktop session has
     qputenv("QT_SCALE_FACTOR", QByteArray::number(scale));
     const QString bundle = QString::fromUtf8(argv[1]);
     QStringList options;

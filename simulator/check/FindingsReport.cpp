@@ -38,7 +38,7 @@ struct Glyph {
 };
 
 std::string escapedByte(unsigned code) {
-    std::array<char, 8> text{};
+    std::array<char, 12> text{};
     std::snprintf(text.data(), text.size(), "\\x%02X", code);
     return text.data();
 }

@@ -292,13 +292,10 @@ std::string rulesPage() {
         "| rule | | what it means | for example |\n|---|---|---|---|\n";
     for (const Rule& rule : rules()) {
         text.append("| `").append(rule.id).append("` | ").append(nameOf(rule.severity)).append(" | ");
-        std::string meaning(rule.meaning);
-        text.append(meaning).append(" | ");
+        text.append(rule.meaning).append(" | ");
         std::string example(rule.example);
-        for (std::size_t at = example.find('|'); at != std::string::npos; at = example.find('|', at + 2)) {
-            example.insert(at, "\\");
-        }
-        for (std::size_t at = example.find('<'); at != std::string::npos; at = example.find('<', at + 2)) {
+        for (std::size_t at = example.find_first_of("|<"); at != std::string::npos;
+             at = example.find_first_of("|<", at + 2)) {
             example.insert(at, "\\");
         }
         text.append(example).append(" |\n");

@@ -24,7 +24,7 @@ std::string describe(const TolerantValue& value) {
     case JSONKind::number:
         return "the number " + value.text;
     case JSONKind::string:
-        return value.text.size() > 20 ? "a text" : "the text " + inQuotes(value.text);
+        return "the text " + quotedShort(value.text);
     case JSONKind::array:
         return "a list, [ … ]";
     case JSONKind::object:
@@ -78,7 +78,7 @@ public:
         if (root.keys.size() == 1 && root.elements.front().kind == JSONKind::array &&
             !isKey(sectionLevel, root.keys.front().second)) {
             tell("content.root", root.offset,
-                 "the file must hold the list alone; take { " + inQuotes(root.keys.front().second) +
+                 "the file must hold the list alone; take { " + quotedShort(root.keys.front().second) +
                      ": and its } away");
             return checkSections(root.elements.front(), titles);
         }
@@ -169,7 +169,7 @@ private:
                 unknown.push_back(i);
             } else if (!members.insert_or_assign(name, &object.elements[i]).second) {
                 tell("content.key-doubled", object.keys[i].first,
-                     inQuotes(name) + " stands here twice; the last one counts");
+                     quotedShort(name) + " stands here twice; the last one counts");
             }
         }
         for (const std::size_t index : unknown) {
@@ -184,10 +184,10 @@ private:
         const auto& [offset, name] = object.keys[index];
         const TolerantValue& value = object.elements[index];
         const std::string unseen = invisibleIn(name);
-        const std::string what = inQuotes(name) + (unseen.empty() ? "" : ", with the invisible " + unseen + ",") +
+        const std::string what = quotedShort(name) + (unseen.empty() ? "" : ", with the invisible " + unseen + ",") +
                                  " is no key of " + level.name;
         if (const ListKey* meant = meantKey(name, value, unknown, level, members)) {
-            tell("content.key-misspelt", offset, what + "; did you mean " + inQuotes(meant->name) + "?",
+            tell("content.key-misspelt", offset, what + "; did you mean " + quotedShort(meant->name) + "?",
                  Slips::Kind::habit);
             members.emplace(meant->name, &value);
         } else {
@@ -222,7 +222,7 @@ private:
             if (const auto member = members.find(key.name); member != members.end()) {
                 checkKind(key, *member->second);
             } else if (object.isWhole) {
-                tell("content.key-missing", object.offset, inQuotes(key.name) + " is missing");
+                tell("content.key-missing", object.offset, quotedShort(key.name) + " is missing");
             }
         }
     }
@@ -234,7 +234,7 @@ private:
         const bool isQuotedBoolean = key.kind == JSONKind::boolean && (value.text == "true" || value.text == "false");
         m_slips.forget("content.quotes", value.offset); // quotes would not help
         tell("content.key-type", value.offset,
-             inQuotes(key.name) + " must be " + std::string(key.expected) + ", but is " + describe(value) +
+             quotedShort(key.name) + " must be " + std::string(key.expected) + ", but is " + describe(value) +
                  (isQuotedBoolean ? "; take its quotes away" : ""));
     }
 
@@ -265,7 +265,7 @@ private:
         const auto [first, isNew] = seen.emplace(title->text, title->offset);
         if (!isNew && !isBlank) {
             tell("content.title-doubled", title->offset,
-                 "the title " + inQuotes(title->text) + " stands in line " +
+                 "the title " + quotedShort(title->text) + " stands in line " +
                      std::to_string(m_places.lineAt(first->second)) + " already");
         }
     }
@@ -291,7 +291,7 @@ private:
         if (!known->second) {
             const std::string name = std::filesystem::path(icon.text).stem().string(); // some write icon_dice.png
             tell("content.icon", icon.offset,
-                 "there is no icon " + inQuotes(icon.text) + suggestionInQuotes(name, m_icons), Slips::Kind::habit);
+                 "there is no icon " + quotedShort(icon.text) + suggestionInQuotes(name, m_icons), Slips::Kind::habit);
         }
     }
 

@@ -100,3 +100,12 @@ std::string codeOf(std::string_view text) {
     std::snprintf(code.data(), code.size(), "U+%04X", static_cast<unsigned>(std::max(character, 0)));
     return code.data();
 }
+
+std::string quotedShort(std::string_view text) {
+    constexpr std::size_t longest = 40;
+    std::size_t end = std::min(text.size(), longest);
+    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) {
+        ++end;
+    }
+    return std::string("\"").append(text.substr(0, end)).append(end < text.size() ? "…\"" : "\"");
+}

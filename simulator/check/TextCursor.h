@@ -6,6 +6,8 @@
 [[nodiscard]] std::size_t invisibleBytes(std::string_view text);
 /// "U+00A0", of the character that a text begins with.
 [[nodiscard]] std::string codeOf(std::string_view text);
+/// In quotes, and not too long for a message.
+[[nodiscard]] std::string quotedShort(std::string_view text);
 
 /// Where the tolerant reading of a text stands: looks ahead and around, and steps over what lies between two values;
 /// what must not lie there it tells. Refers to the text and to the slips.

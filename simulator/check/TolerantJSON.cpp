@@ -189,11 +189,12 @@ private:
         m_text.advance(m_text.sees("=>") ? 2 : isEqualSign || isColon ? 1 : 0);
         m_text.skipBlanks();
         if (m_text.atEnd() || m_text.seesOneOf(",}]")) {
-            m_text.tell("content.syntax", key.offset, "the key " + quoted(key.text) + " has no value");
+            m_text.tell("content.syntax", key.offset, "the key " + quotedShort(key.text) + " has no value");
             return;
         }
         if (!isEqualSign && !isColon) {
-            m_text.tell("content.syntax", key.offset, "write : between the key " + quoted(key.text) + " and its value");
+            m_text.tell("content.syntax", key.offset,
+                        "write : between the key " + quotedShort(key.text) + " and its value");
         }
         object.keys.emplace_back(key.offset, std::move(key.text));
         object.elements.push_back(readValue());

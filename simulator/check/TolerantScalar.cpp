@@ -58,7 +58,7 @@ public:
         const std::string key = readBare();
         m_text.tell(key.empty() ? "content.syntax" : "content.quotes", begin,
                     key.empty() ? "a key is expected here, such as \"title\""
-                                : "a key stands in quotes: " + quoted(key));
+                                : "a key stands in quotes: " + quotedShort(key));
         return {JSONKind::string, begin, key};
     }
 
@@ -196,7 +196,7 @@ private:
     void readEscape(std::string& text) {
         const std::size_t begin = m_text.at();
         for (const std::size_t length : {2u, 6u, 12u}) {
-            if (const auto read = JSONDocument::parse(quoted(m_text.part(begin, begin + length)))) {
+            if (const auto read = JSONDocument::parse(quotedShort(m_text.part(begin, begin + length)))) {
                 text += *read.value().root().string();
                 m_text.advance(length);
                 return;
@@ -217,7 +217,7 @@ private:
         m_text.moveTo(m_text.skip(numberLetters, begin));
         const std::string number = m_text.part(begin, m_text.at());
         if (!JSONDocument::parse(number)) {
-            m_text.tell("content.syntax", begin, quoted(number) + " is no number; a text stands in quotes");
+            m_text.tell("content.syntax", begin, quotedShort(number) + " is no number; a text stands in quotes");
         }
         return {JSONKind::number, begin, number};
     }
@@ -260,7 +260,7 @@ private:
             m_text.advance();
         } else if (known == knownWords.end()) {
             written = readToClosingQuote(begin, written);
-            m_text.tell("content.quotes", begin, "a text stands in quotes: " + quoted(written));
+            m_text.tell("content.quotes", begin, "a text stands in quotes: " + quotedShort(written));
         } else {
             if (known->second != m_text.part(begin, m_text.at())) {
                 m_text.tellHabit("content.word", begin, "write " + std::string(known->second) + ", not " + written);
@@ -281,13 +281,4 @@ TolerantValue readScalar(TextCursor& cursor) {
 
 TolerantValue readKey(TextCursor& cursor) {
     return ScalarReader(cursor).readKey();
-}
-
-std::string quoted(std::string_view text) {
-    constexpr std::size_t longest = 40;
-    std::size_t end = std::min(text.size(), longest);
-    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) {
-        ++end;
-    }
-    return std::string("\"").append(text.substr(0, end)).append(end < text.size() ? "…\"" : "\"");
 }

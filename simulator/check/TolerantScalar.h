@@ -7,6 +7,3 @@
 [[nodiscard]] TolerantValue readScalar(TextCursor& cursor);
 /// The same for a key, which may lack its quotes, or be missing.
 [[nodiscard]] TolerantValue readKey(TextCursor& cursor);
-
-/// In quotes, and not too long for a message.
-[[nodiscard]] std::string quoted(std::string_view text);

@@ -136,6 +136,7 @@ TEST_F(ContentCheck, SaysWhatToWriteInstead) {
     {"icon": "no", "title": "d", "subtitle": "", "isSelected": true}]}])"),
                 HasSubstr("there is no icon \"no\" (4 times in this file, the last in line 5)"));
     EXPECT_THAT(firstWords(with("icon_dice", "Dice")), HasSubstr("did you mean \"icon_dice\"?"));
+    EXPECT_THAT(firstWords(with("title", std::string(1000, 'x'))), HasSubstr("xxx…\" is no key of an item"));
     EXPECT_THAT(firstWords(with("sectionTitle", "title")), HasSubstr("did you mean \"sectionTitle\"?"));
     EXPECT_THAT(firstWords(std::regex_replace(soundList, std::regex("\""), "“")),
                 HasSubstr("(20 times in this file, the last in line 6)"));

@@ -47,7 +47,10 @@ CommandResult printTrees(const std::vector<NamedFlow>& flows, const PreparedBund
         if (!result) {
             return result;
         }
-        findings.insert(findings.end(), result.value().begin(), result.value().end());
+        for (const Finding& finding : result.value()) {
+            findings.push_back(finding);
+            findings.back().path = finding.path.empty() ? named.file : finding.path; // a stop is the flow's
+        }
     }
     return findings;
 }

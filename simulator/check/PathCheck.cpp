@@ -28,7 +28,11 @@ public:
             ++m_checked.count;
             append(m_checked.findings, checkCatalog(path));
         } else if (fs::is_directory(path, error)) {
+            const std::size_t before = m_checked.count;
             checkFolder(path);
+            if (isNamed && m_checked.count == before) {
+                tellUnknown(path, "there is nothing to check in this folder");
+            }
         } else if (isNamedAsList(path) || (isNamed && extension == ".txt")) {
             checkList(path);
         } else if (extension == ".xib" || extension == ".storyboard") {
@@ -37,12 +41,10 @@ public:
         } else if (extension == ".yaml" || extension == ".yml") {
             checkFlow(path);
         } else if (isNamed) {
-            const bool isThere = fs::exists(path, error);
-            m_checked.findings.push_back(
-                findingOf("path.unknown", path.string(), std::nullopt,
-                          isThere ? "this is no list (.json), interface document (.xib, .storyboard), catalogue "
+            tellUnknown(path, fs::exists(path, error)
+                                  ? "this is no list (.json), interface document (.xib, .storyboard), catalogue "
                                     "(.xcassets), flow (.yaml), or folder of them"
-                                  : "there is no such file or folder"));
+                                  : "there is no such file or folder");
         }
     }
 
@@ -52,6 +54,10 @@ public:
     }
 
 private:
+    void tellUnknown(const fs::path& path, const char* what) {
+        m_checked.findings.push_back(findingOf("path.unknown", path.string(), std::nullopt, what));
+    }
+
     void checkFolder(const fs::path& folder) {
         std::error_code error;
         std::vector<fs::path> paths;

@@ -308,12 +308,13 @@ private:
                         whatIsMissing + " " + (closing.size() > 1 ? "at the end of the file" : likelyEnd(open)));
     }
 
-    /// Where the bracket was meant to be closed: behind the last line that is indented as a part of it.
+    /// Where the bracket was meant to be closed: behind the last line that is indented as a part of it, or has the next
+    /// of its keys.
     [[nodiscard]] std::string likelyEnd(const Open& open) const {
         const std::size_t own = m_text.indentation(open.offset);
         const std::size_t here = m_text.at();
         std::size_t line = m_text.nextLine(open.offset);
-        while (line < here && m_text.indentation(line) + (m_text.isOneOf(line, "}]") ? 1 : 0) > own) {
+        while (line < here && m_text.indentation(line) + (m_text.isOneOf(line, "}]\"") ? 1 : 0) > own) {
             line = m_text.nextLine(line);
         }
         const std::size_t last = m_text.endBefore(line) - 1;

@@ -141,6 +141,8 @@ TEST_F(ContentCheck, SaysWhatToWriteInstead) {
     EXPECT_THAT(firstWords(std::regex_replace(soundList, std::regex("\""), "“")),
                 HasSubstr("(20 times in this file, the last in line 6)"));
     EXPECT_THAT(firstWords(with("true}\n  ]},", "true}\n  },")), HasSubstr("; write ] at the end of line 4"));
+    EXPECT_THAT(firstWords("[\n{\"sectionTitle\": \"\",\n\"items\": []\n]"),
+                HasSubstr("; write } at the end of line 3"));
     EXPECT_THAT(firstWords(with("Two\", \"isSelected\": true}", "Two\",\n     \"isSelected\": true")),
                 HasSubstr("; write } at the end of line 5"));
     EXPECT_THAT(firstWords(soundList.substr(0, 70)),

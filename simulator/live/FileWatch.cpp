@@ -49,3 +49,13 @@ bool FileWatch::hasChanged() {
     const std::uint64_t seen = look();
     return std::exchange(m_seen, seen) != seen;
 }
+
+void FileWatch::takeIn(const std::function<void()>& read) {
+    constexpr int mostRounds = 5;
+    bool isTakenIn = false;
+    for (int round = 0; !isTakenIn && round < mostRounds; ++round) {
+        m_seen = look();
+        read();
+        isTakenIn = look() == m_seen;
+    }
+}

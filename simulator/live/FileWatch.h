@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <vector>
 
 /// Notices when files change, appear or go. Looks at them when it is asked, not more often than the pause allows: that
@@ -16,6 +17,9 @@ public:
 
     /// Whether something has changed since the last time that was answered with true.
     [[nodiscard]] bool hasChanged();
+    /// Reads the files once more when they were saved meanwhile, which is then no change any longer. An editor that
+    /// never rests is left alone after some rounds.
+    void takeIn(const std::function<void()>& read);
 
 private:
     [[nodiscard]] std::uint64_t look() const;

@@ -48,9 +48,13 @@ void LivePhone::end() {
     }
 }
 
-void LivePhone::openBundle() {
-    MainRunLoop::shared().useVirtualClock(); // drops what is due: nobody may be reading the bundle that is replaced
+void LivePhone::dropWhatIsDue() {
+    MainRunLoop::shared().useVirtualClock();
     m_recorder.clockBegan();
+}
+
+void LivePhone::openBundle() {
+    dropWhatIsDue(); // nobody may be reading the bundle that is replaced
     const Result<BundleFindings> found = m_show.open();
     m_findings = found ? found.value().all : Findings{found.failure().in("")};
     m_canLaunch = found && found.value().canLaunch;
@@ -58,9 +62,9 @@ void LivePhone::openBundle() {
 
 void LivePhone::begin(const std::vector<ArrivedMessage>& arrived) {
     end();
+    dropWhatIsDue();
     ++m_run;
     m_linksRecorded = 0;
-    openBundle();
     m_host = std::make_shared<ConversationHost>(m_show.device, m_show.participants);
     m_host->window().setUserInterfaceStyle(m_appearance);
     for (const ArrivedMessage& message : arrived) {
@@ -70,6 +74,11 @@ void LivePhone::begin(const std::vector<ArrivedMessage>& arrived) {
 }
 
 void LivePhone::restart() {
+    openBundle();
+    beginAnew();
+}
+
+void LivePhone::beginAnew() {
     m_kept.reset();
     begin({});
     m_recorder.begin(m_show);
@@ -102,7 +111,7 @@ void LivePhone::reload() {
         return;
     }
     if (m_host->events().empty()) { // nothing could be shown so far
-        restart();
+        beginAnew();
         return;
     }
     const bool wasOpen = m_host->isOpen();

@@ -72,12 +72,14 @@ private:
         bool isCompact = false;
     };
 
+    void beginAnew();
     void begin(const std::vector<ArrivedMessage>& arrived);
     [[nodiscard]] Kept whatToKeep() const;
     void bringBack();
     void launch();
     void activate(const std::shared_ptr<MSMessage>& bubble);
     [[nodiscard]] std::string loadingTakesText() const;
+    void dropWhatIsDue();
     void openBundle();
     void end();
     [[nodiscard]] bool canTouchExtension(CGPoint place) const;

@@ -181,7 +181,17 @@ private:
         return renderDrawings(catalogue, rendered, m_began);
     }
 
+    /// What was checked is what is shown: a file that is saved in between could not be read any more.
     [[nodiscard]] Result<BundleFindings> openBundle() {
+        std::optional<Result<BundleFindings>> opened;
+        m_files->takeIn([&] { opened = readBundle(); });
+        if (*opened) {
+            tell(opened->value().all);
+        }
+        return *opened;
+    }
+
+    [[nodiscard]] Result<BundleFindings> readBundle() {
         const Findings undrawn = renderIcons();
         const Result<PreparedBundle> prepared = prepareBundle(m_options);
         if (!prepared) {
@@ -190,7 +200,6 @@ private:
         prepared.value().openFor(m_flow);
         BundleFindings findings = prepared.value().findings;
         findings.all.insert(findings.all.end(), undrawn.begin(), undrawn.end());
-        tell(findings.all);
         return findings;
     }
 

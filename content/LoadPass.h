@@ -19,7 +19,7 @@ public:
     virtual void applyContentMap(ContentMap contentMap) = 0;
 };
 
-/// What a load pass reads. Any thread.
+/// The sections of every option whose file can be read, by content key. Any thread.
 [[nodiscard]] ContentMap readContentMap();
 
 /// Reads the content files of all options on the global queue and hands the finished map to the receiver. Returns at

@@ -32,8 +32,9 @@ public:
 private:
     using Key = std::pair<unsigned, std::uint64_t>; // the highest class first, then order of submission
 
-    void startThreadsLocked();
     enum class Stop { no, whenIdle, atOnce };
+
+    void startThreadsLocked();
     void endThreads(Stop stop);
     void work();
 

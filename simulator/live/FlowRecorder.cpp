@@ -80,7 +80,7 @@ void FlowRecorder::did(const std::string& command, const std::string& value) {
     if (!m_looksAway) {
         const Duration now = MainRunLoop::shared().now();
         waitUntil(std::min(m_due, now));
-        m_written = now; // what the flow leaves out, nothing has happened in
+        m_written = now; // nothing was due in the time that the flow leaves out
         add(line(command, value));
     }
 }
